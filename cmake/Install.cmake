@@ -1,0 +1,28 @@
+include(CMakePackageConfigHelpers)
+
+# Headers keep their subsystem folders under include/zowidgets/.
+set(ZO_HEADER_DIRS host ${ZO_SUBSYSTEMS})
+foreach(dir IN LISTS ZO_HEADER_DIRS)
+  install(DIRECTORY ${dir}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zowidgets/${dir}
+          FILES_MATCHING PATTERN "*.h")
+endforeach()
+install(FILES zowidgets.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zowidgets)
+
+install(TARGETS zohost zowidgets EXPORT zowidgetsTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(EXPORT zowidgetsTargets NAMESPACE zowidgets::
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zowidgets)
+
+configure_package_config_file(cmake/zowidgetsConfig.cmake.in
+  ${CMAKE_BINARY_DIR}/zowidgetsConfig.cmake
+  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zowidgets)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/zowidgetsConfigVersion.cmake
+  COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/zowidgetsConfig.cmake ${CMAKE_BINARY_DIR}/zowidgetsConfigVersion.cmake
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zowidgets)
+
+configure_file(cmake/zowidgets.pc.in ${CMAKE_BINARY_DIR}/zowidgets.pc @ONLY)
+install(FILES ${CMAKE_BINARY_DIR}/zowidgets.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
