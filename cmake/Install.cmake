@@ -24,5 +24,8 @@ write_basic_package_version_file(${CMAKE_BINARY_DIR}/zowidgetsConfigVersion.cmak
 install(FILES ${CMAKE_BINARY_DIR}/zowidgetsConfig.cmake ${CMAKE_BINARY_DIR}/zowidgetsConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zowidgets)
 
+# The .pc file finds its prefix from where it lies, so that an install with
+# --prefix gives a working file.
+file(RELATIVE_PATH ZO_PC_PREFIX_FROM_PCFILEDIR ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/zowidgets.pc.in ${CMAKE_BINARY_DIR}/zowidgets.pc @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/zowidgets.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

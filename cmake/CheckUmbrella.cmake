@@ -1,0 +1,16 @@
+# Fails when a public header under the library's folders is missing from the
+# umbrella header <zowidgets/zowidgets.h>.
+file(READ ${SOURCE_DIR}/zowidgets.h umbrella)
+set(missing)
+foreach(dir IN LISTS DIRS)
+  file(GLOB headers RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/${dir}/*.h)
+  foreach(header IN LISTS headers)
+    string(FIND "${umbrella}" "#include <zowidgets/${header}>" at)
+    if(at EQUAL -1)
+      list(APPEND missing ${header})
+    endif()
+  endforeach()
+endforeach()
+if(missing)
+  message(FATAL_ERROR "zowidgets.h does not include: ${missing}")
+endif()
