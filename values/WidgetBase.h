@@ -1,0 +1,34 @@
+#pragma once
+
+#include <zowidgets/host/Ptr.h>
+
+#include <set>
+
+class WidgetBase;
+
+// What binds data to widgets: holds the widgets bound to it, in pointer order.
+// The widgets hold the adaptor; the adaptor only points back at them.
+class ZO_API AdaptorBase : public iObject {
+public:
+  std::set<WidgetBase*> const& boundWidgets() const noexcept { return widgets_; }
+
+private:
+  friend class WidgetBase;
+  std::set<WidgetBase*> widgets_;
+};
+
+// The part of a widget that an adaptor binds to.
+class ZO_API WidgetBase {
+public:
+  WidgetBase() = default;
+  WidgetBase(WidgetBase const&) = delete;
+  WidgetBase& operator=(WidgetBase const&) = delete;
+  virtual ~WidgetBase();
+
+  // Leaves the old adaptor's set and joins the new one's; null only unbinds.
+  void setAdaptor(Zo::Ptr<AdaptorBase> const& adaptor);
+  Zo::Ptr<AdaptorBase> const& getAdaptor() const noexcept { return adaptor_; }
+
+private:
+  Zo::Ptr<AdaptorBase> adaptor_;
+};
