@@ -164,3 +164,35 @@ TEST_F(GenericNotifierTest, NoListenersMeansNoDelivery) {
 }
 
 } // namespace
+
+#include <zowidgets/values/Notifier.h>
+
+namespace {
+
+struct NameLog : iCallbackBase<int, NotifyMsg> {
+  std::vector<std::string> heard;
+  int execute(NotifyMsg const& message) override {
+    heard.emplace_back(message.name().str());
+    return 0;
+  }
+};
+
+TEST(Notifier, IssueByNameReachesThatNamesClientsAndAnyTypeClients) {
+  Notifier notifier;
+  auto& dictionary = NotifyMsgTypeDictionary::instance();
+  Zo::Ptr<NameLog> detach(new NameLog), paste(new NameLog), any(new NameLog);
+  auto g1 = notifier.addListener(detach, dictionary.lookup("detach"));
+  auto g2 = notifier.addListener(paste, dictionary.lookup("paste"));
+  auto g3 = notifier.addListener(any, dictionary.anyType());
+  notifier.issueNotification(NotifyMsg("detach"));
+  EXPECT_EQ(detach->heard, (std::vector<std::string>{"detach"}));
+  EXPECT_TRUE(paste->heard.empty());
+  EXPECT_EQ(any->heard, (std::vector<std::string>{"detach"}));
+}
+
+TEST(Notifier, AValueManagerIsItsOwnNotifier) {
+  NotifyWithDisable notifier;
+  EXPECT_EQ(notifier.getNotify(), &notifier);
+}
+
+} // namespace
