@@ -1,13 +1,11 @@
 #!/usr/bin/env bash
-# Installs the Debian 12 packages that building and testing zowidgets needs.
-# Runs as root, or through sudo when not root.
+# Installs the Debian 12 packages that building and testing zowidgets needs,
+# as listed one per line in scripts/packages/*.txt. Runs as root, or through
+# sudo when not root.
 set -euo pipefail
+cd "$(dirname "$0")"
 
-packages=(
-  g++ make cmake ccache pkg-config
-  libgtest-dev libgmock-dev
-  libbenchmark-dev libboost-dev libsigc++-3.0-dev
-)
+mapfile -t packages < <(cat packages/*.txt | sed 's/#.*//' | tr -s ' \t' '\n' | sed '/^$/d' | sort -u)
 
 as_root=()
 if [ "$(id -u)" -ne 0 ]; then
