@@ -143,8 +143,13 @@ template <class Char, class Read> auto readText(LightweightString<Char> const& t
   return ascii ? read(*ascii) : Result();
 }
 
+// Widens into a stack buffer so that the string's own block is the only
+// allocation.
 template <class Char> LightweightString<Char> widen(std::string_view ascii) {
-  return LightweightString<Char>(std::basic_string<Char>(ascii.begin(), ascii.end()));
+  Char wide[64];
+  std::size_t length = ascii.size() < 64 ? ascii.size() : 64;
+  std::copy_n(ascii.begin(), length, wide);
+  return LightweightString<Char>(wide, length);
 }
 
 template <class Char, class T> LightweightString<Char> writeNumber(T value) {

@@ -55,7 +55,10 @@ public:
   Param& operator=(Param const&) = delete;
 
   bool requestValChange(ValServer<T>*, T& value) override {
-    value = ParamText<T>::fromText(requestValueChange(ParamText<T>::toText(value)));
+    // Every text form reads back its own output exactly, so without
+    // constraints the round trip through text would change nothing.
+    if (valueConstraintCount() != 0)
+      value = ParamText<T>::fromText(requestValueChange(ParamText<T>::toText(value)));
     return true;
   }
   // The server is our own member: nothing to let go of.
@@ -110,7 +113,8 @@ private:
 
   // Whatever the phase, tells the change handlers the current value.
   int handleValueChange(ValServerEvent<T> const&) {
-    handleDataChange(getValueAsString());
+    if (changeHandlerCount() != 0)
+      handleDataChange(getValueAsString());
     return 0;
   }
 
