@@ -4,6 +4,7 @@
 #include <zowidgets/host/Box.h>
 #include <zowidgets/host/Colour.h>
 #include <zowidgets/host/ColourData.h>
+#include <zowidgets/host/Command.h>
 #include <zowidgets/host/CriticalSection.h>
 #include <zowidgets/host/DataChange.h>
 #include <zowidgets/host/DataConvert.h>
@@ -13,6 +14,9 @@
 #include <zowidgets/host/EventHandler.h>
 #include <zowidgets/host/ExecutableAction.h>
 #include <zowidgets/host/Export.h>
+#include <zowidgets/host/FilePaths.h>
+#include <zowidgets/host/FilespecUtils.h>
+#include <zowidgets/host/Fonts.h>
 #include <zowidgets/host/IdStamp.h>
 #include <zowidgets/host/LastValServer.h>
 #include <zowidgets/host/LightweightString.h>
@@ -21,8 +25,11 @@
 #include <zowidgets/host/NormalisedRGB.h>
 #include <zowidgets/host/NotifyMsg.h>
 #include <zowidgets/host/NotifyMsgTypeDictionary.h>
+#include <zowidgets/host/OS.h>
 #include <zowidgets/host/Ptr.h>
 #include <zowidgets/host/ResourceStrings.h>
+#include <zowidgets/host/ShellBackend.h>
+#include <zowidgets/host/StandardColours.h>
 #include <zowidgets/host/TextSearch.h>
 #include <zowidgets/host/UIString.h>
 #include <zowidgets/host/XY.h>

@@ -3,7 +3,7 @@
 file(READ ${SOURCE_DIR}/zowidgets.h umbrella)
 set(missing)
 foreach(dir IN LISTS DIRS)
-  file(GLOB headers RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/${dir}/*.h)
+  file(GLOB_RECURSE headers RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/${dir}/*.h)
   foreach(header IN LISTS headers)
     string(FIND "${umbrella}" "#include <zowidgets/${header}>" at)
     if(at EQUAL -1)
