@@ -1,0 +1,95 @@
+#pragma once
+
+#include <zowidgets/host/GraphicPrimitives.h>
+
+#include <memory>
+
+// Draws primitives with cairo into a Zo::Image::Surface.
+//
+// Coordinates: primitives are bottom-up (y upward) relative to the origin,
+// which is set to the absolute bottom-up position of the widget being drawn.
+// The clip box and the modified area are absolute bottom-up boxes in the
+// surface's pixels. A point (x, y) of a primitive lands on the surface at
+// column origin.x + x and, counted from the top row, at
+//   surfaceHeight - (origin.y + y)
+// so the pixel covering [x, x+1) x [y, y+1) is surface.pixel(origin.x + x,
+// surfaceHeight - 1 - (origin.y + y)).
+//
+// The renderer holds a handle to the surface, sharing its pixels, so the
+// surface lives at least as long as the renderer.
+class ZO_API CanvasRenderer : public iGraphicPrimitivesRenderer {
+public:
+  explicit CanvasRenderer(Zo::Image::Surface const& surface);
+  ~CanvasRenderer() override;
+  CanvasRenderer(CanvasRenderer const&) = delete;
+  CanvasRenderer& operator=(CanvasRenderer const&) = delete;
+
+  // A handle sharing the pixels drawn into.
+  Zo::Image::Surface surface() const noexcept { return surface_; }
+  int surfaceHeight() const noexcept;
+
+  void setOrigin(XY<int> origin) noexcept { origin_ = origin; }
+  XY<int> origin() const noexcept { return origin_; }
+
+  // Drawing stays inside this box (absolute, bottom-up); the whole surface at
+  // first. A box reaching outside the surface is cut to it.
+  void setClipBox(Zo::Box<int> const& box);
+  Zo::Box<int> clipBox() const noexcept { return clipBox_; }
+  void resetClipBox();
+
+  // While not accepting, every primitive is ignored: a window that is hidden
+  // or being rebuilt draws nothing.
+  void setAcceptingDrawing(bool accepting) noexcept { accepting_ = accepting; }
+  bool isAcceptingDrawing() const noexcept { return accepting_; }
+
+  template <class Description> void renderPrimitive(Description const& description) {
+    if (accepting_)
+      renderMulti(&description, 1);
+  }
+
+  // The union of the boxes drawn, as reported by the callers (absolute,
+  // bottom-up, cut to the surface): what must reach the screen.
+  void addModifiedArea(Zo::Box<int> const& box);
+  Zo::Box<int> modifiedArea() const noexcept { return modified_; }
+  Zo::Box<int> takeModifiedArea() noexcept;
+
+  // Makes everything drawn so far visible in the surface's pixels. Drawing
+  // is immediate, so this only matters to code that reads the pixels while
+  // the renderer may still hold work; it is cheap.
+  void flush();
+
+  void setClipRegion(Zo::Ptr<iRegion> region) override;
+  void setAntialiasingEnabled(bool enabled) override;
+  unsigned int getCaps() const override;
+
+  void renderMulti(Glib::RectDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::EllipseDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::LineDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::TextDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::AlphaRectDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::BezierCurveDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::ImageDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::ImageDescriptionEx const* items, unsigned int count) override;
+  void renderMulti(Glib::RoundedRectDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::TriangleStripDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::TriangleFanDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::LineStripDescription const* items, unsigned int count) override;
+  void renderMulti(Glib::ShaderRectDescription const* items, unsigned int count) override;
+
+private:
+  struct Cairo;
+  // Sets cairo up for one batch: clip, bottom-up transform, antialiasing.
+  // False when nothing can be drawn.
+  bool begin();
+  // The clip (box and region) in the surface's top-down pixels.
+  std::vector<Glib::TopDownRect> clipRects() const;
+
+  Zo::Image::Surface surface_;
+  std::unique_ptr<Cairo> cairo_;
+  XY<int> origin_;
+  Zo::Box<int> clipBox_;
+  Zo::Ptr<iRegion> clipRegion_;
+  Zo::Box<int> modified_;
+  bool accepting_ = true;
+  bool antialias_ = true;
+};
