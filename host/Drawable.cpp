@@ -2,14 +2,17 @@
 
 namespace {
 thread_local int disableDepth = 0;
-}
+void (*flushHandler)() = nullptr;
+} // namespace
 
 void Drawable::disableRedraws() noexcept { ++disableDepth; }
 
 void Drawable::enableRedraws() noexcept {
-  if (disableDepth > 0)
-    --disableDepth;
+  if (disableDepth > 0 && --disableDepth == 0 && flushHandler)
+    flushHandler();
 }
+
+void Drawable::setFlushHandler(void (*handler)()) noexcept { flushHandler = handler; }
 
 bool Drawable::redrawsDisabled() noexcept { return disableDepth > 0; }
 

@@ -12,6 +12,9 @@ public:
   static void enableRedraws() noexcept;
   static bool redrawsDisabled() noexcept;
   static int redrawDisableDepth() noexcept;
+  // Called when the outermost enableRedraws() releases held redraws; the
+  // windowing layer installs it.
+  static void setFlushHandler(void (*handler)()) noexcept;
 
   // Brackets a multi-step change exception-safely.
   class ZO_API Suspender {

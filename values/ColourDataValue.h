@@ -13,4 +13,7 @@ public:
   using ValClient<ColourData>::operator=;
 };
 
-class ZO_API ColourDataValWidget : public ValWidget<ColourData> {};
+class ZO_API ColourDataValWidget : public ValWidget<ColourData> {
+public:
+  using ValWidget<ColourData>::ValWidget;
+};

@@ -9,7 +9,8 @@ namespace Zo {
 class ZO_API Guard : public iObject {};
 } // namespace Zo
 
-// What every notifier offers its clients: leaving, by guard or by id.
+// What every notifier offers its clients: leaving, by guard or by id. The
+// notification templates are header-only, so the host layer uses them too.
 class ZO_API NotifierBase : public virtual iVirtual {
 public:
   // Ends a subscription when the last reference to it goes. It does not test
@@ -17,7 +18,7 @@ public:
   class ZO_API CallbackGuard : public Zo::Guard {
   public:
     CallbackGuard(NotifierBase* notifier, IdStamp const& id) : notifier_(notifier), id_(id) {}
-    ~CallbackGuard() override;
+    ~CallbackGuard() override { notifier_->deregisterNotification(id_); }
 
   private:
     NotifierBase* notifier_;
@@ -28,6 +29,6 @@ public:
 
   // Drops the caller's reference and nulls the handle. The subscription ends
   // only when the guard's last reference goes.
-  virtual void deregisterNotification(Zo::Ptr<Zo::Guard>& guard);
+  virtual void deregisterNotification(Zo::Ptr<Zo::Guard>& guard) { guard.reset(); }
   virtual void deregisterNotification(IdStamp const& id) = 0;
 };

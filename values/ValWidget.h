@@ -26,6 +26,8 @@ class ZO_API ValAdaptorWStringT : public ValAdaptorBase<LightweightString<wchar_
 // The widget side of a binding: a widget that shows and edits a T.
 template <class T> class ZO_API ValWidget : public WidgetBase {
 public:
+  explicit ValWidget(GlobCreationInfo const& info = GlobCreationInfo()) : WidgetBase(info) {}
+
   // Binds, then shows the data at once without a redraw of its own. A null
   // adaptor only clears the binding.
   virtual void setDataAdaptor(Zo::Ptr<ValAdaptorBase<T>> const& adaptor) {
@@ -57,7 +59,10 @@ public:
 };
 
 // Base for buttons that show a value in their label.
-template <class T> class ZO_API ButtonWidget : public ValWidget<T> {};
+template <class T> class ZO_API ButtonWidget : public ValWidget<T> {
+public:
+  using ValWidget<T>::ValWidget;
+};
 
 template <class A> void ValAdaptorBase<A>::setNewWidgetValue(A value, eRedrawFlag redraw) {
   // A widget may unbind while being told; walk a snapshot.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <zowidgets/host/Glob.h>
 #include <zowidgets/host/Ptr.h>
 
 #include <set>
@@ -17,13 +18,11 @@ private:
   std::set<WidgetBase*> widgets_;
 };
 
-// The part of a widget that an adaptor binds to.
-class ZO_API WidgetBase {
+// A widget that an adaptor binds to.
+class ZO_API WidgetBase : public Glob {
 public:
-  WidgetBase() = default;
-  WidgetBase(WidgetBase const&) = delete;
-  WidgetBase& operator=(WidgetBase const&) = delete;
-  virtual ~WidgetBase();
+  explicit WidgetBase(GlobCreationInfo const& info = GlobCreationInfo()) : Glob(info) {}
+  ~WidgetBase() override;
 
   // Leaves the old adaptor's set and joins the new one's; null only unbinds.
   void setAdaptor(Zo::Ptr<AdaptorBase> const& adaptor);

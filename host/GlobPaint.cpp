@@ -1,0 +1,87 @@
+#include <zowidgets/host/Canvas.h>
+#include <zowidgets/host/CanvasRenderer.h>
+#include <zowidgets/host/Glob.h>
+#include <zowidgets/host/GraphicPrimitives.h>
+#include <zowidgets/host/Palette.h>
+
+XY<int> Glob::screenPosition() const {
+  Canvas* own = canvas();
+  XY<int> at = canvasPosition();
+  return own ? own->getPosition() + at : at;
+}
+
+void Glob::invalidate() { invalidate(Zo::Box<int>(0, 0, width(), height())); }
+
+void Glob::invalidate(Zo::Box<int> const& localBox) {
+  Canvas* own = canvas();
+  if (!own || !isShowing())
+    return;
+  own->addDamage(localBox.translated(canvasPosition()));
+}
+
+void Glob::update() {
+  if (Canvas* own = canvas())
+    own->paintPending();
+}
+
+void Glob::clearPendingRedraws() {
+  if (Canvas* own = canvas())
+    own->clearDamage();
+}
+
+void Glob::paint(CanvasRenderer& renderer, Zo::Box<int> const& clip) {
+  if (!visible_)
+    return;
+  Zo::Box<int> const area = canvasBox().intersect(clip);
+  if (area.empty())
+    return;
+  ++paintCount_;
+  XY<int> const origin = canvasPosition();
+  renderer.setOrigin(origin);
+  renderer.setClipBox(area);
+  drawBackground(renderer);
+  draw(renderer);
+  for (Glob* child : children_)
+    child->paint(renderer, area);
+  renderer.setOrigin(origin);
+  renderer.setClipBox(area);
+  drawBorder(renderer);
+  renderer.addModifiedArea(area);
+}
+
+void Glob::drawBackground(CanvasRenderer& renderer) {
+  Palette const& palette = getPalette();
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), palette.window()));
+}
+
+void Glob::draw(CanvasRenderer&) {}
+
+void Glob::drawBorder(CanvasRenderer& renderer) {
+  int const thickness = border_.thickness();
+  if (border_.type() == 0 || thickness <= 0)
+    return;
+  Palette const& palette = getPalette();
+  // Raised edges are light at the top left and dark at the bottom right;
+  // sunken ones the other way round; flat ones one colour.
+  Colour light = palette.window(3);
+  Colour dark = palette.window(-3);
+  if (border_.type() == 3)
+    std::swap(light, dark);
+  if (border_.type() == 1)
+    light = dark = palette.window(-2);
+  int const w = width(), h = height(), t = thickness;
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, h - t, w, h), light));
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, t, h - t), light));
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(t, 0, w, t), dark));
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(w - t, t, w, h - t), dark));
+}
+
+Glob* Glob::pick(XY<int> point) {
+  if (!visible_ || !Zo::Box<int>(0, 0, width(), height()).contains(point))
+    return nullptr;
+  // Later children are drawn over earlier ones, so they are asked first.
+  for (auto it = children_.rbegin(); it != children_.rend(); ++it)
+    if (Glob* hit = (*it)->pick(point - (*it)->position_))
+      return hit;
+  return this;
+}

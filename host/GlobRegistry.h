@@ -1,0 +1,17 @@
+#pragma once
+
+#include <zowidgets/host/Export.h>
+
+class Glob;
+
+// The toolkit's bookkeeping of live widgets, keyboard focus and the widgets
+// that input is routed to. User-interface thread only.
+namespace GlobRegistry {
+void enrol(Glob* widget);
+// Forgets a dying widget everywhere: focus, pointer capture, hover, modal
+// and intercept stacks, top-level windows.
+void withdraw(Glob* widget);
+bool isLive(Glob const* widget);
+// Drops the keyboard focus if `widget` holds it, without telling anyone.
+void forgetFocus(Glob* widget);
+} // namespace GlobRegistry
