@@ -30,6 +30,7 @@
 #include <zowidgets/host/LastValServer.h>
 #include <zowidgets/host/LightweightString.h>
 #include <zowidgets/host/LightweightVector.h>
+#include <zowidgets/host/MediaServices.h>
 #include <zowidgets/host/MessageQueue.h>
 #include <zowidgets/host/NormalisedRGB.h>
 #include <zowidgets/host/NotifyMsg.h>

@@ -110,3 +110,5 @@ bool revealFiles(std::vector<LightweightString<wchar_t>> const& paths) { return 
 bool dragFilesToOS(std::vector<LightweightString<wchar_t>> const& paths) { return OS().dragFiles(paths); }
 
 } // namespace Glib
+
+iMediaServices& Zo::OperatingSystem::media() const { return mediaServices(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zowidgets/host/LightweightString.h>
+#include <zowidgets/host/MediaServices.h>
 #include <zowidgets/host/ShellBackend.h>
 
 #include <memory>
@@ -30,6 +31,9 @@ public:
   // anything. setShellMode(desktop) installs makeXdgShell(); a display
   // backend installs its own with setShellBackend, and a null backend goes
   // back to headless.
+  // Screen images and the like.
+  iMediaServices& media() const;
+
   void setShellMode(ShellMode mode);
   void setShellBackend(std::shared_ptr<iShellBackend> backend);
   ShellMode shellMode() const;

@@ -201,3 +201,22 @@ TEST_F(CanvasTest, DeletingAParentDeletesItsChildrenAndTheyStopBeingGood) {
 }
 
 } // namespace
+
+#include <zowidgets/host/OS.h>
+
+namespace {
+
+TEST_F(CanvasTest, TheScreenIsReadableAsAHostImageThroughOS) {
+  StandardPanel* panel = openPanel(XY<int>(30, 30), XY<int>(700, 400));
+  panel->setBorder(Border());
+  panel->addChild(new Swatch(XY<int>(30, 30), blue), Glob::BottomLeft(0, 0));
+  Zo::Ptr<iHostImage> image = OS().media().getHostImage(Zo::Box<int>(690, 390, 740, 440));
+  ASSERT_TRUE(image);
+  EXPECT_EQ(image->pixels().width(), 50);
+  EXPECT_EQ(rgbOf(image->pixelAt(XY<int>(700, 400))), rgbOf(blue));
+  EXPECT_EQ(rgbOf(image->pixelAt(XY<int>(729, 429))), rgbOf(blue));
+  EXPECT_EQ(rgbOf(image->pixelAt(XY<int>(695, 395))), rgbOf(Colour(0.2, 0.22, 0.25)));
+  EXPECT_EQ(image->pixelAt(XY<int>(10, 10)), 0u); // outside the image
+}
+
+} // namespace
