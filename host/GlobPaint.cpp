@@ -60,6 +60,11 @@ void Glob::drawBorder(CanvasRenderer& renderer) {
   int const thickness = border_.thickness();
   if (border_.type() == 0 || thickness <= 0)
     return;
+  // A repaint of the inside (one row of a long panel) leaves the edges alone.
+  Zo::Box<int> inner = canvasBox();
+  inner = Zo::Box<int>(inner.x0 + thickness, inner.y0 + thickness, inner.x1 - thickness, inner.y1 - thickness);
+  if (inner.intersect(renderer.clipBox()) == renderer.clipBox())
+    return;
   Palette const& palette = getPalette();
   // Raised edges are light at the top left and dark at the bottom right;
   // sunken ones the other way round; flat ones one colour.
