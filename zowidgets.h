@@ -27,6 +27,10 @@
 #include <zowidgets/host/IdStamp.h>
 #include <zowidgets/host/ImageSurface.h>
 #include <zowidgets/host/InputRouter.h>
+#include <zowidgets/host/JSON.h>
+#include <zowidgets/host/JSONBuilder.h>
+#include <zowidgets/host/JSONElement.h>
+#include <zowidgets/host/JSONPersistable.h>
 #include <zowidgets/host/LastValServer.h>
 #include <zowidgets/host/LightweightString.h>
 #include <zowidgets/host/LightweightVector.h>
