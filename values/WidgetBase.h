@@ -18,14 +18,21 @@ private:
   std::set<WidgetBase*> widgets_;
 };
 
-// A widget that an adaptor binds to.
+// A widget that an adaptor binds to. Header-only, like the rest of the value
+// binding, so that the host's own widgets can be value widgets.
 class ZO_API WidgetBase : public Glob {
 public:
   explicit WidgetBase(GlobCreationInfo const& info = GlobCreationInfo()) : Glob(info) {}
-  ~WidgetBase() override;
+  ~WidgetBase() override { setAdaptor(nullptr); }
 
   // Leaves the old adaptor's set and joins the new one's; null only unbinds.
-  void setAdaptor(Zo::Ptr<AdaptorBase> const& adaptor);
+  void setAdaptor(Zo::Ptr<AdaptorBase> const& adaptor) {
+    if (adaptor_)
+      adaptor_->widgets_.erase(this);
+    adaptor_ = adaptor;
+    if (adaptor_)
+      adaptor_->widgets_.insert(this);
+  }
   Zo::Ptr<AdaptorBase> const& getAdaptor() const noexcept { return adaptor_; }
 
 private:
