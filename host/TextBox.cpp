@@ -1,0 +1,11 @@
+#include <zowidgets/host/TextBox.h>
+
+void TextBox::setCursorPosition(std::size_t position) {
+  editModel().setCaret(position);
+  caretMoved();
+}
+
+void TextBox::highlightAllText() {
+  editModel().selectAll();
+  caretMoved();
+}
