@@ -4,6 +4,8 @@
 #include <zowidgets/host/GraphicPrimitives.h>
 #include <zowidgets/host/Palette.h>
 
+#include <filesystem>
+
 namespace {
 
 // A widget that fills itself with one colour.
@@ -118,13 +120,14 @@ TEST_F(CanvasTest, MovingAndResizingAWindow) {
 TEST_F(CanvasTest, ScreenshotsAreWrittenAsPNG) {
   StandardPanel* panel = openPanel(XY<int>(64, 32), XY<int>(0, 0));
   panel->addChild(new Swatch(XY<int>(16, 16), red), Glob::Centre(0, 0));
-  ASSERT_TRUE(HeadlessScreen::saveWindowShot(*panel, "canvas_test_window.png"));
-  Zo::Image::Surface back = Zo::Image::Surface::loadPNG("canvas_test_window.png");
+  std::string const folder = std::filesystem::temp_directory_path().string();
+  ASSERT_TRUE(HeadlessScreen::saveWindowShot(*panel, folder + "/canvas_test_window.png"));
+  Zo::Image::Surface back = Zo::Image::Surface::loadPNG(folder + "/canvas_test_window.png");
   ASSERT_EQ(back.width(), 64);
   ASSERT_EQ(back.height(), 32);
   EXPECT_EQ(rgbOf(back.pixel(32, 16)), rgbOf(red));
-  EXPECT_TRUE(screen().saveScreenshot("canvas_test_screen.png"));
-  EXPECT_EQ(Zo::Image::Surface::loadPNG("canvas_test_screen.png").width(), HeadlessScreen::kDefaultWidth);
+  EXPECT_TRUE(screen().saveScreenshot(folder + "/canvas_test_screen.png"));
+  EXPECT_EQ(Zo::Image::Surface::loadPNG(folder + "/canvas_test_screen.png").width(), HeadlessScreen::kDefaultWidth);
 }
 
 TEST_F(CanvasTest, TheScreenCanBeReadAnywhere) {
