@@ -131,7 +131,11 @@ int StandardPanel::react(Event const& event) {
   if (event.isMouse()) {
     if (reactInTitleBar(event))
       return 1;
-    return handleMouseEvent(event);
+    if (int used = handleMouseEvent(event))
+      return used;
+    if (event.type == Event::kMouseDown && (event.buttons & kMouseRight) && canMakeMenu(event))
+      return makeMenu(event) ? 1 : 0;
+    return 0;
   }
   return 0;
 }
@@ -245,3 +249,49 @@ void StandardPanel::draw(CanvasRenderer& renderer) {
                                                    palette.headingText(), Glib::eTextAlignment::Centre));
   }
 }
+
+bool StandardPanel::makeMenu(Event const& event) {
+  if (!menuInitialised_) {
+    initialiseMenu();
+    menuInitialised_ = true;
+  }
+  updateMenuIfNecessary();
+  reviewMenu(&event);
+  std::vector<MenuItem> items = getMenuItems(&event);
+  if (items.empty())
+    return false;
+  IdStamp const stamp = handlerStamp();
+  MenuWindow* window = MenuWindow::open(
+      Menu(items), event.screenPosition,
+      [this, stamp, items](MenuData::Change const& change) {
+        if (!EventHandler::valid(this, stamp))
+          return;
+        if (change.kind != MenuData::Change::kHighlighted)
+          menu_ = nullptr;
+        if (change.kind == MenuData::Change::kChosen && change.index >= 0 &&
+            change.index < static_cast<int>(items.size()))
+          handleMenuChoice(change.index, items[static_cast<std::size_t>(change.index)]);
+      },
+      0, canvas());
+  menu_ = window;
+  return window != nullptr;
+}
+
+void StandardPanel::handleMenuChoice(int, MenuItem const&) {}
+
+MenuWindow* StandardPanel::openMenu() const {
+  return is_good_glob_ptr(menu_) ? static_cast<MenuWindow*>(menu_) : nullptr;
+}
+
+void StandardPanel::updateMenuIfNecessary() {
+  if (MenuWindow* open = openMenu())
+    open->close(MenuData::Change{MenuData::Change::kCancelled, -1});
+  menu_ = nullptr;
+}
+
+MessageBase::MessageBase(InitArgs const& args) : StandardPanel(args) {
+  if (!args.palette)
+    setPalette(palette());
+}
+
+Palette MessageBase::palette() { return makePopupPalette(UifStd::getColourScheme()); }

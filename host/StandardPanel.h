@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/Fonts.h>
 #include <zowidgets/host/Glob.h>
+#include <zowidgets/host/Menu.h>
 #include <zowidgets/host/TabOrderManager.h>
 #include <zowidgets/host/UIString.h>
 
@@ -74,8 +75,25 @@ public:
   virtual void handlePinned(bool pinned);
   virtual void handleDoIt() {}
   virtual void handleTitleChange() {}
-  // The menu button was pressed.
-  virtual void handleMenuRequest(Event const&) {}
+  // The menu button was pressed: shows the panel's menu.
+  virtual void handleMenuRequest(Event const& event) { makeMenu(event); }
+
+  // The panel's context menu, shown by a right click that no child used or by
+  // the menu button. initialiseMenu runs once before the first showing,
+  // reviewMenu before each; getMenuItems gives the rows (none: no menu);
+  // getMenuSection says which part of the panel the click was in (0: the
+  // whole panel); a chosen row goes to handleMenuChoice.
+  virtual void initialiseMenu() {}
+  virtual void reviewMenu(Event const*) {}
+  virtual std::vector<MenuItem> getMenuItems(Event const*) { return {}; }
+  virtual int getMenuSection(Event const&) { return 0; }
+  virtual bool canMakeMenu(Event const& event) { return !getMenuItems(&event).empty(); }
+  // Opens the menu at the pointer; true when one is shown.
+  virtual bool makeMenu(Event const& event);
+  virtual void handleMenuChoice(int index, MenuItem const& item);
+  // Closes an open menu of this panel, so that the next one is built afresh.
+  void updateMenuIfNecessary();
+  MenuWindow* openMenu() const;
 
 protected:
   void drawBackground(CanvasRenderer& renderer) override;
@@ -91,9 +109,20 @@ private:
   Glib::FontDesc titleFont_;
   unsigned standardWidgets_ = 0;
   bool pinned_ = false;
+  bool menuInitialised_ = false;
+  Glob* menu_ = nullptr;
   bool draggingWindow_ = false;
   XY<int> dragGrip_;
   TabOrderManager tabOrder_;
+};
+
+// The base of message windows and dialogues: a popup-coloured panel.
+class ZO_API MessageBase : public StandardPanel {
+public:
+  explicit MessageBase(InitArgs const& args);
+  char const* idstring() const override { return "MessageBase"; }
+  // The palette message windows use.
+  static Palette palette();
 };
 
 // A plain panel that only hosts children.
