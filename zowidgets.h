@@ -74,6 +74,11 @@
 #include <zowidgets/host/WidgetPosition.h>
 #include <zowidgets/host/XY.h>
 #include <zowidgets/host/configb.h>
+#include <zowidgets/host/display/BackendChoice.h>
+#include <zowidgets/host/display/DisplayScreen.h>
+#include <zowidgets/host/display/DisplayShell.h>
+#include <zowidgets/host/display/NativeWindow.h>
+#include <zowidgets/host/display/X11Screen.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/values/ActionParam.h>

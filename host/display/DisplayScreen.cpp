@@ -1,0 +1,322 @@
+#include <zowidgets/host/Canvas.h>
+#include <zowidgets/host/Event.h>
+#include <zowidgets/host/GlobManager.h>
+#include <zowidgets/host/InputRouter.h>
+#include <zowidgets/host/MessageQueue.h>
+#include <zowidgets/host/display/DisplayScreen.h>
+#include <zowidgets/host/display/NativeWindow.h>
+#include <zowidgets/host/display/X11Screen.h>
+
+#include <SDL.h>
+
+#include <map>
+
+namespace {
+
+// How long the combined loop waits for queued work before looking at the
+// windows again.
+constexpr std::chrono::milliseconds kPumpInterval(10);
+
+int modifierBits(Uint16 state) {
+  int bits = 0;
+  if (state & KMOD_SHIFT)
+    bits |= kKeyShift;
+  if (state & KMOD_CTRL)
+    bits |= kKeyCtrl;
+  if (state & KMOD_ALT)
+    bits |= kKeyAlt;
+  if (state & KMOD_GUI)
+    bits |= kKeyCmd;
+  return bits;
+}
+
+// Our key code for a key, or 0 for keys the toolkit has no code for (the
+// modifiers themselves among them).
+int keyCode(SDL_Keycode sym) {
+  switch (sym) {
+  case SDLK_BACKSPACE:
+    return kKeyBackspace;
+  case SDLK_TAB:
+    return kKeyTab;
+  case SDLK_RETURN:
+  case SDLK_KP_ENTER:
+    return kKeyReturn;
+  case SDLK_ESCAPE:
+    return kKeyEscape;
+  case SDLK_DELETE:
+    return kKeyDelete;
+  case SDLK_INSERT:
+    return kKeyInsert;
+  case SDLK_HOME:
+    return kKeyHome;
+  case SDLK_END:
+    return kKeyEnd;
+  case SDLK_PAGEUP:
+    return kKeyPageUp;
+  case SDLK_PAGEDOWN:
+    return kKeyPageDown;
+  case SDLK_LEFT:
+    return kKeyLeft;
+  case SDLK_RIGHT:
+    return kKeyRight;
+  case SDLK_UP:
+    return kKeyUp;
+  case SDLK_DOWN:
+    return kKeyDown;
+  default:
+    break;
+  }
+  if (sym >= SDLK_F1 && sym <= SDLK_F10)
+    return kKeyF1 + (sym - SDLK_F1);
+  // Printable keys: the window library's codes are their unshifted character.
+  if (sym >= ' ' && sym < 0x7f)
+    return sym;
+  return 0;
+}
+
+int mouseButton(Uint8 button) {
+  switch (button) {
+  case SDL_BUTTON_LEFT:
+    return kMouseLeft;
+  case SDL_BUTTON_RIGHT:
+    return kMouseRight;
+  case SDL_BUTTON_MIDDLE:
+    return kMouseMiddle;
+  default:
+    return 0;
+  }
+}
+
+} // namespace
+
+struct DisplayScreen::State {
+  std::unique_ptr<X11Screen> x11;
+  std::map<Canvas*, SDL_Window*> windows;
+  int cursor = 0;
+  bool quit = false;
+
+  Canvas* canvasOfWindow(Uint32 windowId) const {
+    SDL_Window* window = SDL_GetWindowFromID(windowId);
+    for (auto const& [canvas, shown] : windows)
+      if (shown == window)
+        return canvas;
+    return nullptr;
+  }
+  // X's top-down window position for a canvas.
+  XY<int> windowPosition(Canvas const& canvas) const {
+    return XY<int>(canvas.getPosition().x, x11->size().y - canvas.getPosition().y - canvas.getSize().y);
+  }
+  // Where a window's event happened, on our bottom-up screen. X reports it
+  // relative to where the window was, which lags behind our moves of it while
+  // a title bar is dragged: with a button held, the pointer itself is asked.
+  XY<int> eventPoint(Canvas const& canvas, int x, int y) const {
+    if (InputRouter::buttonsHeld())
+      return pointer();
+    return XY<int>(canvas.getPosition().x + x, canvas.getPosition().y + canvas.getSize().y - 1 - y);
+  }
+  // Where the pointer is now, on our bottom-up screen.
+  XY<int> pointer() const {
+    XY<int> const at = x11->pointer();
+    return XY<int>(at.x, x11->size().y - 1 - at.y);
+  }
+  // The window library reports nothing outside our windows, nor a move that
+  // leaves the pointer where it was in a window that moved with it (a title
+  // bar drag): the router is told of any move it missed.
+  void followPointer(int modifiers) const {
+    XY<int> const at = pointer();
+    XY<int> const known = InputRouter::mousePosition();
+    if (at.x != known.x || at.y != known.y)
+      InputRouter::mouseMoved(at, modifiers);
+  }
+  void showCursor(SDL_Window* window) const {
+    if (unsigned long const native = nativeX11Window(window))
+      x11->setCursor(native, cursor);
+  }
+};
+
+std::unique_ptr<DisplayScreen> DisplayScreen::open() {
+  auto x11 = X11Screen::open();
+  if (!x11)
+    return nullptr;
+  // The program keeps its own signal handling, and a click that activates a
+  // window is a click like any other.
+  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+  SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
+  SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+  if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
+    return nullptr;
+  SDL_StartTextInput();
+  auto state = std::make_unique<State>();
+  state->x11 = std::move(x11);
+  return std::unique_ptr<DisplayScreen>(new DisplayScreen(std::move(state)));
+}
+
+DisplayScreen::DisplayScreen(std::unique_ptr<State> state) : state_(std::move(state)) {}
+
+DisplayScreen::~DisplayScreen() {
+  for (auto const& [canvas, shown] : state_->windows)
+    SDL_DestroyWindow(shown);
+  SDL_QuitSubSystem(SDL_INIT_VIDEO);
+}
+
+XY<int> DisplayScreen::screenSize() const { return state_->x11->size(); }
+
+double DisplayScreen::screenScale() const { return state_->x11->scale(); }
+
+void DisplayScreen::canvasMapped(Canvas& canvas) {
+  if (state_->windows.count(&canvas))
+    return;
+  XY<int> const at = state_->windowPosition(canvas);
+  SDL_Window* window = SDL_CreateWindow("", at.x, at.y, canvas.getSize().x, canvas.getSize().y,
+                                        SDL_WINDOW_BORDERLESS | SDL_WINDOW_SHOWN);
+  if (!window)
+    return;
+  state_->windows[&canvas] = window;
+  state_->showCursor(window);
+  canvasPainted(canvas, Zo::Box<int>(0, 0, canvas.getSize().x, canvas.getSize().y));
+}
+
+void DisplayScreen::canvasUnmapped(Canvas& canvas) {
+  auto found = state_->windows.find(&canvas);
+  if (found == state_->windows.end())
+    return;
+  SDL_DestroyWindow(found->second);
+  state_->windows.erase(found);
+}
+
+void DisplayScreen::canvasMoved(Canvas& canvas) {
+  auto found = state_->windows.find(&canvas);
+  if (found == state_->windows.end())
+    return;
+  XY<int> const at = state_->windowPosition(canvas);
+  SDL_SetWindowPosition(found->second, at.x, at.y);
+}
+
+void DisplayScreen::canvasResized(Canvas& canvas) {
+  auto found = state_->windows.find(&canvas);
+  if (found == state_->windows.end())
+    return;
+  SDL_SetWindowSize(found->second, canvas.getSize().x, canvas.getSize().y);
+  // The bottom edge stays put on our screen, so the top moves on X's.
+  canvasMoved(canvas);
+  canvasPainted(canvas, Zo::Box<int>(0, 0, canvas.getSize().x, canvas.getSize().y));
+}
+
+void DisplayScreen::canvasRaised(Canvas& canvas) {
+  auto found = state_->windows.find(&canvas);
+  if (found != state_->windows.end())
+    SDL_RaiseWindow(found->second);
+}
+
+void DisplayScreen::canvasPainted(Canvas& canvas, Zo::Box<int> const& damage) {
+  auto found = state_->windows.find(&canvas);
+  Zo::Image::Surface const& pixels = canvas.surface();
+  if (found == state_->windows.end() || pixels.empty())
+    return;
+  SDL_Surface* target = SDL_GetWindowSurface(found->second);
+  if (!target)
+    return;
+  // The canvas's words are 0xAARRGGBB in native order: the window library's
+  // ARGB8888. Windows are opaque, so the pixels are copied, not blended.
+  SDL_Surface* source =
+      SDL_CreateRGBSurfaceWithFormatFrom(const_cast<std::uint8_t*>(pixels.data()), pixels.width(), pixels.height(), 32,
+                                         pixels.stride(), SDL_PIXELFORMAT_ARGB8888);
+  if (!source)
+    return;
+  SDL_SetSurfaceBlendMode(source, SDL_BLENDMODE_NONE);
+  int const height = canvas.getSize().y;
+  SDL_Rect rows{damage.x0, height - damage.y1, damage.width(), damage.height()};
+  SDL_Rect placed = rows;
+  SDL_BlitSurface(source, &rows, target, &placed);
+  SDL_FreeSurface(source);
+  SDL_UpdateWindowSurfaceRects(found->second, &rows, 1);
+}
+
+void DisplayScreen::cursorChanged(int cursorId) {
+  if (cursorId == state_->cursor)
+    return;
+  state_->cursor = cursorId;
+  for (auto const& [canvas, shown] : state_->windows)
+    state_->showCursor(shown);
+}
+
+Zo::Image::Surface DisplayScreen::grab(Zo::Box<int> const& area) {
+  int const screenHeight = screenSize().y;
+  return state_->x11->grab(Zo::Box<int>(area.x0, screenHeight - area.y1, area.x1, screenHeight - area.y0));
+}
+
+bool DisplayScreen::pumpEvents() {
+  SDL_Event event;
+  while (SDL_PollEvent(&event)) {
+    int const modifiers = modifierBits(SDL_GetModState());
+    switch (event.type) {
+    case SDL_QUIT:
+      state_->quit = true;
+      break;
+    case SDL_MOUSEMOTION:
+      if (Canvas* canvas = state_->canvasOfWindow(event.motion.windowID))
+        InputRouter::mouseMoved(state_->eventPoint(*canvas, event.motion.x, event.motion.y), modifiers);
+      break;
+    case SDL_MOUSEBUTTONDOWN:
+    case SDL_MOUSEBUTTONUP: {
+      Canvas* canvas = state_->canvasOfWindow(event.button.windowID);
+      int const button = mouseButton(event.button.button);
+      if (!canvas || !button)
+        break;
+      bool const pressed = event.type == SDL_MOUSEBUTTONDOWN;
+      // A release comes where the pointer was last seen moving.
+      if (!pressed)
+        state_->followPointer(modifiers);
+      InputRouter::mouseButton(state_->eventPoint(*canvas, event.button.x, event.button.y), button, pressed, modifiers,
+                               event.button.clicks);
+      break;
+    }
+    case SDL_MOUSEWHEEL:
+      if (int const steps = event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -event.wheel.y : event.wheel.y) {
+        state_->followPointer(modifiers);
+        InputRouter::mouseWheel(InputRouter::mousePosition(), steps, modifiers);
+      }
+      break;
+    case SDL_KEYDOWN:
+    case SDL_KEYUP:
+      if (int const code = keyCode(event.key.keysym.sym)) {
+        // The modifiers as they were with this key, not after the whole batch.
+        int const held = modifierBits(event.key.keysym.mod);
+        if (event.type == SDL_KEYDOWN)
+          InputRouter::keyPressed(code, held);
+        else
+          InputRouter::keyReleased(code, held);
+      }
+      break;
+    case SDL_TEXTINPUT:
+      InputRouter::textTyped(event.text.text);
+      break;
+    case SDL_WINDOWEVENT:
+      if (Canvas* canvas = state_->canvasOfWindow(event.window.windowID)) {
+        if (event.window.event == SDL_WINDOWEVENT_EXPOSED)
+          canvasPainted(*canvas, Zo::Box<int>(0, 0, canvas->getSize().x, canvas->getSize().y));
+        else if (event.window.event == SDL_WINDOWEVENT_CLOSE)
+          GlobManager::requestDeletion(canvas->root());
+      }
+      break;
+    default:
+      break;
+    }
+  }
+  Canvas::paintAllPending();
+  state_->followPointer(modifierBits(SDL_GetModState()));
+  return !state_->quit;
+}
+
+bool DisplayScreen::runUntil(std::function<bool()> const& done, std::chrono::milliseconds timeout) {
+  auto const deadline = std::chrono::steady_clock::now() + timeout;
+  while (pumpEvents()) {
+    if (MessageLoop::runUntil(done, kPumpInterval))
+      return true;
+    if (std::chrono::steady_clock::now() >= deadline)
+      return false;
+  }
+  return done();
+}
+
+DisplayScreen* displayScreen() { return dynamic_cast<DisplayScreen*>(&screenBackend()); }

@@ -1,0 +1,211 @@
+#!/usr/bin/env bash
+# One end-to-end case: starts a virtual X server on a free display, shows the
+# zoe2e panel on it, drives it with xdotool and checks what the program saw
+# and what the screen shows. Exits 77 (skipped) when the X tools are missing.
+# Usage: run_e2e.sh PATH/TO/zoe2e CASE WORK_FOLDER
+set -euo pipefail
+
+program=$1
+case_name=$2
+work=$3
+
+needed=(Xvfb xdotool)
+case $case_name in
+root_colour) needed+=(xsetroot) ;;
+screenshot) needed+=(import compare) ;;
+scale) needed+=(identify) ;;
+esac
+for tool in "${needed[@]}"; do
+  if ! command -v "$tool" >/dev/null; then
+    echo "SKIP: $tool is not installed (scripts/packages/display.txt lists the packages)"
+    exit 77
+  fi
+done
+
+rm -rf "$work"
+mkdir -p "$work"
+pids=()
+cleanup() {
+  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
+  wait 2>/dev/null || true
+}
+trap cleanup EXIT
+
+fail() {
+  {
+    echo "FAIL ($case_name): $*"
+    echo "--- program stderr:"
+    cat "$work/stderr" 2>/dev/null || true
+  } >&2
+  exit 1
+}
+
+# Xvfb picks a free display itself and writes its number on fd 5. The scale
+# case gets a screen of twice the usual density and must find the scale from
+# it; the others are told scale 1.
+density=()
+if [ "$case_name" = scale ]; then
+  density=(-dpi 192)
+  unset ZOWIDGETS_SCALE
+else
+  export ZOWIDGETS_SCALE=1
+fi
+Xvfb -displayfd 5 -screen 0 1280x800x24 "${density[@]}" -nolisten tcp -br 5>"$work/display" 2>"$work/xvfb.log" &
+pids+=($!)
+for _ in $(seq 100); do
+  [ -s "$work/display" ] && break
+  sleep 0.1
+done
+[ -s "$work/display" ] || fail "Xvfb did not start: $(cat "$work/xvfb.log")"
+DISPLAY=":$(head -n1 "$work/display")"
+export DISPLAY
+
+mkfifo "$work/commands"
+# A program that died shows as a failed write, not as this script's death.
+trap '' PIPE
+"$program" --display <"$work/commands" >"$work/answers" 2>"$work/stderr" &
+pids+=($!)
+exec 4>"$work/commands"
+
+# Sends a command and prints the program's one-line answer. Commands are
+# asked one at a time, so the answer is the line after those already there.
+ask() {
+  local answer=$(($(wc -l <"$work/answers") + 1))
+  echo "$1" >&4 || fail "the program is gone"
+  for _ in $(seq 100); do
+    if [ "$(wc -l <"$work/answers")" -ge "$answer" ]; then
+      sed -n "${answer}p" "$work/answers"
+      return
+    fi
+    sleep 0.05
+  done
+  fail "no answer to '$1'"
+}
+
+number() { sed -E "s/.*\"$2\":(-?[0-9]+).*/\1/" <<<"$1"; }
+# A box field of the state as "x y w h" (X's top-down coordinates).
+box() { sed -E "s/.*\"$2\":\{\"x\":(-?[0-9]+),\"y\":(-?[0-9]+),\"w\":([0-9]+),\"h\":([0-9]+)\}.*/\1 \2 \3 \4/" <<<"$1"; }
+text() { sed -E 's/.*"text":"(([^"\\]|\\.)*)".*/\1/' <<<"$1"; }
+expect() {
+  [ "$2" = "$3" ] || fail "$1: expected '$3', got '$2'"
+  echo "ok: $1 = $3"
+}
+
+state=$(ask state)
+read -r probe_x probe_y probe_w probe_h <<<"$(box "$state" probe)"
+# Shown once the probe's dark band covers the black desktop.
+for _ in $(seq 100); do
+  [ "$(ask "pixel $((probe_x + 1)) $((probe_y + 1))")" != '{"pixel":"#000000"}' ] && break
+  sleep 0.05
+done
+centre_x=$((probe_x + probe_w / 2))
+centre_y=$((probe_y + probe_h / 2))
+
+case $case_name in
+click)
+  xdotool mousemove "$centre_x" "$centre_y" click 1
+  sleep 0.3
+  state=$(ask state)
+  expect "presses" "$(number "$state" downs)" 1
+  expect "releases" "$(number "$state" ups)" 1
+  expect "click count" "$(number "$state" clicks)" 1
+  # The probe's own coordinates, bottom-up.
+  expect "press position" "$(sed -E 's/.*"lastDown":\[(-?[0-9]+),(-?[0-9]+)\].*/\1 \2/' <<<"$state")" \
+    "$((probe_w / 2)) $((probe_h - 1 - probe_h / 2))"
+  # Past the double-click time, so the next two clicks make a pair of their own.
+  sleep 1
+  xdotool click --repeat 2 --delay 80 1
+  sleep 0.3
+  state=$(ask state)
+  expect "presses after a double click" "$(number "$state" downs)" 3
+  expect "double click count" "$(number "$state" clicks)" 2
+  # Buttons 4 and 5 are the wheel turned away from and towards the user.
+  xdotool click --repeat 3 --delay 30 4 click 5
+  sleep 0.3
+  expect "wheel steps" "$(number "$(ask state)" wheel)" 2
+  ;;
+text)
+  xdotool mousemove "$centre_x" "$centre_y" click 1
+  sleep 0.2
+  # xdotool types characters missing from the keyboard map by remapping a
+  # spare key for a moment; typing slowly lets the program read each mapping.
+  xdotool type --delay 100 'Hello, e2e! Grüße €'
+  xdotool key Left
+  sleep 0.3
+  state=$(ask state)
+  expect "typed text" "$(text "$state")" 'Hello, e2e! Grüße €'
+  expect "last key (left arrow)" "$(number "$state" lastKey)" $((0x800004B))
+  xdotool key ctrl+a
+  sleep 0.2
+  # 'a' with the Ctrl bit.
+  expect "last key (ctrl+a)" "$(number "$(ask state)" lastKey)" $((0x61 | 0x2000000))
+  ;;
+drag)
+  read -r window_x window_y _ _ <<<"$(box "$state" window)"
+  read -r title_x title_y title_w title_h <<<"$(box "$state" title)"
+  [ "$title_w" -gt 0 ] || fail "the panel has no title bar"
+  grab_x=$((title_x + title_w / 2))
+  grab_y=$((title_y + title_h / 2))
+  xdotool mousemove "$grab_x" "$grab_y" mousedown 1
+  for step in 1 2 3 4 5; do
+    xdotool mousemove $((grab_x + step * 20)) $((grab_y + step * 10))
+    sleep 0.05
+  done
+  xdotool mouseup 1
+  sleep 0.3
+  state=$(ask state)
+  expect "window after the drag" "$(box "$state" window | cut -d' ' -f1,2)" "$((window_x + 100)) $((window_y + 50))"
+  # The X window itself followed the panel.
+  expect "desktop under the old title" "$(ask "pixel $((window_x + 1)) $((window_y + 1))")" '{"pixel":"#000000"}'
+  ;;
+root_colour)
+  xsetroot -solid '#3366cc'
+  sleep 0.2
+  expect "desktop colour read through the toolkit" "$(ask 'pixel 5 5')" '{"pixel":"#3366cc"}'
+  expect "desktop colour at the far corner" "$(ask 'pixel 1279 799')" '{"pixel":"#3366cc"}'
+  ;;
+screenshot)
+  "$program" --shot "$work/headless.png" || fail "no headless picture"
+  read -r window_x window_y window_w window_h <<<"$(box "$state" window)"
+  import -window root -crop "${window_w}x${window_h}+${window_x}+${window_y}" +repage "$work/display.png"
+  # Pixels differing by more than 1% in any channel; the tolerance allows a
+  # handful from text drawn at a different moment, no more.
+  differing=$(compare -alpha off -metric AE -fuzz 1% "$work/headless.png" "$work/display.png" "$work/difference.png" 2>&1 || true)
+  allowed=$((window_w * window_h / 500))
+  [[ "$differing" =~ ^[0-9]+$ ]] || fail "compare failed: $differing"
+  [ "$differing" -le "$allowed" ] || fail "$differing pixels differ (at most $allowed allowed), see $work/difference.png"
+  echo "ok: $differing of $((window_w * window_h)) pixels differ (at most $allowed allowed)"
+  ;;
+resize)
+  read -r x y w h <<<"$(box "$state" window)"
+  grown=$(ask grow)
+  read -r new_x new_y new_w new_h <<<"$(box "$grown" window)"
+  [ "$new_w" -gt "$w" ] || fail "the panel did not grow wider: $grown"
+  [ "$new_h" -gt "$h" ] || fail "the panel did not grow taller: $grown"
+  expect "left and bottom edges kept" "$new_x $((new_y + new_h))" "$x $((y + h))"
+  sleep 0.3
+  # The X window grew too, upward, and shows the panel in its new parts.
+  black='{"pixel":"#000000"}'
+  [ "$(ask "pixel $((new_x + new_w - 3)) $((new_y + new_h / 2))")" != "$black" ] || fail "new right part not shown"
+  [ "$(ask "pixel $((new_x + new_w / 2)) $((new_y + 3))")" != "$black" ] || fail "new top part not shown"
+  expect "desktop right of the window" "$(ask "pixel $((new_x + new_w)) $((new_y + new_h / 2))")" "$black"
+  expect "desktop above the window" "$(ask "pixel $((new_x + new_w / 2)) $((new_y - 1))")" "$black"
+  echo "ok: the window grew from ${w}x$h to ${new_w}x$new_h"
+  ;;
+clipboard)
+  expect "copied" "$(ask 'copy Grüße 42')" '{"copied":"Grüße 42"}'
+  # Another client reads it: the clipboard is the session's, not the process's.
+  expect "pasted in a second program" "$(timeout 10 "$program" --display --paste)" 'Grüße 42'
+  ;;
+scale)
+  expect "scale from the screen's density" "$(number "$state" scale)" 2
+  "$program" --shot "$work/headless.png" || fail "no headless picture"
+  read -r _ _ window_w window_h <<<"$(box "$state" window)"
+  expect "window size against the same panel at scale 1" "$window_w $window_h" \
+    "$(identify -format '%[fx:2*w] %[fx:2*h]' "$work/headless.png")"
+  ;;
+*)
+  fail "unknown case"
+  ;;
+esac
+echo quit >&4

@@ -1,0 +1,177 @@
+// A panel on the real display for the end-to-end tests: it reads commands on
+// stdin, one a line, and answers each with one line of JSON on stdout.
+//   state       what the panel and its probe have seen
+//   pixel X Y   the screen's colour at an X point (top-down), through the
+//               toolkit's screen reading
+//   copy TEXT   puts TEXT on the session's clipboard
+//   grow        makes the panel two rows wider and one row taller
+//   quit
+// With --shot FILE it instead paints the same panel on the headless screen,
+// saves that window's picture and exits, for comparison with the display.
+// With --paste it prints the session's clipboard text and exits.
+
+#include "InputProbe.h"
+
+#include <zowidgets/host/Canvas.h>
+#include <zowidgets/host/GlobManager.h>
+#include <zowidgets/host/InputRouter.h>
+#include <zowidgets/host/MediaServices.h>
+#include <zowidgets/host/MessageQueue.h>
+#include <zowidgets/host/OS.h>
+#include <zowidgets/host/StandardPanel.h>
+#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/display/BackendChoice.h>
+#include <zowidgets/host/display/DisplayScreen.h>
+#include <zowidgets/host/headless/HeadlessScreen.h>
+
+#include <chrono>
+#include <cstdio>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <thread>
+
+namespace {
+
+struct Session {
+  StandardPanel* panel = nullptr;
+  InputProbe* probe = nullptr;
+  bool quit = false;
+};
+
+void openPanel(Session& session) {
+  int const row = UifStd::getRowHeight();
+  StandardPanel::InitArgs args(XY<int>(row * 16, row * 6));
+  args.screenPosition = XY<int>(row * 8, row * 8);
+  args.standardWidgets = StandardPanel::kTitle;
+  args.title = UIString(L"e2e");
+  session.panel = new StandardPanel(args);
+  Zo::Box<int> const user = session.panel->getUserArea();
+  session.probe = new InputProbe(XY<int>(user.width(), row * 2));
+  session.panel->addChild(session.probe, Glob::UserTopLeft(0, 0));
+  GlobManager::realize(session.panel);
+}
+
+std::string jsonString(std::string_view text) {
+  std::string out = "\"";
+  for (char c : text) {
+    if (c == '"' || c == '\\') {
+      out += '\\';
+      out += c;
+    } else if (static_cast<unsigned char>(c) < 0x20) {
+      char escaped[8];
+      std::snprintf(escaped, sizeof escaped, "\\u%04x", c);
+      out += escaped;
+    } else {
+      out += c;
+    }
+  }
+  return out + "\"";
+}
+
+// A box on our bottom-up screen as X's top-down x, y, width, height.
+std::string jsonBox(Zo::Box<int> const& box) {
+  int const screenHeight = screenBackend().screenSize().y;
+  std::ostringstream out;
+  out << "{\"x\":" << box.x0 << ",\"y\":" << screenHeight - box.y1 << ",\"w\":" << box.width()
+      << ",\"h\":" << box.height() << "}";
+  return out.str();
+}
+
+std::string stateJson(Session const& session) {
+  InputProbe const& probe = *session.probe;
+  XY<int> const panelAt = session.panel->screenPosition();
+  std::ostringstream out;
+  out << "{\"window\":" << jsonBox(session.panel->canvas()->screenBox())
+      << ",\"probe\":" << jsonBox(Zo::Box<int>(0, 0, probe.width(), probe.height()).translated(probe.screenPosition()))
+      << ",\"title\":" << jsonBox(session.panel->getTitleArea().translated(panelAt)) << ",\"downs\":" << probe.downs()
+      << ",\"ups\":" << probe.ups() << ",\"clicks\":" << probe.lastClicks() << ",\"lastDown\":[" << probe.lastDown().x
+      << "," << probe.lastDown().y << "],\"keys\":" << probe.keysDown() << ",\"lastKey\":" << probe.lastKey()
+      << ",\"wheel\":" << probe.wheelSteps() << ",\"scale\":" << UifStd::getScale()
+      << ",\"text\":" << jsonString(probe.typed()) << "}";
+  return out.str();
+}
+
+std::string pixelJson(int x, int topDownY) {
+  int const y = screenBackend().screenSize().y - 1 - topDownY;
+  auto image = mediaServices().getHostImage(Zo::Box<int>(x, y, x + 1, y + 1));
+  char colour[16];
+  std::snprintf(colour, sizeof colour, "#%06x", image ? image->pixelAt(XY<int>(x, y)) & 0xffffffu : 0u);
+  return std::string("{\"pixel\":\"") + colour + "\"}";
+}
+
+void answer(Session& session, std::string const& line) {
+  std::istringstream words(line);
+  std::string command;
+  words >> command;
+  if (command == "state") {
+    std::cout << stateJson(session) << std::endl;
+  } else if (command == "pixel") {
+    int x = 0, y = 0;
+    words >> x >> y;
+    std::cout << pixelJson(x, y) << std::endl;
+  } else if (command == "copy") {
+    std::string text;
+    std::getline(words >> std::ws, text);
+    OS().setClipboardText(toWide(text));
+    std::cout << "{\"copied\":" << jsonString(text) << "}" << std::endl;
+  } else if (command == "grow") {
+    int const row = UifStd::getRowHeight();
+    session.panel->resize(session.panel->width() + row * 2, session.panel->height() + row);
+    std::cout << stateJson(session) << std::endl;
+  } else if (command == "quit") {
+    session.quit = true;
+  } else if (!command.empty()) {
+    std::cout << "{\"error\":" << jsonString("unknown command " + command) << "}" << std::endl;
+  }
+}
+
+int saveHeadlessShot(char const* path) {
+  Session session;
+  openPanel(session);
+  bool const saved = HeadlessScreen::saveWindowShot(*session.panel, path);
+  GlobManager::requestDeletion(session.panel);
+  MessageLoop::runPending();
+  return saved ? 0 : 1;
+}
+
+bool hasFlag(int argc, char** argv, std::string_view flag) {
+  for (int i = 1; i < argc; ++i)
+    if (argv[i] == flag)
+      return true;
+  return false;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  for (int i = 1; i + 1 < argc; ++i)
+    if (std::string_view(argv[i]) == "--shot") {
+      useHeadlessScreen();
+      return saveHeadlessShot(argv[i + 1]);
+    }
+  if (chooseScreenBackend(argc, argv) != ScreenBackendKind::display) {
+    std::cerr << "zoe2e: needs a display\n";
+    return 1;
+  }
+  if (hasFlag(argc, argv, "--paste")) {
+    std::cout << toNarrow(OS().clipboardText()) << std::endl;
+    return 0;
+  }
+  Session session;
+  openPanel(session);
+  // Commands arrive on a thread of their own and are answered on the
+  // user-interface thread, between window events.
+  std::thread reader([&session] {
+    std::string line;
+    while (std::getline(std::cin, line))
+      defer([&session, line] { answer(session, line); });
+    defer([&session] { session.quit = true; });
+  });
+  reader.detach();
+  displayScreen()->runUntil([&] { return session.quit; }, std::chrono::hours(1));
+  GlobManager::requestDeletion(session.panel);
+  MessageLoop::runPending();
+  return 0;
+}
