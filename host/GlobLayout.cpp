@@ -5,19 +5,7 @@
 
 namespace {
 
-// Rounds down (towards minus infinity) to a multiple of `grid`.
-int floorToGrid(int value, int grid) {
-  if (grid <= 1)
-    return value;
-  int q = value / grid;
-  if (value % grid != 0 && value < 0)
-    --q;
-  return q * grid;
-}
-
 int halfOf(int value) { return value >= 0 ? value / 2 : -((-value + 1) / 2); }
-
-int centred(int start, int span, int size, int grid) { return start + floorToGrid(halfOf(span - size), grid); }
 
 } // namespace
 
@@ -154,35 +142,7 @@ XY<int> Glob::placeChild(Glob const& child, Glob const* sibling) const {
     }
   }
 
-  Zo::Box<int> const a = placementArea(p.area);
-  int const left = a.x0 + p.x + s.left;
-  int const right = a.x1 - p.x - s.right - w;
-  int const top = a.y1 - p.y - s.top - h;
-  int const bottom = a.y0 + p.y + s.bottom;
-  int const midX = centred(a.x0, a.width(), w, p.grid) + p.x;
-  int const midY = centred(a.y0, a.height(), h, p.grid) + p.y;
-  switch (p.kind) {
-  case WidgetPosition::kTopLeft:
-    return XY<int>(left, top);
-  case WidgetPosition::kTopRight:
-    return XY<int>(right, top);
-  case WidgetPosition::kBottomLeft:
-    return XY<int>(left, bottom);
-  case WidgetPosition::kBottomRight:
-    return XY<int>(right, bottom);
-  case WidgetPosition::kTopCentre:
-    return XY<int>(midX, top);
-  case WidgetPosition::kBottomCentre:
-    return XY<int>(midX, bottom);
-  case WidgetPosition::kCentre:
-    return XY<int>(midX, midY);
-  case WidgetPosition::kLeftCentre:
-    return XY<int>(left, midY);
-  case WidgetPosition::kRightCentre:
-    return XY<int>(right, midY);
-  default:
-    return XY<int>(p.x, p.y);
-  }
+  return p.placeInArea(placementArea(p.area), XY<int>(w, h), s);
 }
 
 void Glob::setWidgetDetails(WidgetPosition const& position, WidgetSurround const& surround) {

@@ -64,26 +64,13 @@ Glob* GlobManager::getParentForGlob(Glob* owner) { return is_good_glob_ptr(owner
 XY<int> GlobManager::getPosForGlob(GlobCreationInfo const& info, WidgetPosition const& position) {
   if (!info.screenPosition.isUnset())
     return info.screenPosition;
-  XY<int> screen = screenBackend().screenSize();
-  XY<int> size = info.size;
-  int const left = position.x;
-  int const right = screen.x - size.x - position.x;
-  int const top = screen.y - size.y - position.y;
-  int const bottom = position.y;
-  switch (position.kind) {
-  case WidgetPosition::kTopLeft:
-    return XY<int>(left, top);
-  case WidgetPosition::kTopRight:
-    return XY<int>(right, top);
-  case WidgetPosition::kBottomLeft:
-    return XY<int>(left, bottom);
-  case WidgetPosition::kBottomRight:
-    return XY<int>(right, bottom);
-  case WidgetPosition::kAbsolute:
+  XY<int> const screen = screenBackend().screenSize();
+  Zo::Box<int> const whole(0, 0, screen.x, screen.y);
+  if (position.isAreaRelative())
+    return position.placeInArea(whole, info.size);
+  if (position.kind == WidgetPosition::kAbsolute)
     return XY<int>(position.x, position.y);
-  default:
-    return XY<int>((screen.x - size.x) / 2, (screen.y - size.y) / 2);
-  }
+  return WidgetPosition{WidgetPosition::kCentre}.placeInArea(whole, info.size);
 }
 
 XY<int> GlobManager::getSafePosForGlob(Canvas*, XY<int> size, XY<int> position) {

@@ -174,23 +174,22 @@ void deliverKeyEvent(Event const& event) {
 
 } // namespace
 
-void InputRouter::keyPressed(int key, int modifiers) {
+namespace {
+
+void deliverKey(int type, int key, int modifiers) {
   Event event;
-  event.type = Event::kKeyDown;
+  event.type = type;
   event.key = key | modifiers;
   event.modifiers = modifiers;
   event.screenPosition = state().mouse;
   deliverKeyEvent(event);
 }
 
-void InputRouter::keyReleased(int key, int modifiers) {
-  Event event;
-  event.type = Event::kKeyUp;
-  event.key = key | modifiers;
-  event.modifiers = modifiers;
-  event.screenPosition = state().mouse;
-  deliverKeyEvent(event);
-}
+} // namespace
+
+void InputRouter::keyPressed(int key, int modifiers) { deliverKey(Event::kKeyDown, key, modifiers); }
+
+void InputRouter::keyReleased(int key, int modifiers) { deliverKey(Event::kKeyUp, key, modifiers); }
 
 void InputRouter::textTyped(std::string_view utf8) {
   if (utf8.empty())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <zowidgets/host/Box.h>
 #include <zowidgets/host/XY.h>
 
 class Glob;
@@ -115,4 +116,9 @@ struct ZO_API WidgetPosition {
   eWidgetAlignment alignment = kAlignStart;
 
   bool isSiblingRelative() const noexcept { return kind >= kAbove && kind <= kRightOf; }
+  bool isAreaRelative() const noexcept { return kind >= kTopLeft && kind <= kRightCentre; }
+
+  // Where a box of `size` with `surround` goes in `area` for a corner or
+  // centring kind (its bottom-left corner); (x, y) itself for other kinds.
+  XY<int> placeInArea(Zo::Box<int> const& area, XY<int> size, WidgetSurround const& surround = {}) const;
 };
