@@ -1,11 +1,13 @@
 #pragma once
 // Every public header of zowidgets and its host toolkit.
 #include <zowidgets/host/AttribValuePair.h>
+#include <zowidgets/host/BackgroundTask.h>
 #include <zowidgets/host/Box.h>
 #include <zowidgets/host/Button.h>
 #include <zowidgets/host/Canvas.h>
 #include <zowidgets/host/CanvasRenderer.h>
 #include <zowidgets/host/Checkbox.h>
+#include <zowidgets/host/Clock.h>
 #include <zowidgets/host/Colour.h>
 #include <zowidgets/host/ColourData.h>
 #include <zowidgets/host/Command.h>
@@ -48,6 +50,7 @@
 #include <zowidgets/host/OS.h>
 #include <zowidgets/host/OffscreenBuffer.h>
 #include <zowidgets/host/Palette.h>
+#include <zowidgets/host/Preferences.h>
 #include <zowidgets/host/Ptr.h>
 #include <zowidgets/host/PushButton.h>
 #include <zowidgets/host/ResourceStrings.h>
@@ -65,6 +68,7 @@
 #include <zowidgets/host/TextLabel.h>
 #include <zowidgets/host/TextLayout.h>
 #include <zowidgets/host/TextSearch.h>
+#include <zowidgets/host/Timer.h>
 #include <zowidgets/host/TitleGlob.h>
 #include <zowidgets/host/TitleTextBox.h>
 #include <zowidgets/host/UIString.h>

@@ -1,7 +1,12 @@
 #include <zowidgets/host/MessageQueue.h>
 
+#include <zowidgets/host/Clock.h>
+#include <zowidgets/host/Timer.h>
+
+#include <algorithm>
 #include <atomic>
 #include <condition_variable>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <mutex>
@@ -24,6 +29,8 @@ struct Queue {
   std::deque<Item> items;
   std::unordered_map<std::string, std::shared_ptr<Action>> waitingByKey;
   std::thread::id uiThread = std::this_thread::get_id();
+  // Counts wake() calls, so a wake between a check and the wait is not lost.
+  std::uint64_t wakeups = 0;
 };
 
 Queue& queue() {
@@ -139,20 +146,56 @@ std::size_t MessageLoop::runPending() {
     action();
     ++ran;
   }
-  return ran;
+  return ran + Timer::fireDue();
 }
+
+namespace {
+
+std::uint64_t wakeupsSoFar(Queue& q) {
+  std::lock_guard lock(q.mutex);
+  return q.wakeups;
+}
+
+// When the next timer falls due, in steady-clock time, if before `limit`.
+std::chrono::steady_clock::time_point nextWake(std::chrono::steady_clock::time_point limit) {
+  auto deadline = Timer::nextDeadline();
+  if (!deadline)
+    return limit;
+  auto wait = std::chrono::duration<double, std::milli>(std::max(*deadline - msecsNow(), 0.0));
+  auto now = std::chrono::steady_clock::now();
+  if (wait >= limit - now)
+    return limit;
+  return now + std::chrono::ceil<std::chrono::steady_clock::duration>(wait);
+}
+
+// A timeout too long to add to the present time means no timeout at all.
+std::chrono::steady_clock::time_point deadlineAfter(std::chrono::milliseconds timeout) {
+  auto const now = std::chrono::steady_clock::now();
+  auto const room =
+      std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::time_point::max() - now);
+  return timeout >= room ? std::chrono::steady_clock::time_point::max() : now + timeout;
+}
+
+} // namespace
 
 bool MessageLoop::runUntil(std::function<bool()> const& done, std::chrono::milliseconds timeout) {
   if (!onUIThread())
     return done();
-  auto deadline = std::chrono::steady_clock::now() + timeout;
+  auto const deadline = deadlineAfter(timeout);
   Queue& q = queue();
   for (;;) {
+    std::uint64_t const seen = wakeupsSoFar(q);
     runPending();
     if (done())
       return true;
+    auto const wakeAt = nextWake(deadline);
+    auto const woken = [&] { return !q.items.empty() || q.wakeups != seen; };
     std::unique_lock lock(q.mutex);
-    if (q.items.empty() && q.posted.wait_until(lock, deadline) == std::cv_status::timeout && q.items.empty()) {
+    if (wakeAt == std::chrono::steady_clock::time_point::max())
+      q.posted.wait(lock, woken);
+    else
+      q.posted.wait_until(lock, wakeAt, woken);
+    if (q.items.empty() && std::chrono::steady_clock::now() >= deadline) {
       lock.unlock();
       return done();
     }
@@ -171,4 +214,11 @@ void MessageLoop::adoptCurrentThread() {
   q.uiThread = std::this_thread::get_id();
 }
 
-void MessageLoop::wake() { queue().posted.notify_all(); }
+void MessageLoop::wake() {
+  Queue& q = queue();
+  {
+    std::lock_guard lock(q.mutex);
+    ++q.wakeups;
+  }
+  q.posted.notify_all();
+}

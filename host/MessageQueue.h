@@ -32,20 +32,25 @@ ZO_API void defer(std::function<void()> const& action, Canvas* canvas = nullptr)
 ZO_API bool deferUnique(std::function<void()> const& action, LightweightString<char> const& key,
                         Canvas* canvas = nullptr);
 
-// The loop that delivers queued work on the user-interface thread. Programs and
-// tests pump it; the toolkit's timers and input feed the same queue.
+// The loop that delivers queued work and fires timers (host/Timer.h) on the
+// user-interface thread. Programs and tests pump it; the toolkit's input feeds
+// the same queue.
 class ZO_API MessageLoop {
 public:
-  // Runs what was queued before the call (not what that work queues in turn).
-  // Returns how many items ran; does nothing off the user-interface thread.
+  // Runs what was queued before the call (not what that work queues in turn),
+  // then fires the timers that are due. Returns how many items ran and timers
+  // fired; does nothing off the user-interface thread.
   static std::size_t runPending();
-  // Runs queued work, waiting for more, until `done` says so or `timeout`
-  // passes. Returns the final answer of `done`.
+  // Runs queued work and due timers, sleeping until more is posted or the
+  // next timer falls due, until `done` says so or `timeout` passes (in real
+  // time, whatever a TestClock says; a timeout too long to represent means
+  // none). Returns the final answer of `done`.
   static bool runUntil(std::function<bool()> const& done, std::chrono::milliseconds timeout);
   static std::size_t pendingCount();
   // Makes the calling thread the user-interface thread. By default it is the
   // thread that loaded the library.
   static void adoptCurrentThread();
-  // Wakes a thread blocked in runUntil, as posting does.
+  // Wakes a thread sleeping in runUntil so that it checks `done`, the queue
+  // and the timers again. Safe from any thread; a wake is never lost.
   static void wake();
 };

@@ -2,15 +2,31 @@
 
 #include <zowidgets/host/LightweightString.h>
 
+#include <string_view>
 #include <vector>
 
 using ResId = int;
 
-// The process-wide string table. Safe from any thread; an id with no text
-// reads as an empty string.
+// The process-wide string tables. The text of an id is, first found: a text
+// set at run time with setResourceString, the table of the chosen language,
+// the English table, or else a visible placeholder with the number,
+// "\u2039res 12345\u203A", so a missing text shows without harming anything.
+// The tables are read on first use from the files shipped with the library
+// (docs/host-services.md). Safe from any thread.
 ZO_API LightweightString<wchar_t> resourceStrW(ResId id);
+// True when a table, or a text set at run time, has the id.
+ZO_API bool hasResourceString(ResId id);
 ZO_API void setResourceString(ResId id, LightweightString<wchar_t> const& text);
+// Forgets the texts set at run time; the tables stay.
 ZO_API void clearResourceStrings();
+
+// Chooses the table consulted before the English one, by language code
+// ("de" reads de.json). An empty code means $ZOWIDGETS_LANGUAGE, or English
+// when that is unset. Returns false, and leaves English alone in use, when
+// there is no readable table for the code.
+ZO_API bool setResourceLanguage(std::string_view language);
+// The code in use: "en" when only the English table is.
+ZO_API LightweightString<char> resourceLanguage();
 
 // The text followed by an ellipsis (U+2026), as on a menu item or button that
 // opens a dialogue. Empty text stays empty, and text that already ends with an

@@ -14,8 +14,9 @@ public:
   explicit UIString(ResId id) : id_(id) {}
   UIString(ResId id, LightweightString<wchar_t> const& fallback) : id_(id), text_(fallback) {}
 
-  // The text to show: the resource text when there is an id and the table
-  // holds text for it, otherwise the literal text.
+  // The text to show: the resource text when there is an id and some table
+  // holds text for it, otherwise the literal text, or failing that the
+  // placeholder that resourceStrW gives for a missing id.
   LightweightString<wchar_t> getString() const;
 
   ResId resId() const noexcept { return id_; }
