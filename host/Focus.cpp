@@ -1,6 +1,7 @@
 #include <zowidgets/host/Glob.h>
 #include <zowidgets/host/GlobRegistry.h>
 #include <zowidgets/host/TabOrderManager.h>
+#include <zowidgets/host/Timer.h>
 
 #include <algorithm>
 
@@ -74,6 +75,18 @@ void Glob::handleKbdFocus(bool) { invalidate(); }
 bool Glob::hasKbdFocus() const { return get_kbd_focus() == this; }
 
 int Glob::intercept(Event const&) { return 0; }
+
+void Glob::setInterest(unsigned flags) {
+  interest_ |= flags;
+  if (flags & kTimerInterest)
+    TimerTicks::addInterest(this);
+}
+
+void Glob::clearInterest(unsigned flags) {
+  interest_ &= ~flags;
+  if (flags & kTimerInterest)
+    TimerTicks::removeInterest(this);
+}
 
 void TabOrderManager::addTabStop(TabOrderable& widget, unsigned order) {
   if (contains(&widget))

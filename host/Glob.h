@@ -184,6 +184,15 @@ public:
   static int sendMsg(Glob* target, LightweightString<char> const& message, Glob* sender = nullptr);
   int sendMsg(LightweightString<char> const& message) { return sendMsg(parent_, message, this); }
 
+  // Interest flags. kTimerInterest asks for an Event::kTimer tick through
+  // react() every few tens of milliseconds, on the user-interface thread.
+  static constexpr unsigned kTimerInterest = 4096;
+  void setInterest(unsigned flags);
+  void clearInterest(unsigned flags);
+  unsigned getInterest() const noexcept { return interest_; }
+  // Queued messages and timer ticks reach react().
+  int handleEvent(Event const& event) override { return react(event); }
+
   // --- Persistence ----------------------------------------------------------
   virtual void dump(configb& into) const;
   virtual void load(configb const& from);
@@ -232,6 +241,7 @@ private:
   bool resizable_ = true;
   bool laying_out_ = false;
   int paintCount_ = 0;
+  unsigned interest_ = 0;
 };
 
 // True while `widget` is a live widget (and, with a name, one whose idstring

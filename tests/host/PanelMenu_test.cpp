@@ -80,3 +80,36 @@ TEST_F(PanelMenuTest, MessageWindowsUseThePopupPalette) {
 }
 
 } // namespace
+
+#include <zowidgets/host/Clock.h>
+#include <zowidgets/host/Timer.h>
+
+namespace {
+
+class TickingPanel : public StandardPanel {
+public:
+  using StandardPanel::StandardPanel;
+  void handleTimerEvent() override { ++ticks; }
+  int ticks = 0;
+};
+
+using PanelTimerTest = HeadlessScreenTest;
+
+TEST_F(PanelTimerTest, TheTimerInterestBringsTicksToHandleTimerEventUntilCleared) {
+  static_assert(Glob::kTimerInterest == TimerTicks::kInterest);
+  TestClock clock;
+  auto* panel = new TickingPanel(StandardPanel::InitArgs(XY<int>(50, 50)));
+  GlobManager::realize(panel);
+  panel->setInterest(Glob::kTimerInterest);
+  clock.advance(TimerTicks::kIntervalMs * 3 + 1);
+  pump();
+  EXPECT_GE(panel->ticks, 1);
+  int const counted = panel->ticks;
+  panel->clearInterest(Glob::kTimerInterest);
+  clock.advance(TimerTicks::kIntervalMs * 3);
+  pump();
+  EXPECT_EQ(panel->ticks, counted);
+  EXPECT_EQ(panel->getInterest(), 0u);
+}
+
+} // namespace
