@@ -1,0 +1,76 @@
+#include "Launcher.h"
+
+#include "PageLayout.h"
+
+#include <zowidgets/host/GlobManager.h>
+#include <zowidgets/host/PushButton.h>
+#include <zowidgets/host/ScreenBackend.h>
+#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/VerticalScrollingBase.h>
+#include <zowidgets/host/display/DisplayScreen.h>
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+
+namespace {
+
+// Where the next page opens: to the right of the launcher, each a row further
+// right and down than the last, starting again after a few.
+class PagePlacer {
+public:
+  explicit PagePlacer(Glob const& launcher)
+      : origin_(launcher.screenPosition().x + launcher.width() + UifStd::getWidgetGap(),
+                screenBackend().screenSize().y / 3) {}
+  XY<int> next() {
+    int const step = UifStd::getRowHeight() * (opened_++ % kCascade);
+    return XY<int>(origin_.x + step, origin_.y - step);
+  }
+
+private:
+  static constexpr int kCascade = 8;
+  XY<int> origin_;
+  int opened_ = 0;
+};
+
+void openLauncher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
+  PageMetrics const m = PageMetrics::current();
+  int const rowsShown = std::clamp(static_cast<int>(pages.size()), 1, 16);
+  XY<int> const userArea(m.row * 12, rowsShown * m.row + (rowsShown - 1) * m.rowGap);
+  unsigned const widgets = StandardPanel::kTitle | StandardPanel::kPoot;
+  VerticalScrollingBase::InitArgs args(
+      StandardPanel::calcPanelSize(userArea, widgets, StandardPanel::getDefaultBorder()));
+  args.standardWidgets = widgets;
+  args.title = L"zowidgets gallery";
+  // Near the top left, leaving the rest of the screen to the pages.
+  args.screenPosition = XY<int>(m.row, screenBackend().screenSize().y - args.size.y - 2 * m.row);
+  auto* launcher = new VerticalScrollingBase(args);
+  GlobManager::realize(launcher);
+  auto placer = std::make_shared<PagePlacer>(*launcher);
+  for (GalleryPage const& page : pages) {
+    auto* button = launcher->createManagedWidget<PushButton>(
+        PushButton::InitArgs(toWide(page.title), XY<int>(launcher->getView()->width(), 0)));
+    // Deferred: the page opens after the click has been handled.
+    button->setCallback(Broadcaster<ButtonEvent>::makeCallback(
+        [page, placer, &model](ButtonEvent const&) {
+          page.build(PageContext{model, placer->next()});
+        },
+        1));
+  }
+  launcher->recalcWidgetsHeight();
+  launcher->resetView();
+}
+
+} // namespace
+
+int runLauncher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
+  DisplayScreen* display = displayScreen();
+  if (!display)
+    return 1;
+  openLauncher(pages, model);
+  auto const allClosed = [] { return GlobManager::topLevelWindows().empty(); };
+  while (!display->runUntil(allClosed, std::chrono::hours(1)))
+    if (!display->pumpEvents())
+      break;
+  return 0;
+}

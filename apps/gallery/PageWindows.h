@@ -1,0 +1,27 @@
+#pragma once
+
+#include "GalleryPage.h"
+
+#include <zowidgets/host/ImageSurface.h>
+
+#include <vector>
+
+// The windows a page opened: its main window first, then any others it (or a
+// command it ran) opened, such as an open menu.
+struct PageWindows {
+  Glob* main = nullptr;
+  std::vector<Glob*> all;
+};
+
+// The top-level windows that are open now but were not in `before`.
+std::vector<Glob*> windowsOpenedSince(std::vector<Glob*> const& before);
+// Builds a page and collects the top-level windows that appeared while it
+// was built, with the message loop drained.
+PageWindows openPage(GalleryPage const& page, PageContext const& context);
+// Runs queued work until none is left, then paints what is damaged.
+void settleWindows();
+// The page's picture: the main window alone, or the part of the screen that
+// covers all of its windows.
+Zo::Image::Surface capturePage(PageWindows const& windows);
+// Deletes the page's windows that are still open.
+void closePage(PageWindows const& windows);

@@ -1,0 +1,190 @@
+#include "CommandPages.h"
+#include "GalleryModel.h"
+#include "GalleryPage.h"
+#include "HeadlessGallery.h"
+#include "HtmlIndex.h"
+#include "PageWindows.h"
+
+#include <zowidgets/host/Checkbox.h>
+#include <zowidgets/host/Command.h>
+#include <zowidgets/host/GlobManager.h>
+#include <zowidgets/host/StandardPanel.h>
+#include <zowidgets/host/TextLabel.h>
+#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/VerticalScrollingBase.h>
+#include <zowidgets/host/headless/HeadlessInput.h>
+#include <zowidgets/host/headless/HeadlessScreen.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+struct GalleryTest : ::testing::Test {
+  void SetUp() override { useHeadlessScreen(); }
+  void TearDown() override {
+    for (Glob* window : GlobManager::topLevelWindows())
+      GlobManager::requestDeletion(window);
+    settleWindows();
+    UifStd::setScale(1.0);
+  }
+
+  static GalleryPage const* findPage(std::vector<GalleryPage> const& pages, std::string const& name) {
+    auto found = std::find_if(pages.begin(), pages.end(), [&](GalleryPage const& page) { return page.name == name; });
+    return found == pages.end() ? nullptr : &*found;
+  }
+
+  GalleryModel model;
+  PageContext context{model, XY<int>(40, 300)};
+};
+
+// The descendants of a widget that are of type T, depth first.
+template <class T> void collect(Glob& widget, std::vector<T*>& found) {
+  if (auto* match = dynamic_cast<T*>(&widget))
+    found.push_back(match);
+  for (Glob* child : widget.getChildren())
+    collect(*child, found);
+}
+
+TEST(GalleryHtml, EscapesEveryMarkupCharacter) {
+  EXPECT_EQ(escapeHtml("<a href=\"x\">Tom & Jerry's</a>"),
+            "&lt;a href=&quot;x&quot;&gt;Tom &amp; Jerry&#39;s&lt;/a&gt;");
+  EXPECT_EQ(escapeHtml("plain text"), "plain text");
+}
+
+TEST(GalleryCommands, CommandNamesBecomeFileSafe) {
+  EXPECT_EQ(fileSafeName("view.zoom-in_2"), "view.zoom-in_2");
+  EXPECT_EQ(fileSafeName("file/open as<x>"), "file_open_as_x_");
+}
+
+TEST_F(GalleryTest, EveryWidgetFamilyHasARegisteredPage) {
+  std::vector<GalleryPage> const pages = allPages();
+  for (char const* name :
+       {"buttons", "menus", "menus-open", "text-entry", "values", "groups", "scrolling", "standard-panel", "commands"})
+    EXPECT_NE(findPage(pages, name), nullptr) << name;
+}
+
+TEST_F(GalleryTest, EveryPageOpensAWindowAndScalesWithTheInterface) {
+  for (GalleryPage const& page : allPages()) {
+    PageWindows const small = openPage(page, context);
+    ASSERT_NE(small.main, nullptr) << page.name;
+    int const smallWidth = capturePage(small).width();
+    closePage(small);
+    UifStd::setScale(2.0);
+    PageWindows const large = openPage(page, context);
+    ASSERT_NE(large.main, nullptr) << page.name;
+    EXPECT_GT(capturePage(large).width(), smallWidth * 3 / 2) << page.name;
+    closePage(large);
+    UifStd::setScale(1.0);
+    EXPECT_TRUE(GlobManager::topLevelWindows().empty()) << page.name << " left a window open";
+  }
+}
+
+TEST_F(GalleryTest, TheOpenMenuPageCapturesThePanelAndItsMenu) {
+  std::vector<GalleryPage> const pages = allPages();
+  PageWindows const windows = openPage(*findPage(pages, "menus-open"), context);
+  ASSERT_EQ(windows.all.size(), 2u);
+  Glob* menu = windows.all[0] == windows.main ? windows.all[1] : windows.all[0];
+  EXPECT_STREQ(menu->idstring(), "MenuWindow");
+  Zo::Image::Surface const picture = capturePage(windows);
+  EXPECT_GT(picture.height(), windows.main->height());
+  EXPECT_GE(picture.width(), windows.main->width());
+}
+
+TEST_F(GalleryTest, BoxesBoundToOneValueFollowEachOtherWhenClicked) {
+  std::vector<GalleryPage> const pages = allPages();
+  PageWindows const windows = openPage(*findPage(pages, "buttons"), context);
+  std::vector<Checkbox*> boxes;
+  collect(*windows.main, boxes);
+  ASSERT_GE(boxes.size(), 2u);
+  ASSERT_TRUE(boxes[0]->isChecked());
+  ASSERT_TRUE(boxes[1]->isChecked());
+  HeadlessInput::clickOn(*boxes[0]);
+  settleWindows();
+  EXPECT_FALSE(model.loop.get());
+  EXPECT_FALSE(boxes[1]->isChecked());
+}
+
+TEST_F(GalleryTest, ACommandPageRunsTheCommandAndCapturesTheWindowItOpens) {
+  auto openDialog = [](Cmd::Context const&) {
+    StandardPanel::InitArgs args(XY<int>(200, 120));
+    args.screenPosition = XY<int>(700, 300);
+    args.standardWidgets = StandardPanel::kTitle;
+    args.title = L"Opened by the command";
+    GlobManager::realize(new StandardPanel(args));
+  };
+  ASSERT_TRUE(CommandMap::registerCommand("gallery.test/open", openDialog, L"Open", L"Opens a dialogue"));
+  std::vector<GalleryPage> const pages = allPages();
+  GalleryPage const* page = findPage(pages, "command-gallery.test_open");
+  ASSERT_NE(page, nullptr);
+  EXPECT_EQ(page->description, "Opens a dialogue");
+
+  PageWindows const windows = openPage(*page, context);
+  ASSERT_EQ(windows.all.size(), 2u);
+  Zo::Image::Surface const picture = capturePage(windows);
+  // The picture spans the card and the dialogue, which lie far apart.
+  EXPECT_GE(picture.width(), 700 + 200 - context.screenPosition.x);
+  closePage(windows);
+  EXPECT_TRUE(GlobManager::topLevelWindows().empty());
+
+  PageWindows const list = openPage(*findPage(pages, "commands"), context);
+  auto* scrolling = dynamic_cast<VerticalScrollingBase*>(list.main);
+  ASSERT_NE(scrolling, nullptr);
+  std::vector<TextLabel*> rows;
+  collect(*scrolling->getView(), rows);
+  ASSERT_EQ(rows.size(), CommandMap::commandNames().size());
+  bool listed = std::any_of(rows.begin(), rows.end(), [](TextLabel* row) {
+    return toNarrow(row->getString().getString()).starts_with("gallery.test/open");
+  });
+  EXPECT_TRUE(listed);
+  EXPECT_TRUE(CommandMap::unregisterCommand("gallery.test/open"));
+}
+
+TEST_F(GalleryTest, FailingPagesAreReportedClosedAndLeftOutOfTheIndexPictures) {
+  std::vector<GalleryPage> const registered = allPages();
+  std::vector<GalleryPage> pages{*findPage(registered, "buttons")};
+  pages.push_back({"throws", "Throws <after> opening", "", [](PageContext const& context) -> Glob* {
+                     findPage(allPages(), "values")->build(context);
+                     throw std::runtime_error("builder broke");
+                   }});
+  pages.push_back({"empty", "Opens nothing", "", [](PageContext const&) -> Glob* { return nullptr; }});
+  std::filesystem::path const dir = std::filesystem::temp_directory_path() / "zogallery_failing_pages";
+  std::filesystem::remove_all(dir);
+  std::ostringstream progress;
+
+  EXPECT_EQ(renderGallery(pages, model, dir, progress), 2);
+  std::string const report = progress.str();
+  EXPECT_NE(report.find("[1/3] Buttons ... ok"), std::string::npos) << report;
+  EXPECT_NE(report.find("[2/3] Throws <after> opening ... FAILED: builder broke"), std::string::npos) << report;
+  EXPECT_NE(report.find("[3/3] Opens nothing ... FAILED: the page opened no window"), std::string::npos) << report;
+  EXPECT_NE(report.find("3 pages, 1 written, 2 failed, in "), std::string::npos) << report;
+  EXPECT_TRUE(GlobManager::topLevelWindows().empty());
+  EXPECT_GT(std::filesystem::file_size(dir / "buttons.png"), 0u);
+  EXPECT_FALSE(std::filesystem::exists(dir / "throws.png"));
+  std::ifstream index(dir / "index.html");
+  std::string const html{std::istreambuf_iterator<char>(index), std::istreambuf_iterator<char>()};
+  EXPECT_NE(html.find("<img src=\"buttons.png\""), std::string::npos);
+  EXPECT_EQ(html.find("throws.png"), std::string::npos);
+  EXPECT_NE(html.find("Throws &lt;after&gt; opening"), std::string::npos);
+  std::filesystem::remove_all(dir);
+}
+
+TEST_F(GalleryTest, CommandsWhoseSafeNamesClashGetPagesOfTheirOwn) {
+  auto nothing = [](Cmd::Context const&) {};
+  ASSERT_TRUE(CommandMap::registerCommand("gallery.test/clash", nothing));
+  ASSERT_TRUE(CommandMap::registerCommand("gallery.test_clash", nothing));
+  std::vector<GalleryPage> const pages = allPages();
+  EXPECT_NE(findPage(pages, "command-gallery.test_clash"), nullptr);
+  EXPECT_NE(findPage(pages, "command-gallery.test_clash-2"), nullptr);
+  EXPECT_TRUE(CommandMap::unregisterCommand("gallery.test/clash"));
+  EXPECT_TRUE(CommandMap::unregisterCommand("gallery.test_clash"));
+}
+
+} // namespace
