@@ -30,6 +30,8 @@
 #include <zowidgets/host/GlobManager.h>
 #include <zowidgets/host/GlobRegistry.h>
 #include <zowidgets/host/GraphicPrimitives.h>
+#include <zowidgets/host/HTMLRenderer.h>
+#include <zowidgets/host/HTMLUtils.h>
 #include <zowidgets/host/IdStamp.h>
 #include <zowidgets/host/ImageSurface.h>
 #include <zowidgets/host/InputRouter.h>
@@ -40,9 +42,11 @@
 #include <zowidgets/host/LastValServer.h>
 #include <zowidgets/host/LightweightString.h>
 #include <zowidgets/host/LightweightVector.h>
+#include <zowidgets/host/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/MediaServices.h>
 #include <zowidgets/host/Menu.h>
 #include <zowidgets/host/MessageQueue.h>
+#include <zowidgets/host/MultiLineTextBox.h>
 #include <zowidgets/host/NormalisedRGB.h>
 #include <zowidgets/host/NotifyMsg.h>
 #include <zowidgets/host/NotifyMsgTypeDictionary.h>
@@ -71,6 +75,7 @@
 #include <zowidgets/host/Timer.h>
 #include <zowidgets/host/TitleGlob.h>
 #include <zowidgets/host/TitleTextBox.h>
+#include <zowidgets/host/Tooltip.h>
 #include <zowidgets/host/UIString.h>
 #include <zowidgets/host/UifStd.h>
 #include <zowidgets/host/VerticalScrollingBase.h>

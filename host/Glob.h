@@ -6,6 +6,7 @@
 #include <zowidgets/host/Event.h>
 #include <zowidgets/host/EventHandler.h>
 #include <zowidgets/host/GlobCreationInfo.h>
+#include <zowidgets/host/UIString.h>
 
 #include <functional>
 #include <memory>
@@ -193,6 +194,10 @@ public:
   // Queued messages and timer ticks reach react().
   int handleEvent(Event const& event) override { return react(event); }
 
+  // What the tooltip says when the pointer rests here (empty: none).
+  void setContextString(struct TooltipDetails const& details);
+  virtual UIString getTooltip() const { return tooltip_; }
+
   // --- Persistence ----------------------------------------------------------
   virtual void dump(configb& into) const;
   virtual void load(configb const& from);
@@ -242,6 +247,7 @@ private:
   bool laying_out_ = false;
   int paintCount_ = 0;
   unsigned interest_ = 0;
+  UIString tooltip_;
 };
 
 // True while `widget` is a live widget (and, with a name, one whose idstring

@@ -3,6 +3,7 @@
 #include <zowidgets/host/InputRouter.h>
 #include <zowidgets/host/ScreenBackend.h>
 #include <zowidgets/host/TabOrderManager.h>
+#include <zowidgets/host/Tooltip.h>
 
 #include <algorithm>
 
@@ -110,8 +111,10 @@ void InputRouter::mouseMoved(XY<int> screen, int modifiers) {
   if (interceptedFirst(event))
     return;
   Glob* target = s.capture ? s.capture : widgetAt(screen);
-  if (!s.capture)
+  if (!s.capture) {
     updateHover(target, screen, modifiers);
+    Tooltips::pointerMoved(target, screen);
+  }
   updateCursor(target, screen);
   bubble(target, event);
 }
@@ -125,6 +128,7 @@ void InputRouter::mouseButton(XY<int> screen, int button, bool pressed, int modi
   Event event = mouseEvent(pressed ? Event::kMouseDown : Event::kMouseUp, screen, s.buttons | button, modifiers);
   event.clicks = clicks;
   mouseListeners().issueNotification(event, any());
+  Tooltips::dismiss();
   if (interceptedFirst(event))
     return;
   Glob* target = s.capture ? s.capture : widgetAt(screen);
@@ -155,6 +159,7 @@ void InputRouter::mouseWheel(XY<int> screen, int steps, int modifiers) {
 namespace {
 
 void deliverKeyEvent(Event const& event) {
+  Tooltips::dismiss();
   if (interceptedFirst(event))
     return;
   Glob* target = get_kbd_focus();
