@@ -318,6 +318,8 @@ void TextBoxBase::scrollToCaret() {
   scroll_ = std::clamp(scroll_, 0.0, widths.back() - visible);
 }
 
+WidgetSurround TextBoxBase::getLightInsetSurround() { return WidgetSurround::all(static_cast<int>(lineWidth())); }
+
 void TextBoxBase::drawBackground(CanvasRenderer& renderer) {
   Palette const palette = fieldPalette();
   Colour const edge = hasKbdFocus() ? palette.selection() : palette.window(-3);

@@ -31,6 +31,10 @@ public:
   explicit TextBoxBase(InitArgs const& args);
   char const* idstring() const override { return "TextBoxBase"; }
 
+  // The surround that keeps a box's inset edge clear of its neighbours: the
+  // edge's width on every side.
+  static WidgetSurround getLightInsetSurround();
+
   // Replaces the text without raising an event; the caret goes to the end.
   void setString(LightweightString<wchar_t> const& text);
   LightweightString<wchar_t> getString() const;

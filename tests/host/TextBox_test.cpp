@@ -386,3 +386,11 @@ TEST_F(TextBoxTest, TheCaretStaysInViewInALongText) {
 }
 
 } // namespace
+
+TEST(TextBoxSurround, TheLightInsetSurroundIsTheEdgeWidthAtEveryScale) {
+  UifStd::setScale(1.0);
+  EXPECT_EQ(TextBoxBase::getLightInsetSurround(), WidgetSurround::all(1));
+  UifStd::setScale(2.0);
+  EXPECT_EQ(TextBoxBase::getLightInsetSurround(), WidgetSurround::all(2));
+  UifStd::setScale(1.0);
+}
