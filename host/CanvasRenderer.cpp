@@ -184,10 +184,14 @@ CanvasRenderer::~CanvasRenderer() = default;
 int CanvasRenderer::surfaceHeight() const noexcept { return surface_.height(); }
 
 void CanvasRenderer::setClipBox(Zo::Box<int> const& box) {
-  clipBox_ = box.intersect(Zo::Box<int>(0, 0, surface_.width(), surface_.height()));
+  Zo::Box<int> clipped = box.intersect(Zo::Box<int>(0, 0, surface_.width(), surface_.height()));
+  if (clipped != clipBox_) {
+    clipBox_ = clipped;
+    stateApplied_ = false;
+  }
 }
 
-void CanvasRenderer::resetClipBox() { clipBox_ = Zo::Box<int>(0, 0, surface_.width(), surface_.height()); }
+void CanvasRenderer::resetClipBox() { setClipBox(Zo::Box<int>(0, 0, surface_.width(), surface_.height())); }
 
 void CanvasRenderer::addModifiedArea(Zo::Box<int> const& box) {
   modified_ = modified_.unite(box.intersect(Zo::Box<int>(0, 0, surface_.width(), surface_.height())));
@@ -200,9 +204,17 @@ void CanvasRenderer::flush() {
     cairo_surface_flush(cairo_->surface);
 }
 
-void CanvasRenderer::setClipRegion(Zo::Ptr<iRegion> region) { clipRegion_ = std::move(region); }
+void CanvasRenderer::setClipRegion(Zo::Ptr<iRegion> region) {
+  clipRegion_ = std::move(region);
+  stateApplied_ = false;
+}
 
-void CanvasRenderer::setAntialiasingEnabled(bool enabled) { antialias_ = enabled; }
+void CanvasRenderer::setAntialiasingEnabled(bool enabled) {
+  if (enabled != antialias_) {
+    antialias_ = enabled;
+    stateApplied_ = false;
+  }
+}
 
 unsigned int CanvasRenderer::getCaps() const { return kCapsFilteredImageScaling; }
 
@@ -219,22 +231,28 @@ std::vector<TopDownRect> CanvasRenderer::clipRects() const {
 bool CanvasRenderer::begin() {
   if (!accepting_ || !cairo_)
     return false;
-  std::vector<TopDownRect> const clip = clipRects();
-  if (clip.empty())
-    return false;
   cairo_t* context = cairo_->context;
+  // The clip and transform change when a widget starts drawing, not between
+  // its primitives (which restore whatever they change), so they are set up
+  // only when they changed.
+  if (!stateApplied_) {
+    std::vector<TopDownRect> const clip = clipRects();
+    clipEmpty_ = clip.empty();
+    cairo_identity_matrix(context);
+    cairo_reset_clip(context);
+    for (TopDownRect const& rect : clip)
+      cairo_rectangle(context, rect.x, rect.y, rect.width, rect.height);
+    cairo_clip(context);
+    cairo_matrix_t bottomUp;
+    cairo_matrix_init(&bottomUp, 1.0, 0.0, 0.0, -1.0, origin_.x, surface_.height() - origin_.y);
+    cairo_set_matrix(context, &bottomUp);
+    cairo_set_antialias(context, antialias_ ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
+    stateApplied_ = true;
+  }
+  if (clipEmpty_)
+    return false;
   // Other code may have written to the pixels since the last batch.
   cairo_surface_mark_dirty(cairo_->surface);
-  // Every piece of state a batch relies on is set here, afresh.
-  cairo_identity_matrix(context);
-  cairo_reset_clip(context);
-  for (TopDownRect const& rect : clip)
-    cairo_rectangle(context, rect.x, rect.y, rect.width, rect.height);
-  cairo_clip(context);
-  cairo_matrix_t bottomUp;
-  cairo_matrix_init(&bottomUp, 1.0, 0.0, 0.0, -1.0, origin_.x, surface_.height() - origin_.y);
-  cairo_set_matrix(context, &bottomUp);
-  cairo_set_antialias(context, antialias_ ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
   cairo_set_operator(context, CAIRO_OPERATOR_OVER);
   cairo_set_line_cap(context, CAIRO_LINE_CAP_BUTT);
   cairo_set_line_join(context, CAIRO_LINE_JOIN_MITER);

@@ -28,7 +28,12 @@ public:
   Zo::Image::Surface surface() const noexcept { return surface_; }
   int surfaceHeight() const noexcept;
 
-  void setOrigin(XY<int> origin) noexcept { origin_ = origin; }
+  void setOrigin(XY<int> origin) noexcept {
+    if (origin != origin_) {
+      origin_ = origin;
+      stateApplied_ = false;
+    }
+  }
   XY<int> origin() const noexcept { return origin_; }
 
   // Drawing stays inside this box (absolute, bottom-up); the whole surface at
@@ -92,4 +97,9 @@ private:
   Zo::Box<int> modified_;
   bool accepting_ = true;
   bool antialias_ = true;
+  // Whether cairo already holds the clip, transform and antialiasing above,
+  // so that a run of primitives sets them up once; and whether that clip is
+  // empty.
+  bool stateApplied_ = false;
+  bool clipEmpty_ = false;
 };
