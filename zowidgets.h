@@ -22,8 +22,8 @@
 #include <zowidgets/host/EventHandler.h>
 #include <zowidgets/host/ExecutableAction.h>
 #include <zowidgets/host/Export.h>
+#include <zowidgets/host/FileNameRules.h>
 #include <zowidgets/host/FilePaths.h>
-#include <zowidgets/host/FilespecUtils.h>
 #include <zowidgets/host/Fonts.h>
 #include <zowidgets/host/Glob.h>
 #include <zowidgets/host/GlobCreationInfo.h>

@@ -1,4 +1,4 @@
-#include <zowidgets/host/FilespecUtils.h>
+#include <zowidgets/host/FileNameRules.h>
 
 #include <zowidgets/host/FilePaths.h>
 #include <zowidgets/host/OS.h>

@@ -1,5 +1,5 @@
 #include <zowidgets/host/FilePaths.h>
-#include <zowidgets/host/FilespecUtils.h>
+#include <zowidgets/host/FileNameRules.h>
 
 #include "TempFolder.h"
 
