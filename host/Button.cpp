@@ -51,6 +51,20 @@ PressTracker::eOutcome PressTracker::track(Event const& event, XY<int> size) {
   }
 }
 
+PressTracker::Reaction PressTracker::react(Event const& event, XY<int> size) {
+  if (event.type == Event::kKeyDown) {
+    int const key = event.key & ~kKeyModifierMask;
+    bool const activates = key == kSpaceKey || key == kKeyReturn;
+    return Reaction{activates, false, activates};
+  }
+  if (!event.isMouse())
+    return {};
+  bool const wasPressed = isPressed();
+  bool const wasHovered = isHovered();
+  eOutcome const outcome = track(event, size);
+  return Reaction{outcome != kIgnored, wasPressed != isPressed() || wasHovered != isHovered(), outcome == kClicked};
+}
+
 Button::Button(InitArgs const& args)
     : ButtonWidget<LightweightString<wchar_t>>(args), label_(args.label.getString()), message_(args.message),
       icon_(args.icon), style_(args.style), glyph_(args.glyph), latching_(args.latching), autoResize_(args.autoResize) {
@@ -163,23 +177,14 @@ void Button::press() {
 }
 
 int Button::react(Event const& event) {
-  if (event.type == Event::kKeyDown) {
-    int const key = event.key & ~kKeyModifierMask;
-    if (key != kSpaceKey && key != kKeyReturn)
-      return 0;
-    press();
-    return 1;
-  }
-  if (!event.isMouse())
+  if (!event.isMouse() && event.type != Event::kKeyDown)
     return Glob::react(event);
-  bool const wasPressed = tracker_.isPressed();
-  bool const wasHovered = tracker_.isHovered();
-  PressTracker::eOutcome const outcome = tracker_.track(event, getSize());
-  if (wasPressed != tracker_.isPressed() || wasHovered != tracker_.isHovered())
+  PressTracker::Reaction const reaction = tracker_.react(event, getSize());
+  if (reaction.lookChanged)
     invalidate();
-  if (outcome == PressTracker::kClicked)
+  if (reaction.activated)
     press();
-  return outcome == PressTracker::kIgnored ? 0 : 1;
+  return reaction.handled ? 1 : 0;
 }
 
 Zo::Box<int> Button::labelBox() const { return Zo::Box<int>(0, 0, width(), height()); }

@@ -25,6 +25,15 @@ public:
   enum eOutcome : int { kIgnored = 0, kUsed = 1, kClicked = 2 };
   // `size` is the widget's; the event's position is in its coordinates.
   eOutcome track(Event const& event, XY<int> size);
+  // Everything a pressable widget does with an event: Space or Return, or a
+  // click whose press and release both land on the widget, activates it; the
+  // press and hover look may change. Events it does not take are not handled.
+  struct Reaction {
+    bool handled = false;
+    bool lookChanged = false;
+    bool activated = false;
+  };
+  Reaction react(Event const& event, XY<int> size);
   bool isPressed() const noexcept { return down_ && inside_; }
   bool isHovered() const noexcept { return hovered_; }
   void reset() noexcept { down_ = inside_ = hovered_ = false; }

@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int kSpaceKey = ' ';
 constexpr char const* kAppearanceKey = "checkbox.appearance";
 
 // The box is a little over half a row high, so it lines up with text.
@@ -56,23 +55,14 @@ void Checkbox::toggle() {
 }
 
 int Checkbox::react(Event const& event) {
-  if (event.type == Event::kKeyDown) {
-    int const key = event.key & ~kKeyModifierMask;
-    if (key != kSpaceKey && key != kKeyReturn)
-      return 0;
-    toggle();
-    return 1;
-  }
-  if (!event.isMouse())
+  if (!event.isMouse() && event.type != Event::kKeyDown)
     return Glob::react(event);
-  bool const wasPressed = tracker_.isPressed();
-  bool const wasHovered = tracker_.isHovered();
-  PressTracker::eOutcome const outcome = tracker_.track(event, getSize());
-  if (wasPressed != tracker_.isPressed() || wasHovered != tracker_.isHovered())
+  PressTracker::Reaction const reaction = tracker_.react(event, getSize());
+  if (reaction.lookChanged)
     invalidate(indicatorBox());
-  if (outcome == PressTracker::kClicked)
+  if (reaction.activated)
     toggle();
-  return outcome == PressTracker::kIgnored ? 0 : 1;
+  return reaction.handled ? 1 : 0;
 }
 
 Zo::Box<int> Checkbox::indicatorBox() const {
