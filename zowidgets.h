@@ -1,5 +1,12 @@
 #pragma once
 // Every public header of zowidgets and its host toolkit.
+#include <zowidgets/builder/BuilderRules.h>
+#include <zowidgets/builder/ChoiceParamHost.h>
+#include <zowidgets/builder/HostWidget.h>
+#include <zowidgets/builder/SliderParamHost.h>
+#include <zowidgets/builder/TitledGlob.h>
+#include <zowidgets/builder/UIBuilder.h>
+#include <zowidgets/builder/UIBuilderParams.h>
 #include <zowidgets/host/AttribValuePair.h>
 #include <zowidgets/host/BackgroundTask.h>
 #include <zowidgets/host/Box.h>

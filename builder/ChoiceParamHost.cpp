@@ -1,0 +1,43 @@
+#include <zowidgets/builder/ChoiceParamHost.h>
+
+ChoiceParamHost::ChoiceParamHost(InitArgs const& args) : ValWidget<unsigned int>(args) {
+  std::vector<MenuItem> items;
+  items.reserve(args.choices.size());
+  for (GenericParam::ChoiceParam::Choice const& choice : args.choices) {
+    auto const index = static_cast<unsigned int>(items.size());
+    valueToIndex_.emplace(choice.value, index); // a number used twice shows its first row
+    indexToValue_.emplace(index, choice.value);
+    MenuItem item(choice.label, Colour::invalid(), Colour::invalid(), choice.tooltip);
+    item.active = choice.enabled;
+    items.push_back(std::move(item));
+  }
+  TitleMenuButton::InitArgs buttonArgs(args.legend, std::move(items), -1, getSize());
+  button_ = createChild<TitleMenuButton>(buttonArgs, Glob::BottomLeft(0, 0));
+  button_->getBtn().setSelectionHook([this](int index) { handleChoice(index); });
+}
+
+int ChoiceParamHost::menuIndexOf(unsigned int value) const {
+  auto const found = valueToIndex_.find(value);
+  return found == valueToIndex_.end() ? -1 : static_cast<int>(found->second);
+}
+
+void ChoiceParamHost::setNewWidgetValue(unsigned int& value, eRedrawFlag redraw) {
+  shown_ = value;
+  button_->setSelectedItem(menuIndexOf(value), redraw);
+}
+
+void ChoiceParamHost::setActive(bool active, eRedrawFlag redraw) {
+  button_->setActive(active, redraw);
+  Glob::setActive(active, redraw);
+}
+
+void ChoiceParamHost::resize(double width, double height) {
+  Glob::resize(width, height);
+  button_->resize(width, height);
+}
+
+void ChoiceParamHost::handleChoice(int menuIndex) {
+  auto const found = indexToValue_.find(static_cast<unsigned int>(menuIndex));
+  if (found != indexToValue_.end())
+    requestSetNewDataValue(found->second, DataChangeType());
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <zowidgets/host/DropDownMenuButton.h>
+#include <zowidgets/values/ChoiceParam.h>
+#include <zowidgets/values/ValClient.h>
+#include <zowidgets/values/ValWidget.h>
+
+#include <map>
+
+// The row of a choice parameter: a titled menu button with one row per
+// choice, bound to the parameter's number. Choices are numbered freely, so
+// the row keeps both directions of the number-to-row mapping.
+class ZO_API ChoiceParamHost : public ValWidget<unsigned int> {
+public:
+  struct InitArgs : GlobCreationInfo {
+    InitArgs() = default;
+    InitArgs(UIString legend, XY<int> size, std::vector<GenericParam::ChoiceParam::Choice> const& choices)
+        : GlobCreationInfo(size), legend(std::move(legend)), choices(choices) {}
+    UIString legend;
+    std::vector<GenericParam::ChoiceParam::Choice> choices;
+  };
+
+  explicit ChoiceParamHost(InitArgs const& args);
+  char const* idstring() const override { return "ChoiceParamHost"; }
+
+  TitleMenuButton* getMenuButton() const noexcept { return button_; }
+  // The menu row of a choice's number; -1 for a number no choice carries.
+  int menuIndexOf(unsigned int value) const;
+
+  void setNewWidgetValue(unsigned int& value, eRedrawFlag redraw) override;
+  unsigned int getWidgetValue() override { return shown_; }
+  void setActive(bool active, eRedrawFlag redraw) override;
+  void resize(double width, double height) override;
+
+protected:
+  void drawBackground(CanvasRenderer&) override {}
+
+private:
+  void handleChoice(int menuIndex);
+
+  TitleMenuButton* button_ = nullptr;
+  std::map<unsigned int, unsigned int> valueToIndex_;
+  std::map<unsigned int, unsigned int> indexToValue_;
+  unsigned int shown_ = 0;
+};
+
+// Binds a choice row to the parameter's server.
+class ZO_API ChoiceParamAdaptor : public ValAdaptorBase<unsigned int>, public ValClient<unsigned int> {
+public:
+  explicit ChoiceParamAdaptor(ValServer<unsigned int>* server) { registerWith(server); }
+  unsigned int getDataValue() override { return static_cast<unsigned int>(*this); }
+  bool requestSetNewDataValue(unsigned int const& value, DataChangeType) override {
+    ValClient<unsigned int>::operator=(value);
+    return true;
+  }
+  void valChangedNtfy() override { setNewWidgetValue(getDataValue(), kRedrawNow); }
+};

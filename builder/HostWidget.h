@@ -1,0 +1,60 @@
+#pragma once
+
+#include <zowidgets/builder/UIBuilder.h>
+#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/VerticalScrollingBase.h>
+
+// A row of a built panel: a container around one widget, one row gap taller
+// than it so that rows placed below keep their distance. Hiding it takes its
+// height away, so the rows below move up.
+class ZO_API UIBuilder::HostWidgetBase : public Glob {
+public:
+  explicit HostWidgetBase(GlobCreationInfo const& info) : Glob(info) {}
+  char const* idstring() const override { return "HostWidget"; }
+  Glob* getChild() const noexcept { return isChildGlob(child_) ? child_ : nullptr; }
+  void setActive(bool active, eRedrawFlag redraw) override;
+  void resize(double width, double height) override;
+  void setVisible(bool visible) override;
+
+protected:
+  void drawBackground(CanvasRenderer&) override {}
+  Glob* child_ = nullptr;
+};
+
+template <class T> class UIBuilder::HostWidget : public UIBuilder::HostWidgetBase {
+public:
+  struct InitArgs : GlobCreationInfo {
+    InitArgs() = default;
+    explicit InitArgs(typename T::InitArgs const& args) : GlobCreationInfo(args.size), childArgs(args) {}
+    typename T::InitArgs childArgs;
+  };
+
+  // The child fills the host, less the gap kept below it.
+  explicit HostWidget(InitArgs const& args) : HostWidgetBase(args) {
+    child_ = createChild<T>(args.childArgs, Glob::TopLeft(0, 0));
+  }
+  T* getWidget() const noexcept { return static_cast<T*>(getChild()); }
+};
+
+template <class T> T* UIBuilder::createWidget(typename T::InitArgs const& args, bool visible,
+                                              WidgetPosition const& position, WidgetSurround const& surround) {
+  Glob* parent = currentParent();
+  if (!panel_ || !parent)
+    return nullptr;
+  typename HostWidget<T>::InitArgs hostArgs(args);
+  hostArgs.size.y = args.size.y + UifStd::getRowGap();
+  HostWidget<T>* host = nullptr;
+  auto* scrolling = dynamic_cast<VerticalScrollingBase*>(panel_);
+  if (parent == panel_ && scrolling && parents_.size() == 1) {
+    host = scrolling->createManagedWidget<HostWidget<T>>(hostArgs);
+  } else {
+    host = parent->createChild<HostWidget<T>>(hostArgs, position, surround);
+  }
+  if (!visible)
+    host->setVisible(false);
+  if (scrolling && parent == panel_) {
+    scrolling->recalcWidgetsHeight();
+    scrolling->resetView();
+  }
+  return host->getWidget();
+}

@@ -1,0 +1,250 @@
+#include <zowidgets/builder/BuilderRules.h>
+#include <zowidgets/builder/HostWidget.h>
+#include <zowidgets/builder/UIBuilderParams.h>
+#include <zowidgets/host/AttribValuePair.h>
+#include <zowidgets/host/DataConvert.h>
+#include <zowidgets/host/JSON.h>
+#include <zowidgets/host/TextLabel.h>
+#include <zowidgets/host/UifStd.h>
+#include <zowidgets/values/Params.h>
+
+#include <cstdlib>
+
+// A description makes its parameters only to hand them to the row makers:
+// nothing keeps them, so each dies once its row is made and the form is
+// static. Code that needs live values builds from a parameter list.
+
+using namespace GenericParam;
+using JSONElementPtr = Zo::Ptr<JSON::Element>;
+using Zo::AttribValuePair;
+
+namespace {
+
+UIString legendOf(JSONElementPtr const& entry) { return UIString(entry->getWString("legend")); }
+
+UIString tooltipOf(JSONElementPtr const& entry) { return UIString(UIBuilder::getTooltip(entry)); }
+
+// Numbers are found without regard to case, so "Min" works as "min".
+double numberOf(JSONElementPtr const& entry, char const* key, double fallback) {
+  return entry->getNumber(key, fallback);
+}
+
+// The text of a rule key, "id=pattern", as the pieces it names.
+AttribValuePair pairOf(JSONElementPtr const& entry, char const* key) {
+  return AttribValuePair(entry->getString(key), '=');
+}
+
+} // namespace
+
+Zo::Ptr<UIBuilder::Params> UIBuilder::buildFromJSON(LightweightString<wchar_t> const& text, StandardPanel* panel) {
+  return buildFromJSON(JSON::parse(text), panel);
+}
+
+Zo::Ptr<UIBuilder::Params> UIBuilder::buildFromJSON(JSONElementPtr const& root, StandardPanel* panel) {
+  UIBuilder builder(panel);
+  return builder.build(root);
+}
+
+unsigned short UIBuilder::getNumParams(JSONElementPtr const& root) {
+  if (!root || root->getNumChildren() != 1)
+    return 0;
+  return root->getChild(static_cast<unsigned short>(0))->getNumChildren();
+}
+
+unsigned UIBuilder::getTooltip(JSONElementPtr const& entry) {
+  if (!entry || entry->getNumNumericAttribs() == 0)
+    return kNoTooltip;
+  JSON::Element::NumericAttrib const* tooltip = entry->findNumericAttrib("tooltip");
+  if (!tooltip)
+    return kNoTooltip;
+  int const id = ftisqq(tooltip->value);
+  return id < 0 ? kNoTooltip : static_cast<unsigned>(id);
+}
+
+void UIBuilder::calcMaxLegendWidth(JSONElementPtr const& root) {
+  std::vector<UIString> legends;
+  if (JSONElementPtr const entries = root ? root->getChild(static_cast<unsigned short>(0)) : JSONElementPtr())
+    for (unsigned short i = 0; i < entries->getNumChildren(); ++i)
+      legends.push_back(legendOf(entries->getChild(i)));
+  setLegendWidthFor(legends);
+}
+
+Glob* UIBuilder::makeBoolParam(JSONElementPtr const& entry, WidgetPosition const& position,
+                               WidgetSurround const& surround) {
+  Zo::Ptr<iParam> const param(
+      new BoolParam(legendOf(entry), entry->getString("name"), tooltipOf(entry), entry->getBool("default", false)));
+  return makeBoolWidget(param, position, surround);
+}
+
+Glob* UIBuilder::makeIntParam(JSONElementPtr const& entry, WidgetPosition const& position,
+                              WidgetSurround const& surround) {
+  // A range is taken as written: min above max is kept, default is not clamped.
+  int const min = ftisql(numberOf(entry, "min", -1));
+  int const max = ftisql(numberOf(entry, "max", -1));
+  int const value = ftisql(numberOf(entry, "default", -1));
+  Zo::Ptr<iParam> const param(
+      new IntParam(legendOf(entry), entry->getString("name"), tooltipOf(entry), value, min, max));
+  return makeIntWidget(param, position, surround);
+}
+
+Glob* UIBuilder::makeFloatParam(JSONElementPtr const& entry, WidgetPosition const& position,
+                                WidgetSurround const& surround) {
+  double const min = numberOf(entry, "min", -1);
+  double const max = numberOf(entry, "max", -1);
+  double const value = numberOf(entry, "default", -1);
+  Zo::Ptr<iParam> const param(
+      new DoubleParam(legendOf(entry), entry->getString("name"), tooltipOf(entry), value, min, max));
+  return makeFloatWidget(param, position, surround);
+}
+
+Glob* UIBuilder::makeChoiceParam(JSONElementPtr const& entry, WidgetPosition const& position,
+                                 WidgetSurround const& surround) {
+  std::vector<ChoiceParam::Choice> choices;
+  if (JSONElementPtr const values = entry->getChild("values"))
+    for (JSON::Element::NumericAttrib const& attrib : values->getNumericAttribs()) {
+      ChoiceParam::Choice choice;
+      choice.label = UIString(LightweightString<wchar_t>::fromUTF8(attrib.name));
+      choice.value = static_cast<unsigned int>(ftisqq(attrib.value));
+      choice.enabled = true;
+      choices.push_back(choice);
+    }
+  LightweightString<char> const text = entry->getString("choice");
+  unsigned int value = 4294967295u; // no choice at all
+  if (!text.empty())
+    value = static_cast<unsigned int>(std::strtoul(text.c_str(), nullptr, 10));
+  else if (!choices.empty())
+    value = choices.front().value;
+  Zo::Ptr<iParam> const param(
+      new ChoiceParam(legendOf(entry), entry->getString("name"), tooltipOf(entry), static_cast<int>(value), choices));
+  return makeChoiceWidget(param, position, surround);
+}
+
+Glob* UIBuilder::makeTextParam(JSONElementPtr const& entry, WidgetPosition const& position,
+                               WidgetSurround const& surround) {
+  unsigned const textFlags = entry->getBool("obfuscated", false)
+                                 ? TextParam::kObfuscated | TextParam::kShowPasswordControl
+                                 : TextParam::kPlain;
+  Zo::Ptr<iParam> const param(new TextParam(legendOf(entry), entry->getString("name"), tooltipOf(entry),
+                                            entry->getWString("value"), UIString(entry->getWString("hint")), textFlags,
+                                            entry->getBool("advance", false)));
+  return makeTextWidget(param, position, surround);
+}
+
+Glob* UIBuilder::makeLabelParam(JSONElementPtr const& entry, WidgetPosition const& position,
+                                WidgetSurround const& surround) {
+  UIString const legend = legendOf(entry);
+  Zo::Ptr<iParam> const param(new LabelParam(legend, entry->getString("name"), legend.getString(), tooltipOf(entry)));
+  return makeLabelWidget(param, position, surround);
+}
+
+void UIBuilder::wireJSONRules(JSONElementPtr const& entry) {
+  LightweightString<char> const name = entry->getString("name");
+  auto const row = widgets_.find(name);
+  if (row == widgets_.end())
+    return;
+
+  std::vector<AttribValuePair> const active = AttribValuePair::vecFromString(entry->getString("active if"), '=', ',');
+  if (!active.empty()) {
+    std::vector<Condition> conditions;
+    for (AttribValuePair const& pair : active)
+      conditions.emplace_back(pair.attrib(), toWide(pair.value().c_str()).c_str());
+    postConditions_.emplace_back(new BuilderRules::ActiveIfCondition(row->second, conditions));
+  }
+
+  AttribValuePair const visible = pairOf(entry, "visible if");
+  if (visible.valid()) {
+    if (Zo::Ptr<iParam> const controlling = findParam(visible.attrib()))
+      controlling->addChangeHandler(Zo::Ptr<iValueChangeHandler>(
+          new BuilderRules::VisibleIfHandler(row->second, TextSearch::Criteria(toWide(visible.value().c_str())))));
+  }
+
+  LightweightString<char> const higher = entry->getString("must not be higher than");
+  if (!higher.empty()) {
+    Zo::Ptr<iParam> const own = findParam(name);
+    if (Zo::Ptr<iParam> const other = findParam(higher); own && other)
+      own->addValueConstraint(Zo::Ptr<iValueConstraint>(new BuilderRules::UpperLimitConstraint(other)));
+  }
+  LightweightString<char> const lower = entry->getString("must not be lower than");
+  if (!lower.empty()) {
+    Zo::Ptr<iParam> const own = findParam(name);
+    if (Zo::Ptr<iParam> const other = findParam(lower); own && other)
+      own->addValueConstraint(Zo::Ptr<iValueConstraint>(new BuilderRules::LowerLimitConstraint(other)));
+  }
+}
+
+void UIBuilder::mergeAlternateRows(JSONElementPtr const& entries, std::vector<Glob*> const& rows) {
+  int remaining = static_cast<int>(widgets_.size());
+  int const count = entries->getNumChildren();
+  for (int i = 1; i < count; ++i) {
+    AttribValuePair const mine = pairOf(entries->getChild(i), "visible if");
+    if (!mine.valid())
+      continue;
+    int j = i - 1;
+    for (; j >= 0; --j) {
+      AttribValuePair const theirs = pairOf(entries->getChild(j), "visible if");
+      if (!theirs.valid() || theirs.attrib() != mine.attrib() || theirs.value() == mine.value())
+        break;
+    }
+    // A run that reaches the first entry is left alone, by design.
+    if (j == i - 1 || j < 0)
+      continue;
+    Glob* row = rows[static_cast<std::size_t>(i)];
+    Glob* slot = rows[static_cast<std::size_t>(j)];
+    if (row && slot) {
+      WidgetPosition position = row->getWidgetPosition();
+      position.sibling = slot;
+      row->setWidgetDetails(position, row->getWidgetSurround());
+    }
+    // Runs of three or more subtract more than they save; panels with such
+    // runs are sized by this rule.
+    remaining = remaining - (i - 1) + j;
+  }
+  int const mapped = static_cast<int>(widgets_.size());
+  if (remaining != mapped && panel_) {
+    int const rowPitch = UifStd::getRowHeight() + UifStd::getRowGap();
+    panel_->setDimensions(XY<int>(panel_->width(), panel_->height() - (mapped - remaining) * rowPitch));
+  }
+}
+
+// An entry of no known type: its legend as a line of text.
+Glob* UIBuilder::makeTextRow(UIString const& legend, WidgetPosition const& position) {
+  TextLabel::InitArgs args(XY<int>(width_, UifStd::getRowHeight()));
+  args.text = legend;
+  return createWidget<TextLabel>(args, true, position, surround_);
+}
+
+Zo::Ptr<UIBuilder::Params> UIBuilder::build(JSONElementPtr const& root) {
+  JSONElementPtr const entries = root ? root->getChild(static_cast<unsigned short>(0)) : JSONElementPtr();
+  if (entries && panel_) {
+    Drawable::Suspender hold;
+    calcMaxLegendWidth(root);
+    std::vector<Glob*> rows;
+    for (unsigned short i = 0; i < entries->getNumChildren(); ++i) {
+      JSONElementPtr const entry = entries->getChild(i);
+      WidgetPosition const position = i == 0 ? Glob::UserTopLeft(0, 0) : Glob::Below(0, nullptr, kAlignStart);
+      LightweightString<char> const type = entry->getString("type");
+      Glob* widget = nullptr;
+      if (type == "bool")
+        widget = makeBoolParam(entry, position, surround_);
+      else if (type == "int")
+        widget = entry->getChild("values") ? makeChoiceParam(entry, position, surround_)
+                                           : makeIntParam(entry, position, surround_);
+      else if (type == "text")
+        widget = makeTextParam(entry, position, surround_);
+      else if (type == "float")
+        widget = makeFloatParam(entry, position, surround_);
+      else if (type == "label")
+        widget = makeLabelParam(entry, position, surround_);
+      else
+        widget = makeTextRow(legendOf(entry), position);
+      rows.push_back(widget ? widget->parent() : nullptr);
+      wireJSONRules(entry);
+    }
+    mergeAlternateRows(entries, rows);
+    for (Zo::Ptr<iParam> const& param : params_)
+      param->enforceConstraints();
+    panel_->clearPendingRedraws();
+    panel_->invalidate();
+  }
+  return Zo::Ptr<Params>(new Params(params_, widgets_, postConditions_));
+}

@@ -1,0 +1,258 @@
+#include <zowidgets/builder/ChoiceParamHost.h>
+#include <zowidgets/builder/HostWidget.h>
+#include <zowidgets/builder/SliderParamHost.h>
+#include <zowidgets/host/Checkbox.h>
+#include <zowidgets/host/HTMLRenderer.h>
+#include <zowidgets/host/LinkAwareMultiLineTextBox.h>
+#include <zowidgets/host/NumericTextBox.h>
+#include <zowidgets/host/PushButton.h>
+#include <zowidgets/host/TextBox.h>
+#include <zowidgets/host/TitleTextBox.h>
+#include <zowidgets/host/Tooltip.h>
+#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/WidgetGroup.h>
+#include <zowidgets/values/Params.h>
+#include <zowidgets/values/ValAdaptor.h>
+
+#include <algorithm>
+
+using namespace GenericParam;
+
+namespace {
+
+// The makers are chosen by class, so the cast always holds.
+template <class P> P& as(Zo::Ptr<iParam> const& param) { return dynamic_cast<P&>(*param); }
+
+unsigned short narrower(unsigned short width, int by) {
+  return static_cast<unsigned short>(std::max(static_cast<int>(width) - by, 0));
+}
+
+// The numeric side of a slider row: what differs between int and double.
+template <class T> struct SliderRowRules;
+template <> struct SliderRowRules<int> {
+  // A slider over a wide range would need thousands of steps: at most 500.
+  static double increment(Param<int> const& param) {
+    return std::max(1.0, (static_cast<double>(param.max) - param.min) / 500.0);
+  }
+  static bool hasIncrement(Param<int> const& param) { return param.hasRange; }
+  static double pointOfInterest(Param<int> const& param) { return param.getValue(); }
+};
+template <> struct SliderRowRules<double> {
+  static double increment(Param<double> const& param) { return param.step; }
+  static bool hasIncrement(Param<double> const& param) { return param.hasRange && param.step > 0; }
+  static double pointOfInterest(Param<double> const& param) { return param.getDefaultValue(); }
+};
+
+} // namespace
+
+void UIBuilder::finishRow(Zo::Ptr<iParam> const& param, Glob* widget) {
+  UIString const& tooltip = param->getTooltip();
+  if (!tooltip.empty())
+    widget->setContextString(TooltipDetails(tooltip));
+  if (!param->isActive())
+    widget->setActive(false, kRedrawNow);
+  add(param, widget);
+}
+
+Glob* UIBuilder::makeBoolWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
+                                WidgetSurround const& surround) {
+  auto& boolParam = as<BoolParam>(param);
+  Checkbox::InitArgs args(param->getLegend(), XY<int>(width_, UifStd::getRowHeight()), boolParam.getValue());
+  args.appearance = Checkbox::getDefaultAppearance();
+  auto* checkbox = createWidget<Checkbox>(args, isWidgetInitiallyVisible(param), position, surround);
+  if (!checkbox)
+    return nullptr;
+  checkbox->setDataAdaptor(Zo::Ptr<ValAdaptorBase<bool>>(new ValAdaptor<bool, bool>(&boolParam.getServer())));
+  finishRow(param, checkbox);
+  panel_->tabOrder().addTabStop(*checkbox, kAppendTabStop);
+  return checkbox;
+}
+
+template <class T> static SliderParamHost* makeSliderHost(UIBuilder& builder, Param<T>& param, bool withBox,
+                                                          bool visible, WidgetPosition const& position,
+                                                          WidgetSurround const& surround) {
+  int const rowHeight = UifStd::getRowHeight();
+  int const boxRoom = withBox ? UifStd::getWidgetGap() + 2 * rowHeight : 0;
+  int const sliderWidth = std::max(builder.getWidth() - boxRoom - builder.getLegendWidth(), 0);
+  Slider::InitArgs slider(GlobCreationInfo(XY<int>(sliderWidth, 0)));
+  if (param.hasRange) {
+    slider.minValue = param.min;
+    slider.maxValue = param.max;
+    if (SliderRowRules<T>::hasIncrement(param))
+      slider.increment = SliderRowRules<T>::increment(param);
+  }
+  slider.initialValue = param.getValue();
+  // The titled slider spans the legend column and the slider.
+  SliderParamHost::InitArgs args(param.getLegend(), XY<int>(builder.getWidth(), rowHeight),
+                                 sliderWidth + builder.getLegendWidth(), slider);
+  SliderParamHost* host = builder.createWidget<SliderParamHost>(args, visible, position, surround);
+  if (host)
+    host->getSlider()->setPointOfInterest(SliderRowRules<T>::pointOfInterest(param));
+  return host;
+}
+
+Glob* UIBuilder::makeSliderRow(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
+                               WidgetSurround const& surround) {
+  auto* intParam = dynamic_cast<IntParam*>(param.get());
+  auto* doubleParam = dynamic_cast<DoubleParam*>(param.get());
+  bool const withBox = intParam || (param->getPresentationHints() & kHintSliderOnly) == 0;
+  bool const visible = isWidgetInitiallyVisible(param);
+  SliderParamHost* host = intParam ? makeSliderHost(*this, *intParam, withBox, visible, position, surround)
+                                   : makeSliderHost(*this, *doubleParam, withBox, visible, position, surround);
+  if (!host)
+    return nullptr;
+  Slider* slider = host->getSlider();
+  NumericTextBox* box = nullptr;
+  if (withBox) {
+    TextBox::InitArgs boxArgs(XY<int>(2 * UifStd::getRowHeight(), getDefaultFontSize()));
+    boxArgs.setPalette(makeChildPalette(host->getPalette(), kChildTextEntry));
+    boxArgs.editable = true;
+    box = host->createWidget<NumericTextBox>(boxArgs, Glob::RightCentre(UifStd::getIndentWidth(), 0, 2),
+                                             TextBox::getLightInsetSurround());
+    box->setAlignment(Glib::eTextAlignment::Right);
+  }
+  if (intParam) {
+    slider->setDataAdaptor(Zo::Ptr<ValAdaptorBase<double>>(new ValAdaptor<double, int>(&intParam->getServer())));
+    if (box)
+      box->setDataAdaptor(Zo::Ptr<ValAdaptorBase<LightweightString<wchar_t>>>(
+          new ValAdaptor<LightweightString<wchar_t>, int>(&intParam->getServer())));
+    if (box && intParam->hasRange)
+      box->setValueRange(intParam->min, intParam->max);
+  } else {
+    slider->setDataAdaptor(Zo::Ptr<ValAdaptorBase<double>>(new ValAdaptor<double, double>(&doubleParam->getServer())));
+    if (box)
+      box->setDataAdaptor(Zo::Ptr<ValAdaptorBase<LightweightString<wchar_t>>>(
+          new ValAdaptor<LightweightString<wchar_t>, double>(&doubleParam->getServer())));
+    if (box && doubleParam->hasRange)
+      box->setValueRange(doubleParam->min, doubleParam->max);
+  }
+  finishRow(param, host);
+  panel_->tabOrder().addTabStop(*slider, kAppendTabStop);
+  if (box)
+    panel_->tabOrder().addTabStop(*box, kAppendTabStop);
+  return host;
+}
+
+Glob* UIBuilder::makeIntWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
+                               WidgetSurround const& surround) {
+  return makeSliderRow(param, position, surround);
+}
+
+Glob* UIBuilder::makeFloatWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
+                                 WidgetSurround const& surround) {
+  return makeSliderRow(param, position, surround);
+}
+
+Glob* UIBuilder::makeChoiceWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
+                                  WidgetSurround const& surround) {
+  auto& choiceParam = as<ChoiceParam>(param);
+  ChoiceParamHost::InitArgs args(param->getLegend(), XY<int>(width_, UifStd::getRowHeight()), choiceParam.getChoices());
+  auto* row = createWidget<ChoiceParamHost>(args, isWidgetInitiallyVisible(param), position, surround);
+  if (!row)
+    return nullptr;
+  row->setDataAdaptor(Zo::Ptr<ValAdaptorBase<unsigned int>>(new ChoiceParamAdaptor(&choiceParam.getServer())));
+  finishRow(param, row);
+  panel_->tabOrder().addTabStop(row->getMenuButton()->getBtn(), kAppendTabStop);
+  return row;
+}
+
+Glob* UIBuilder::makeTextWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
+                                WidgetSurround const& surround) {
+  auto& textParam = as<TextParam>(param);
+  bool const visible = isWidgetInitiallyVisible(param);
+  TextBoxBase* box = nullptr;
+  if ((flags_ & kCompactText) != 0) {
+    TextBox::InitArgs args(XY<int>(width_, UifStd::getRowHeight() + UifStd::getWidgetGap()));
+    args.ghostLabel = param->getLegend();
+    box = createWidget<TextBox>(args, visible, position, surround);
+  } else {
+    TitleTextBox::InitArgs args(XY<int>(width_, UifStd::getRowHeight()));
+    args.ghostLabel = textParam.getHint();
+    box = createWidget<TitleTextBox>(args, visible, position, surround);
+    if (box)
+      static_cast<TitleTextBox*>(box)->setTitle(param->getLegend());
+  }
+  if (!box)
+    return nullptr;
+  box->setEditable(true);
+  if (textParam.isObfuscated()) {
+    box->setObfuscatedDisplay(true);
+    box->setShowPasswordControl((textParam.getFlags() & TextParam::kShowPasswordControl) != 0);
+  }
+  box->setDataAdaptor(Zo::Ptr<ValAdaptorBase<LightweightString<wchar_t>>>(
+      new ValAdaptor<LightweightString<wchar_t>, LightweightString<wchar_t>>(&textParam.getServer())));
+  if (textParam.getAdvance())
+    box->addListener(Broadcaster<TextBoxEvent>::makeCallback([box](TextBoxEvent const& event) {
+      if (event.kind == TextBoxEvent::kReturnPressed)
+        if (Glob* next = TabOrderManager::nextFor(box, true))
+          set_kbd_focus(next);
+    }));
+  finishRow(param, box);
+  panel_->tabOrder().addTabStop(*box, kAppendTabStop);
+  return box;
+}
+
+Glob* UIBuilder::makeLabelWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
+                                 WidgetSurround const& surround) {
+  LightweightString<wchar_t> const html = HTMLRenderer::convertToHTML(
+      param->getValueAsString().str(), HTMLRenderer::kEscapeMarkup | HTMLRenderer::kLineBreaksToTags);
+  std::vector<HTMLParagraph> const paragraphs = HTMLRenderer::parse(html.str(), UifStd::getColourScheme());
+  int const margin = UifStd::getWidgetGap();
+  int const lines = HTMLRenderer::calcNumDisplayLines(paragraphs, std::max(width_ - 2 * margin, 1));
+  int const height = ScrollableTextBoxBase::calcHeightForLines(lines, getDefaultFontSize(), margin);
+  LinkAwareMultiLineTextBox::InitArgs args(XY<int>(width_, height));
+  auto* box = createWidget<LinkAwareMultiLineTextBox>(args, isWidgetInitiallyVisible(param), position, surround);
+  if (!box)
+    return nullptr;
+  box->setHTML(paragraphs);
+  finishRow(param, box);
+  return box;
+}
+
+Glob* UIBuilder::makeActionWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
+                                  WidgetSurround const& surround) {
+  UIString const label = param->getLegend();
+  int const buttonWidth = TitleGlob::calcLegendWidth(label) + 2 * UifStd::getRowHeight();
+  PushButton::InitArgs button(label, XY<int>(std::min<int>(buttonWidth, width_), PushButton::calcHeight()));
+  TitledGlob<PushButton>::InitArgs args(UIString(), XY<int>(width_, PushButton::calcHeight()), button);
+  auto* titled = createWidget<TitledGlob<PushButton>>(args, isWidgetInitiallyVisible(param), position, surround);
+  if (!titled)
+    return nullptr;
+  titled->setResizeBehaviour(TitleGlob::kChildKeepsSize);
+  if (auto const* action = dynamic_cast<ActionParam const*>(param.get()); action && !action->getTooltipText().empty())
+    titled->getChild()->setContextString(TooltipDetails(action->getTooltipText()));
+  finishRow(param, titled);
+  panel_->tabOrder().addTabStop(*titled->getChild(), kAppendTabStop);
+  return titled;
+}
+
+Glob* UIBuilder::makeGroupWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
+                                 WidgetSurround const& surround) {
+  auto& group = as<GroupParam>(param);
+  ParamList const& children = group.getChildren();
+  int const height = WidgetGroupEx::calcHeightForRows(static_cast<int>(children.size()), UifStd::getRowHeight(),
+                                                      UifStd::getRowGap(), 1);
+  MinimizableGroup::InitArgs args(XY<int>(width_, height));
+  args.title = param->getLegend();
+  args.separatorStyle = WidgetGroup::kSeparatorNone;
+  if (Glob* parent = currentParent())
+    args.textColour = parent->getPalette().headingText();
+  auto* widget = createWidget<MinimizableGroup>(args, isWidgetInitiallyVisible(param), position, surround);
+  if (!widget)
+    return nullptr;
+  finishRow(param, widget);
+  panel_->tabOrder().addTabStop(*widget, kAppendTabStop);
+
+  parents_.push_back(widget);
+  int const inset = WidgetGroupEx::childXOffset();
+  width_ = narrower(width_, inset);
+  bool first = true;
+  for (Zo::Ptr<iParam> const& child : children) {
+    params_.push_back(child);
+    createWidgetForParam(child, first ? Glob::UserTopLeft(0, 0) : Glob::Below(0, nullptr, kAlignStart), {});
+    first = false;
+  }
+  width_ = static_cast<unsigned short>(width_ + inset);
+  parents_.pop_back();
+  return widget;
+}
