@@ -10,7 +10,8 @@ ParamList everyRowKind() {
   std::vector<ChoiceParam::Choice> shapes{{L"Circle", {}, 1, true}, {L"Square", {}, 2, true}};
   ParamList children{boolParam("feather", true, L"Feather edges"), doubleParam("softness", 0.4, 0, 1, L"Softness")};
   return ParamList{
-      Zo::Ptr<iParam>(new LabelParam(L"Note", "note", L"Settings for the mask of this clip. Feathering softens its edges.")),
+      Zo::Ptr<iParam>(
+          new LabelParam(L"Note", "note", L"Settings for the mask of this clip. Feathering softens its edges.")),
       boolParam("enabled", true, L"Enabled"),
       intParam("count", 12, 0, 100, L"Count"),
       doubleParam("opacity", 0.75, 0, 1, L"Opacity"),
