@@ -63,7 +63,9 @@ export DISPLAY
 mkfifo "$work/commands"
 # A program that died shows as a failed write, not as this script's death.
 trap '' PIPE
-"$program" --display <"$work/commands" >"$work/answers" 2>"$work/stderr" &
+extra=()
+case $case_name in form_*) extra=(--form) ;; esac
+"$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
 exec 4>"$work/commands"
 
@@ -85,6 +87,14 @@ ask() {
 number() { sed -E "s/.*\"$2\":(-?[0-9]+).*/\1/" <<<"$1"; }
 # A box field of the state as "x y w h" (X's top-down coordinates).
 box() { sed -E "s/.*\"$2\":\{\"x\":(-?[0-9]+),\"y\":(-?[0-9]+),\"w\":([0-9]+),\"h\":([0-9]+)\}.*/\1 \2 \3 \4/" <<<"$1"; }
+# A string field of a JSON line (without escapes).
+field() { sed -E 's/.*"'"$2"'":"([^"]*)".*/\1/' <<<"$1"; }
+# The centre of a box field, as "x y".
+centre() {
+  local x y w h
+  read -r x y w h <<<"$(box "$1" "$2")"
+  echo "$((x + w / 2)) $((y + h / 2))"
+}
 text() { sed -E 's/.*"text":"(([^"\\]|\\.)*)".*/\1/' <<<"$1"; }
 expect() {
   [ "$2" = "$3" ] || fail "$1: expected '$3', got '$2'"
@@ -203,6 +213,48 @@ scale)
   read -r _ _ window_w window_h <<<"$(box "$state" window)"
   expect "window size against the same panel at scale 1" "$window_w $window_h" \
     "$(identify -format '%[fx:2*w] %[fx:2*h]' "$work/headless.png")"
+  ;;
+form_text)
+  read -r x y <<<"$(centre "$(ask form)" textbox)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.2
+  xdotool type --delay 60 'Night shot'
+  xdotool key Return
+  sleep 0.3
+  expect "title parameter" "$(field "$(ask form)" title)" 'Night shot'
+  ;;
+form_slider)
+  form=$(ask form)
+  expect "count before" "$(field "$form" count)" 20
+  read -r x y <<<"$(centre "$form" thumb)"
+  read -r to_x to_y <<<"$(centre "$form" at80)"
+  xdotool mousemove "$x" "$y" mousedown 1
+  for step in 1 2 3 4; do
+    xdotool mousemove $((x + (to_x - x) * step / 4)) "$to_y"
+    sleep 0.05
+  done
+  xdotool mouseup 1
+  sleep 0.3
+  form=$(ask form)
+  count=$(field "$form" count)
+  [ "$count" -ge 78 ] && [ "$count" -le 82 ] || fail "count after the drag is $count, not about 80"
+  expect "numeric box beside the slider" "$(field "$form" box)" "$count"
+  ;;
+form_menu)
+  read -r x y <<<"$(centre "$(ask form)" menubutton)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  form=$(ask form)
+  rows=$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")
+  [ -n "$rows" ] || fail "the menu did not open: $form"
+  third=$(sed -E 's/\},\{/}\n{/g' <<<"$rows" | sed -n 3p)
+  [ -n "$third" ] || fail "the menu has fewer than three rows: $rows"
+  read -r x y <<<"$(centre "{\"row\":$third}" row)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  form=$(ask form)
+  expect "mode parameter" "$(field "$form" mode)" 3
+  expect "menu closed" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
   ;;
 *)
   fail "unknown case"

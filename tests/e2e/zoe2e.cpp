@@ -5,11 +5,14 @@
 //               toolkit's screen reading
 //   copy TEXT   puts TEXT on the session's clipboard
 //   grow        makes the panel two rows wider and one row taller
+//   form        the values and widget places of the built form (--form)
 //   quit
 // With --shot FILE it instead paints the same panel on the headless screen,
 // saves that window's picture and exits, for comparison with the display.
-// With --paste it prints the session's clipboard text and exits.
+// With --paste it prints the session's clipboard text and exits. With --form
+// a panel built from parameters opens beside the first.
 
+#include "FormPanel.h"
 #include "InputProbe.h"
 
 #include <zowidgets/host/Canvas.h>
@@ -27,6 +30,7 @@
 #include <chrono>
 #include <cstdio>
 #include <iostream>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -37,6 +41,7 @@ namespace {
 struct Session {
   StandardPanel* panel = nullptr;
   InputProbe* probe = nullptr;
+  std::unique_ptr<FormPanel> form;
   bool quit = false;
 };
 
@@ -120,6 +125,9 @@ void answer(Session& session, std::string const& line) {
     int const row = UifStd::getRowHeight();
     session.panel->resize(session.panel->width() + row * 2, session.panel->height() + row);
     std::cout << stateJson(session) << std::endl;
+  } else if (command == "form") {
+    std::cout << (session.form ? session.form->stateJson(&jsonBox) : std::string("{\"error\":\"no form\"}"))
+              << std::endl;
   } else if (command == "quit") {
     session.quit = true;
   } else if (!command.empty()) {
@@ -161,6 +169,10 @@ int main(int argc, char** argv) {
   }
   Session session;
   openPanel(session);
+  if (hasFlag(argc, argv, "--form")) {
+    int const row = UifStd::getRowHeight();
+    session.form = std::make_unique<FormPanel>(XY<int>(row * 26, row * 8));
+  }
   // Commands arrive on a thread of their own and are answered on the
   // user-interface thread, between window events.
   std::thread reader([&session] {
@@ -171,6 +183,7 @@ int main(int argc, char** argv) {
   });
   reader.detach();
   displayScreen()->runUntil([&] { return session.quit; }, std::chrono::hours(1));
+  session.form.reset();
   GlobManager::requestDeletion(session.panel);
   MessageLoop::runPending();
   return 0;

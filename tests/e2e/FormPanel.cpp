@@ -1,0 +1,86 @@
+#include "FormPanel.h"
+
+#include <zowidgets/builder/ChoiceParamHost.h>
+#include <zowidgets/builder/HostWidget.h>
+#include <zowidgets/builder/SliderParamHost.h>
+#include <zowidgets/host/GlobManager.h>
+#include <zowidgets/host/NumericTextBox.h>
+#include <zowidgets/host/TitleTextBox.h>
+#include <zowidgets/host/UifStd.h>
+#include <zowidgets/values/Params.h>
+
+#include <sstream>
+
+using namespace GenericParam;
+
+namespace {
+
+Glob* rowChild(UIBuilder::Params const& built, char const* id) {
+  auto* host = dynamic_cast<UIBuilder::HostWidgetBase*>(built.getWidget(id));
+  return host ? host->getChild() : nullptr;
+}
+
+Zo::Box<int> screenBoxOf(Glob const& widget) {
+  return Zo::Box<int>(0, 0, widget.width(), widget.height()).translated(widget.screenPosition());
+}
+
+// A one-pixel box on the slider's track at a value.
+Zo::Box<int> trackPoint(Slider const& slider, double value) {
+  XY<int> const at = slider.screenPosition() + XY<int>(slider.valueToX(value), slider.height() / 2);
+  return Zo::Box<int>(at.x, at.y, at.x + 1, at.y + 1);
+}
+
+std::string quoted(LightweightString<wchar_t> const& text) {
+  std::string out = "\"";
+  for (char c : toNarrow(text))
+    if (c == '"' || c == '\\')
+      out += std::string("\\") + c;
+    else
+      out += c;
+  return out + "\"";
+}
+
+} // namespace
+
+FormPanel::FormPanel(XY<int> screenPosition) {
+  int const row = UifStd::getRowHeight();
+  std::vector<ChoiceParam::Choice> modes{{L"Fast", {}, 1, true}, {L"Balanced", {}, 2, true}, {L"Best", {}, 3, true}};
+  params_ = ParamList{Zo::Ptr<iParam>(new TextParam(L"Title", "title", {}, L"")),
+                      Zo::Ptr<iParam>(new IntParam(L"Count", "count", {}, 20, 0, 100)),
+                      Zo::Ptr<iParam>(new ChoiceParam(L"Mode", "mode", {}, 1, modes))};
+  StandardPanel::InitArgs args(StandardPanel::calcPanelSize(XY<int>(row * 16, UIBuilder::calcHeight(params_, 0)),
+                                                            StandardPanel::kTitle, StandardPanel::getDefaultBorder()));
+  args.screenPosition = screenPosition;
+  args.standardWidgets = StandardPanel::kTitle;
+  args.title = UIString(L"Form");
+  panel_ = new StandardPanel(args);
+  built_ = UIBuilder::build(params_, panel_, 0);
+  GlobManager::realize(panel_);
+}
+
+FormPanel::~FormPanel() {
+  if (is_good_glob_ptr(panel_))
+    GlobManager::requestDeletion(panel_);
+}
+
+std::string FormPanel::stateJson(std::string (*toScreen)(Zo::Box<int> const&)) const {
+  auto* text = static_cast<TitleTextBox*>(rowChild(*built_, "title"));
+  auto* count = static_cast<SliderParamHost*>(rowChild(*built_, "count"));
+  auto* mode = static_cast<ChoiceParamHost*>(rowChild(*built_, "mode"));
+  Slider const& slider = *count->getSlider();
+  DropDownMenuButton& button = mode->getMenuButton()->getBtn();
+  std::ostringstream out;
+  out << "{\"title\":" << quoted(params_[0]->getValueAsString())
+      << ",\"count\":" << quoted(params_[1]->getValueAsString())
+      << ",\"mode\":" << quoted(params_[2]->getValueAsString())
+      << ",\"box\":" << quoted(count->getTextBox()->getString())
+      << ",\"textbox\":" << toScreen(text->getFieldBox().translated(text->screenPosition()))
+      << ",\"thumb\":" << toScreen(trackPoint(slider, slider.getPosition()))
+      << ",\"at80\":" << toScreen(trackPoint(slider, 80)) << ",\"menubutton\":" << toScreen(screenBoxOf(button))
+      << ",\"menu\":[";
+  if (MenuWindow* menu = button.getMenuWindow())
+    for (int i = 0; i < menu->menu().size(); ++i)
+      out << (i ? "," : "") << toScreen(menu->rowBox(i).translated(menu->screenPosition()));
+  out << "]}";
+  return out.str();
+}
