@@ -6,7 +6,9 @@
 #include <zowidgets/builder/SliderParamHost.h>
 #include <zowidgets/builder/TitledGlob.h>
 #include <zowidgets/builder/UIBuilder.h>
+#include <zowidgets/builder/UIBuilderJSONTestPanel.h>
 #include <zowidgets/builder/UIBuilderParams.h>
+#include <zowidgets/builder/UIBuilderTestPanel.h>
 #include <zowidgets/host/AttribValuePair.h>
 #include <zowidgets/host/BackgroundTask.h>
 #include <zowidgets/host/Box.h>

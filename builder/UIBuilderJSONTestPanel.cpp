@@ -1,0 +1,103 @@
+#include <zowidgets/builder/UIBuilderJSONTestPanel.h>
+#include <zowidgets/host/Canvas.h>
+#include <zowidgets/host/Command.h>
+#include <zowidgets/host/GlobManager.h>
+#include <zowidgets/host/JSON.h>
+#include <zowidgets/host/MultiLineTextBox.h>
+#include <zowidgets/host/PushButton.h>
+#include <zowidgets/host/TextLabel.h>
+#include <zowidgets/host/UifStd.h>
+
+#include <algorithm>
+
+namespace {
+
+CommandRegistrar const registration(UIBuilderJSONTestPanel::kCommand,
+                                    [](Cmd::Context const&) { UIBuilderJSONTestPanel::open(); }, L"UIBuilder JSON Test",
+                                    L"Builds a panel from the JSON description written in its box",
+                                    kCmdScopeApplication, {});
+
+int panelWidth() { return 20 * UifStd::getRowHeight(); }
+
+} // namespace
+
+wchar_t const* const UIBuilderJSONTestPanel::kSampleDescription = LR"({"rows": [
+  {"type": "label", "legend": "A form described in JSON."},
+  {"type": "bool", "name": "enabled", "legend": "Enabled", "default": true},
+  {"type": "int", "name": "count", "legend": "Count", "min": 0, "max": 10, "default": 3},
+  {"type": "float", "name": "gain", "legend": "Gain", "min": 0, "max": 2, "default": 1},
+  {"type": "int", "name": "mode", "legend": "Mode", "values": {"Fast": 1, "Best": 2}, "choice": "2"},
+  {"type": "text", "name": "title", "legend": "Title", "hint": "your name", "advance": true}
+]})";
+
+UIBuilderJSONTestPanel::UIBuilderJSONTestPanel(InitArgs const& args) : StandardPanel(args) {
+  int const row = UifStd::getRowHeight();
+  int const gap = UifStd::getRowGap();
+  Zo::Box<int> const user = getUserArea();
+
+  PushButton::InitArgs buildArgs(UIString(L"Build"), XY<int>(4 * row, PushButton::calcHeight()));
+  build_ = createWidget<PushButton>(buildArgs, Glob::UserBottomRight(0, 0));
+  build_->setCallback(Broadcaster<ButtonEvent>::makeCallback([this](ButtonEvent const&) { build(); }));
+
+  TextLabel::InitArgs statusArgs(XY<int>(user.width() - build_->width() - gap, row));
+  status_ = createWidget<TextLabel>(statusArgs, Glob::UserBottomLeft(0, 0));
+
+  MultiLineTextBox::InitArgs boxArgs(XY<int>(user.width(), user.height() - row - gap));
+  description_ = createWidget<MultiLineTextBox>(boxArgs, Glob::UserTopLeft(0, 0));
+  description_->setString(kSampleDescription);
+}
+
+UIBuilderJSONTestPanel* UIBuilderJSONTestPanel::open() {
+  InitArgs args(calcPanelSize(XY<int>(panelWidth(), 14 * UifStd::getRowHeight()), kTitle | kPoot, getDefaultBorder()));
+  args.standardWidgets = kTitle | kPoot;
+  args.title = UIString(L"UIBuilder JSON Test");
+  auto* panel = new UIBuilderJSONTestPanel(args);
+  GlobManager::realize(panel);
+  return panel;
+}
+
+// Rows taller than one row (a label of several lines) need more room than
+// the count of entries gives.
+void UIBuilderJSONTestPanel::growToShowEveryRow(StandardPanel& panel) {
+  int lowest = panel.getUserArea().y0;
+  for (Glob* row : panel.getChildren())
+    if (row->isVisible())
+      lowest = std::min(lowest, row->getY() + UifStd::getRowGap());
+  int const shortBy = panel.getUserArea().y0 - lowest;
+  if (shortBy > 0)
+    panel.resize(panel.width(), panel.height() + shortBy);
+}
+
+StandardPanel* UIBuilderJSONTestPanel::getBuiltPanel() const {
+  if (!is_good_glob_ptr(builtPanel_) || builtPanel_->handlerStamp() != builtStamp_)
+    return nullptr;
+  return static_cast<StandardPanel*>(builtPanel_);
+}
+
+void UIBuilderJSONTestPanel::build() {
+  Zo::Ptr<JSON::Element> const root = JSON::parse(description_->getString());
+  if (!root) {
+    status_->setString(UIString(L"The description is not valid JSON."));
+    return;
+  }
+  if (StandardPanel* previous = getBuiltPanel())
+    GlobManager::requestDeletion(previous);
+
+  // Sized for every entry before the build; merged rows shrink it after.
+  unsigned short const entries = UIBuilder::getNumParams(root);
+  int const rowsHeight = entries == 0 ? 0 : entries * (UifStd::getRowHeight() + UifStd::getRowGap());
+  InitArgs args(calcPanelSize(XY<int>(panelWidth(), rowsHeight), kTitle | kPoot, getDefaultBorder()));
+  args.standardWidgets = kTitle | kPoot;
+  args.title = UIString(L"Built from JSON");
+  if (Canvas* own = canvas()) {
+    Zo::Box<int> const mine = own->screenBox();
+    args.screenPosition = XY<int>(mine.x1 + UifStd::getWidgetGap(), mine.y1 - args.size.y);
+  }
+  auto* panel = new BuiltPanel(args);
+  panel->setBuiltParams(UIBuilder::buildFromJSON(root, panel));
+  growToShowEveryRow(*panel);
+  GlobManager::realize(panel);
+  builtPanel_ = panel;
+  builtStamp_ = panel->handlerStamp();
+  status_->setString(UIString(toWide(std::to_string(entries) + (entries == 1 ? " row" : " rows") + " built.")));
+}
