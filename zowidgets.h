@@ -1,6 +1,7 @@
 #pragma once
 // Every public header of zowidgets and its host toolkit.
 #include <zowidgets/builder/BuilderRules.h>
+#include <zowidgets/builder/BuiltPanel.h>
 #include <zowidgets/builder/ChoiceParamHost.h>
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/SliderParamHost.h>

@@ -8,8 +8,6 @@
 #include <zowidgets/host/TextLabel.h>
 #include <zowidgets/host/UifStd.h>
 
-#include <algorithm>
-
 namespace {
 
 CommandRegistrar const registration(UIBuilderJSONTestPanel::kCommand,
@@ -56,18 +54,6 @@ UIBuilderJSONTestPanel* UIBuilderJSONTestPanel::open() {
   return panel;
 }
 
-// Rows taller than one row (a label of several lines) need more room than
-// the count of entries gives.
-void UIBuilderJSONTestPanel::growToShowEveryRow(StandardPanel& panel) {
-  int lowest = panel.getUserArea().y0;
-  for (Glob* row : panel.getChildren())
-    if (row->isVisible())
-      lowest = std::min(lowest, row->getY() + UifStd::getRowGap());
-  int const shortBy = panel.getUserArea().y0 - lowest;
-  if (shortBy > 0)
-    panel.resize(panel.width(), panel.height() + shortBy);
-}
-
 StandardPanel* UIBuilderJSONTestPanel::getBuiltPanel() const {
   if (!is_good_glob_ptr(builtPanel_) || builtPanel_->handlerStamp() != builtStamp_)
     return nullptr;
@@ -95,7 +81,7 @@ void UIBuilderJSONTestPanel::build() {
   }
   auto* panel = new BuiltPanel(args);
   panel->setBuiltParams(UIBuilder::buildFromJSON(root, panel));
-  growToShowEveryRow(*panel);
+  panel->growToShowEveryRow();
   GlobManager::realize(panel);
   builtPanel_ = panel;
   builtStamp_ = panel->handlerStamp();

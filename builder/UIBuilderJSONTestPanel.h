@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/builder/UIBuilderParams.h>
+#include <zowidgets/builder/BuiltPanel.h>
 
 class MultiLineTextBox;
 class PushButton;
@@ -28,23 +28,9 @@ public:
   void build();
 
 private:
-  static void growToShowEveryRow(StandardPanel& panel);
-
   MultiLineTextBox* description_ = nullptr;
   PushButton* build_ = nullptr;
   TextLabel* status_ = nullptr;
   Glob* builtPanel_ = nullptr;
   IdStamp builtStamp_;
-};
-
-// A panel that keeps the result of its build alive for as long as it lives.
-class ZO_API BuiltPanel : public StandardPanel {
-public:
-  using StandardPanel::StandardPanel;
-  char const* idstring() const override { return "BuiltPanel"; }
-  void setBuiltParams(Zo::Ptr<UIBuilder::Params> const& params) { params_ = params; }
-  UIBuilder::Params* getBuiltParams() const noexcept { return params_.get(); }
-
-private:
-  Zo::Ptr<UIBuilder::Params> params_;
 };

@@ -5,6 +5,8 @@
 #include <zowidgets/host/JSONPersistable.h>
 #include <zowidgets/host/LightweightString.h>
 
+#include <string>
+
 // Reading and writing JSON. parse() and parseFile() give the root element of
 // a document, or null for text that is not exactly one JSON value (RFC 8259,
 // nothing before or after but white space). They never throw; nesting deeper
@@ -17,6 +19,16 @@ namespace JSON {
 // The text must hold Unicode scalar values: a surrogate or a value beyond
 // U+10FFFF inside a string makes it malformed.
 ZO_API Zo::Ptr<Element> parse(LightweightString<wchar_t> const& text) noexcept;
+
+// Why a text did not parse: where (line and column from 1, counting
+// characters; 0 when the problem has no one place) and what.
+struct ZO_API ParseError {
+  int line = 0;
+  int column = 0;
+  std::string message;
+};
+// The same, saying what is wrong when the result is null.
+ZO_API Zo::Ptr<Element> parse(LightweightString<wchar_t> const& text, ParseError& error) noexcept;
 
 // Reads the file's bytes as UTF-8, skipping a leading byte-order mark; each
 // malformed sequence reads as U+FFFD, so a stray Latin-1 byte inside a string

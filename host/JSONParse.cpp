@@ -5,6 +5,7 @@
 #if defined(__SSE2__)
 #define RAPIDJSON_SSE2
 #endif
+#include <rapidjson/error/en.h>
 #include <rapidjson/reader.h>
 
 #include <algorithm>
@@ -114,35 +115,45 @@ public:
     if (error == std::errc::result_out_of_range && isTooSmall({text, length}))
       value = text[0] == '-' ? -0.0 : 0.0;
     else if (error != std::errc() || end != text + length)
-      return false;
+      return refuse("A number is too large for a double.");
     assembler_.addNumber(value);
     return true;
   }
   bool String(char const* text, rapidjson::SizeType length, bool) {
     if (holdsSurrogate({text, length}))
-      return false;
+      return refuse("A string holds a lone surrogate.");
     assembler_.addStringInPlace({text, length});
     return true;
   }
   bool Key(char const* text, rapidjson::SizeType length, bool) {
     if (holdsSurrogate({text, length}))
-      return false;
+      return refuse("A key holds a lone surrogate.");
     assembler_.keyInPlace({text, length});
     return true;
   }
-  bool StartObject() { return assembler_.startObject(); }
+  bool StartObject() { return assembler_.startObject() || refuse(kTooDeep); }
   bool EndObject(rapidjson::SizeType) {
     assembler_.end();
     return true;
   }
-  bool StartArray() { return assembler_.startArray(); }
+  bool StartArray() { return assembler_.startArray() || refuse(kTooDeep); }
   bool EndArray(rapidjson::SizeType) {
     assembler_.end();
     return true;
   }
 
+  // Why the handler stopped the reader; null if it did not.
+  char const* refusal() const noexcept { return refusal_; }
+
 private:
+  static constexpr char const* kTooDeep = "Objects and arrays are nested too deeply.";
+  bool refuse(char const* reason) {
+    refusal_ = reason;
+    return false;
+  }
+
   ElementAssembler& assembler_;
+  char const* refusal_ = nullptr;
 };
 
 // The reader recurses once per level of nesting, which the assembler stops
@@ -154,20 +165,54 @@ private:
 // others inexactly.
 constexpr unsigned kReadFlags = rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
 
-Zo::Ptr<Element> parseText(std::wstring_view text) {
+// Where in the text a UTF-8 byte offset falls, counting from 1.
+void locate(std::wstring_view text, std::size_t byteOffset, ParseError& error) {
+  std::size_t bytes = 0;
+  error.line = 1;
+  error.column = 1;
+  for (wchar_t c : text) {
+    if (bytes >= byteOffset)
+      break;
+    auto code = static_cast<char32_t>(c);
+    bytes += code < 0x80 ? 1 : code < 0x800 ? 2 : code < 0x10000 ? 3 : 4;
+    if (c == L'\n') {
+      ++error.line;
+      error.column = 1;
+    } else {
+      ++error.column;
+    }
+  }
+}
+
+Zo::Ptr<Element> parseText(std::wstring_view text, ParseError* error) {
   UTF8Text utf8 = encodeUTF8(text);
-  if (!utf8.bytes)
+  if (!utf8.bytes) {
+    if (error)
+      *error = {0, 0, "The text holds a character that is not a Unicode scalar value."};
     return {};
+  }
+  std::size_t const length = utf8.length;
   ElementAssembler assembler;
   AssemblingHandler handler(assembler);
   rapidjson::Reader reader;
   rapidjson::InsituStringStream stream(utf8.bytes.get());
   assembler.adopt(std::move(utf8.bytes));
-  if (reader.Parse<kReadFlags>(stream, handler).IsError())
+  rapidjson::ParseResult const result = reader.Parse<kReadFlags>(stream, handler);
+  if (result.IsError()) {
+    if (error) {
+      locate(text, result.Offset(), *error);
+      error->message = handler.refusal() ? handler.refusal() : rapidjson::GetParseError_En(result.Code());
+    }
     return {};
+  }
   // The reader stops at a NUL; one before the end is text after the value.
-  if (stream.Tell() != utf8.length)
+  if (stream.Tell() != length) {
+    if (error) {
+      locate(text, stream.Tell(), *error);
+      error->message = "The text holds a NUL character.";
+    }
     return {};
+  }
   return assembler.result();
 }
 
@@ -186,8 +231,18 @@ bool readBytes(LightweightString<wchar_t> const& path, std::string& bytes) {
 
 Zo::Ptr<Element> parse(LightweightString<wchar_t> const& text) noexcept {
   try {
-    return parseText(text.view());
+    return parseText(text.view(), nullptr);
   } catch (...) { // out of memory: as unreadable as bad text
+    return {};
+  }
+}
+
+Zo::Ptr<Element> parse(LightweightString<wchar_t> const& text, ParseError& error) noexcept {
+  error = {};
+  try {
+    return parseText(text.view(), &error);
+  } catch (...) {
+    error = {0, 0, "Out of memory."};
     return {};
   }
 }

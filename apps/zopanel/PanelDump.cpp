@@ -1,0 +1,75 @@
+#include "PanelDump.h"
+
+#include <zowidgets/builder/ChoiceParamHost.h>
+#include <zowidgets/builder/HostWidget.h>
+#include <zowidgets/builder/SliderParamHost.h>
+#include <zowidgets/host/Checkbox.h>
+#include <zowidgets/host/NumericTextBox.h>
+#include <zowidgets/host/TextBoxBase.h>
+#include <zowidgets/host/TextLabel.h>
+
+namespace PanelDump {
+
+void writeTree(JSON::Builder& out, Glob const& root) {
+  out.add("class", root.idstring());
+  if (!root.getName().empty())
+    out.add("name", root.getName());
+  out.add("x", root.getX());
+  out.add("y", root.getY());
+  out.add("w", root.width());
+  out.add("h", root.height());
+  out.add("visible", root.isVisible());
+  out.add("active", root.isActive());
+  if (root.getChildren().empty())
+    return;
+  out.startArray("children");
+  for (Glob const* child : root.getChildren()) {
+    out.startChild();
+    writeTree(out, *child);
+    out.end();
+  }
+  out.end();
+}
+
+namespace {
+
+void writeRowValue(JSON::Builder& out, Glob* row) {
+  if (auto* checkbox = dynamic_cast<Checkbox*>(row)) {
+    out.add("kind", "bool");
+    out.add("value", checkbox->getWidgetValue());
+  } else if (auto* slider = dynamic_cast<SliderParamHost*>(row)) {
+    out.add("kind", "slider");
+    out.add("value", slider->getSlider()->getPosition());
+    if (NumericTextBox* box = slider->getTextBox())
+      out.add("text", box->getString());
+  } else if (auto* choice = dynamic_cast<ChoiceParamHost*>(row)) {
+    out.add("kind", "choice");
+    out.add("value", choice->getWidgetValue());
+    out.add("text", choice->getMenuButton()->getBtn().getSelectedItemNameW());
+  } else if (auto* text = dynamic_cast<TextBoxBase*>(row)) {
+    out.add("kind", "text");
+    out.add("value", text->getString());
+  } else if (auto* label = dynamic_cast<TextLabel*>(row)) {
+    out.add("kind", "label");
+    out.add("value", label->getString().getString());
+  } else {
+    out.add("kind", row->idstring());
+  }
+}
+
+} // namespace
+
+void writeValues(JSON::Builder& out, UIBuilder::Params const& built) {
+  for (auto const& [id, host] : built.getWidgets()) {
+    out.startChild();
+    out.add("name", id);
+    auto* row = dynamic_cast<UIBuilder::HostWidgetBase*>(host);
+    if (row && row->getChild())
+      writeRowValue(out, row->getChild());
+    out.add("visible", host->isVisible());
+    out.add("active", host->isActive());
+    out.end();
+  }
+}
+
+} // namespace PanelDump

@@ -1,0 +1,89 @@
+#!/usr/bin/env bash
+# Drives zopanel as a user would and checks its pictures, its JSON and its
+# messages. Usage: check_zopanel.sh PATH/TO/zopanel WORK_FOLDER
+set -euo pipefail
+zopanel=$1
+work=$2
+rm -rf "$work"
+mkdir -p "$work"
+
+fail() {
+  echo "FAIL: $*" >&2
+  exit 1
+}
+expect_contains() {
+  grep -qF -- "$2" <<<"$1" || fail "$3: '$2' not in: $1"
+  echo "ok: $3"
+}
+# Width and height of a PNG, from its header.
+png_size() { od -An -tu1 -j16 -N8 "$1" | awk '{print $1*16777216+$2*65536+$3*256+$4, $5*16777216+$6*65536+$7*256+$8}'; }
+
+cat >"$work/form.json" <<'JSON'
+{"rows": [
+  {"type": "bool", "name": "b", "legend": "Enabled", "default": true},
+  {"type": "int", "name": "n", "legend": "Count", "min": 0, "max": 10, "default": 3},
+  {"type": "int", "name": "m", "legend": "Mode", "values": {"Fast": 1, "Best": 2}, "choice": "2"},
+  {"type": "text", "name": "t", "legend": "Title", "value": "Grüße"}
+]}
+JSON
+
+"$zopanel" render "$work/form.json" -o "$work/form.png"
+[ "$(od -An -tx1 -N8 "$work/form.png" | tr -d ' ')" = 89504e470d0a1a0a ] || fail "form.png is not a PNG"
+read -r width height <<<"$(png_size "$work/form.png")"
+echo "ok: rendered ${width}x$height"
+
+"$zopanel" render - -o "$work/double.png" --scale 2 <"$work/form.json"
+read -r width2 height2 <<<"$(png_size "$work/double.png")"
+# Metrics round to whole pixels at each scale: about twice, within 2%.
+near_double() { [ $((100 * $1)) -ge $((196 * $2)) ] && [ $((100 * $1)) -le $((204 * $2)) ]; }
+near_double "$width2" "$width" && near_double "$height2" "$height" ||
+  fail "scale 2 from standard input gave ${width2}x$height2, not about twice ${width}x$height"
+echo "ok: scale 2 doubles the picture"
+
+"$zopanel" render "$work/form.json" -o "$work/narrow.png" --width 200
+read -r narrow _ <<<"$(png_size "$work/narrow.png")"
+[ "$narrow" -lt "$width" ] || fail "--width 200 gave width $narrow"
+echo "ok: --width narrows the panel"
+
+values=$("$zopanel" values "$work/form.json")
+expect_contains "$values" '"name": "m"' "values name the choice row"
+expect_contains "$values" '"value": 2' "the choice shows its number"
+expect_contains "$values" '"text": "3"' "the numeric box shows the count"
+expect_contains "$values" '"value": "Grüße"' "text values keep their characters"
+
+tree=$("$zopanel" tree "$work/form.json" --title Form)
+expect_contains "$tree" '"class": "BuiltPanel"' "the tree starts at the panel"
+expect_contains "$tree" '"class": "SliderParamHost"' "the tree holds the slider row"
+expect_contains "$tree" '"class": "NumericTextBox"' "the tree holds the numeric box"
+
+printf '{"rows": [\n  {"type": "bool"}\n  {"type": "int"}\n]}' >"$work/bad.json"
+set +e
+message=$("$zopanel" render "$work/bad.json" -o "$work/bad.png" 2>&1)
+status=$?
+set -e
+[ "$status" -eq 1 ] || fail "bad JSON gave exit status $status"
+expect_contains "$message" "line 3, column 3" "bad JSON is placed"
+expect_contains "$message" "comma" "bad JSON is named"
+[ ! -e "$work/bad.png" ] || fail "a picture was written for bad JSON"
+
+set +e
+message=$("$zopanel" values "$work/missing.json" 2>&1)
+status=$?
+set -e
+[ "$status" -eq 1 ] || fail "a missing file gave exit status $status"
+expect_contains "$message" "cannot read" "a missing file is reported"
+
+set +e
+message=$(echo '[1, 2]' | "$zopanel" values - 2>&1)
+status=$?
+set -e
+[ "$status" -eq 1 ] || fail "a description without rows gave exit status $status"
+expect_contains "$message" "no list of rows" "a description without rows is reported"
+
+set +e
+message=$("$zopanel" render "$work/form.json" --scale zero 2>&1)
+status=$?
+set -e
+[ "$status" -eq 2 ] || fail "a bad option gave exit status $status"
+expect_contains "$message" "usage:" "a bad command line shows the usage"
+echo "all zopanel checks passed"

@@ -1,0 +1,160 @@
+// zopanel: renders a panel description (JSON) on the headless screen.
+//
+//   zopanel render FILE|- -o OUT.png [--scale S] [--width PIXELS] [--title TEXT]
+//   zopanel tree FILE|- [options]     prints the built widget tree as JSON
+//   zopanel values FILE|- [options]   prints what each named row shows as JSON
+//
+// Exit status: 0 done, 1 the description could not be read or built, 2 the
+// command line is wrong.
+
+#include "PanelDump.h"
+#include "PanelRender.h"
+
+#include <zowidgets/host/GlobManager.h>
+#include <zowidgets/host/MessageQueue.h>
+#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/headless/HeadlessScreen.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+namespace {
+
+constexpr char const* kUsage =
+    "usage: zopanel render FILE|- -o OUT.png [--scale S] [--width PIXELS] [--title TEXT]\n"
+    "       zopanel tree FILE|- [--scale S] [--width PIXELS] [--title TEXT]\n"
+    "       zopanel values FILE|- [--scale S] [--width PIXELS] [--title TEXT]\n"
+    "Builds the panel a JSON description describes, on a virtual screen. FILE - reads standard input.\n"
+    "render writes a PNG of it; tree prints its widget tree and values what each named row shows, as JSON.\n";
+
+struct CommandLine {
+  std::string command;
+  std::string input;
+  std::string output;
+  double scale = 1.0;
+  PanelOptions options;
+};
+
+int usageError(std::string const& problem) {
+  std::cerr << "zopanel: " << problem << "\n" << kUsage;
+  return 2;
+}
+
+std::optional<double> number(std::string_view text) {
+  try {
+    std::size_t used = 0;
+    double const value = std::stod(std::string(text), &used);
+    if (used == text.size())
+      return value;
+  } catch (std::exception const&) {
+  }
+  return std::nullopt;
+}
+
+// Fills `line`; an empty string on success, else what is wrong.
+std::string parseArguments(int argc, char** argv, CommandLine& line) {
+  if (argc < 2)
+    return "no command given";
+  line.command = argv[1];
+  if (line.command != "render" && line.command != "tree" && line.command != "values")
+    return "unknown command '" + line.command + "'";
+  for (int i = 2; i < argc; ++i) {
+    std::string_view const arg = argv[i];
+    bool const hasValue = i + 1 < argc;
+    if (arg == "-o" || arg == "--scale" || arg == "--width" || arg == "--title") {
+      if (!hasValue)
+        return std::string(arg) + " needs a value";
+      std::string_view const value = argv[++i];
+      if (arg == "-o") {
+        line.output = value;
+      } else if (arg == "--title") {
+        line.options.title = toWide(value);
+      } else {
+        std::optional<double> const parsed = number(value);
+        if (!parsed || *parsed <= 0 || (arg == "--scale" && *parsed > 4) || (arg == "--width" && *parsed > 10000))
+          return std::string(arg) + " takes a positive number" + (arg == "--scale" ? " up to 4" : " up to 10000") +
+                 ", not '" + std::string(value) + "'";
+        if (arg == "--scale")
+          line.scale = *parsed;
+        else
+          line.options.width = static_cast<int>(*parsed);
+      }
+    } else if (line.input.empty() && (arg == "-" || !arg.starts_with('-'))) {
+      line.input = arg;
+    } else {
+      return "unexpected argument '" + std::string(arg) + "'";
+    }
+  }
+  if (line.input.empty())
+    return "no description given (a file name, or - for standard input)";
+  if (line.command == "render" && line.output.empty())
+    return "render needs -o OUT.png";
+  return {};
+}
+
+std::optional<std::string> readInput(std::string const& input) {
+  if (input == "-")
+    return std::string(std::istreambuf_iterator<char>(std::cin), {});
+  std::ifstream file(input, std::ios::binary);
+  if (!file) {
+    std::cerr << "zopanel: cannot read " << input << ": " << std::strerror(errno) << "\n";
+    return std::nullopt;
+  }
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+int run(CommandLine const& line) {
+  std::optional<std::string> const bytes = readInput(line.input);
+  if (!bytes)
+    return 1;
+  std::string_view utf8(*bytes);
+  if (utf8.starts_with("\xEF\xBB\xBF"))
+    utf8.remove_prefix(3);
+  BuiltDescription const built = buildDescription(LightweightString<wchar_t>::fromUTF8(utf8), line.options);
+  if (!built.panel) {
+    std::cerr << "zopanel: " << (line.input == "-" ? "standard input" : line.input) << ": " << built.error << "\n";
+    return 1;
+  }
+  int status = 0;
+  if (line.command == "render") {
+    if (!HeadlessScreen::saveWindowShot(*built.panel, line.output)) {
+      std::cerr << "zopanel: cannot write " << line.output << "\n";
+      status = 1;
+    }
+  } else {
+    JSON::Builder out;
+    if (line.command == "tree") {
+      out.startChild();
+      PanelDump::writeTree(out, *built.panel);
+    } else {
+      out.startArray();
+      PanelDump::writeValues(out, *built.panel->getBuiltParams());
+    }
+    std::cout << out.getText().c_str() << "\n";
+  }
+  GlobManager::requestDeletion(built.panel);
+  MessageLoop::runPending();
+  return status;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  if (argc == 2 && (std::string_view(argv[1]) == "--help" || std::string_view(argv[1]) == "-h")) {
+    std::cout << kUsage;
+    return 0;
+  }
+  CommandLine line;
+  if (std::string const problem = parseArguments(argc, argv, line); !problem.empty())
+    return usageError(problem);
+  useHeadlessScreen();
+  UifStd::setScale(line.scale);
+  return run(line);
+}

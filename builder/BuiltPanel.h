@@ -1,0 +1,18 @@
+#pragma once
+
+#include <zowidgets/builder/UIBuilderParams.h>
+
+// A panel that keeps the result of its build alive for as long as it lives.
+class ZO_API BuiltPanel : public StandardPanel {
+public:
+  using StandardPanel::StandardPanel;
+  char const* idstring() const override { return "BuiltPanel"; }
+  void setBuiltParams(Zo::Ptr<UIBuilder::Params> const& params) { params_ = params; }
+  UIBuilder::Params* getBuiltParams() const noexcept { return params_.get(); }
+  // Rows taller than one row (a label of several lines) need more room than
+  // a count of entries gives: grows the panel until every shown row fits.
+  void growToShowEveryRow();
+
+private:
+  Zo::Ptr<UIBuilder::Params> params_;
+};
