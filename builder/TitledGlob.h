@@ -25,7 +25,8 @@ public:
     int const edge = edgeThickness();
     int const room = std::max(height() - 2 * edge, 0);
     int const childHeight = args.childArgs.size.y > 0 ? std::min(args.childArgs.size.y, room) : room;
-    int childWidth = std::max(width() - UifStd::measure(args.legend).x - 2 * edge, 0);
+    // The legend keeps its text and the gap after it.
+    int childWidth = std::max(width() - TitleGlob::calcLegendWidth(args.legend) - 2 * edge, 0);
     if (args.childArgs.size.x > 0 && args.childArgs.size.x < childWidth)
       childWidth = args.childArgs.size.x;
     typename T::InitArgs childArgs = args.childArgs;

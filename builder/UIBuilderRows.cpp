@@ -226,6 +226,25 @@ Glob* UIBuilder::makeActionWidget(Zo::Ptr<iParam> const& param, WidgetPosition c
   return titled;
 }
 
+// A group is first sized for rows of one row's height; a group inside it is
+// taller than that, so the group takes the height of its rows as made,
+// hidden ones counted as shown so that showing them needs no more room.
+static void fitGroupToRows(MinimizableGroup& group) {
+  int const rowGap = UifStd::getRowGap();
+  int content = 0;
+  int rows = 0;
+  for (Glob* row : group.getChildren())
+    if (auto* host = dynamic_cast<UIBuilder::HostWidgetBase*>(row)) {
+      content += (host->getChild() ? host->getChild()->height() : 0) + rowGap;
+      ++rows;
+    }
+  if (rows > 0)
+    content -= rowGap;
+  int const needed = content + WidgetGroupEx::calcHeightForRows(0, UifStd::getRowHeight(), rowGap, 1);
+  if (needed != group.height())
+    group.parent()->resize(group.width(), needed + rowGap);
+}
+
 Glob* UIBuilder::makeGroupWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
                                  WidgetSurround const& surround) {
   auto& group = as<GroupParam>(param);
@@ -254,5 +273,6 @@ Glob* UIBuilder::makeGroupWidget(Zo::Ptr<iParam> const& param, WidgetPosition co
   }
   width_ = static_cast<unsigned short>(width_ + inset);
   parents_.pop_back();
+  fitGroupToRows(*widget);
   return widget;
 }
