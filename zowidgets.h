@@ -10,6 +10,12 @@
 #include <zowidgets/builder/UIBuilderJSONTestPanel.h>
 #include <zowidgets/builder/UIBuilderParams.h>
 #include <zowidgets/builder/UIBuilderTestPanel.h>
+#include <zowidgets/containers/DropDownButton.h>
+#include <zowidgets/containers/DropDownButton2.h>
+#include <zowidgets/containers/DropDownButtonEx.h>
+#include <zowidgets/containers/DropDownHost.h>
+#include <zowidgets/containers/DropDownMessages.h>
+#include <zowidgets/containers/DropDownWidgetWithDtorNotify.h>
 #include <zowidgets/host/AttribValuePair.h>
 #include <zowidgets/host/BackgroundTask.h>
 #include <zowidgets/host/Box.h>
@@ -20,12 +26,15 @@
 #include <zowidgets/host/Clock.h>
 #include <zowidgets/host/Colour.h>
 #include <zowidgets/host/ColourData.h>
+#include <zowidgets/host/ColourSwatch.h>
 #include <zowidgets/host/Command.h>
 #include <zowidgets/host/CriticalSection.h>
 #include <zowidgets/host/CycleButton.h>
 #include <zowidgets/host/DataChange.h>
 #include <zowidgets/host/DataConvert.h>
 #include <zowidgets/host/Drawable.h>
+#include <zowidgets/host/DropDownButtonBase.h>
+#include <zowidgets/host/DropDownHostBase.h>
 #include <zowidgets/host/DropDownMenuButton.h>
 #include <zowidgets/host/EnableDisable.h>
 #include <zowidgets/host/Event.h>
@@ -83,6 +92,7 @@
 #include <zowidgets/host/TextLayout.h>
 #include <zowidgets/host/TextSearch.h>
 #include <zowidgets/host/Timer.h>
+#include <zowidgets/host/TipWindowBase.h>
 #include <zowidgets/host/TitleGlob.h>
 #include <zowidgets/host/TitleTextBox.h>
 #include <zowidgets/host/Tooltip.h>
