@@ -89,7 +89,7 @@ void Glob::clearInterest(unsigned flags) {
 }
 
 void TabOrderManager::addTabStop(TabOrderable& widget, unsigned order) {
-  if (contains(&widget))
+  if (!members_.insert(&widget).second)
     return;
   // Stable by order: after every stop of the same or a lower order.
   auto at = std::upper_bound(stops_.begin(), stops_.end(), order,
@@ -105,9 +105,7 @@ void TabOrderManager::addTabStopsFrom(Glob& root) {
     addTabStop(*widget, order++);
 }
 
-bool TabOrderManager::contains(Glob const* widget) const {
-  return std::any_of(stops_.begin(), stops_.end(), [&](Stop const& stop) { return stop.widget == widget; });
-}
+bool TabOrderManager::contains(Glob const* widget) const { return members_.count(widget) != 0; }
 
 Glob* TabOrderManager::next(Glob const* current, bool forward) const {
   std::vector<Glob*> usable;

@@ -87,7 +87,9 @@ XY<int> Glob::placeChild(Glob const& child, Glob const* sibling) const {
   int const h = child.height();
 
   if (p.isSiblingRelative()) {
-    if (!sibling || !isChildGlob(sibling)) {
+    // A sibling that left was replaced in every placement (releaseChild),
+    // so one of ours is one whose parent we are.
+    if (!sibling || sibling->parent_ != this) {
       // Nothing to stand beside: start at the top left of the user area.
       Zo::Box<int> user = getUserArea();
       return XY<int>(user.x0 + s.left, user.y1 - s.top - h);

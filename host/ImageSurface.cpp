@@ -5,20 +5,30 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 namespace Zo::Image {
 
 // Rows are as long as cairo wants them for ARGB32, so cairo can draw on the
 // bytes in place.
+// Zeroed by calloc: a large block comes as fresh pages that are zero
+// already, so a big canvas is not written twice before it is painted.
 struct Surface::Pixels {
+  struct FreeBytes {
+    void operator()(std::uint8_t* bytes) const noexcept { std::free(bytes); }
+  };
+
   Pixels(int w, int h)
       : width(w), height(h), stride(cairo_format_stride_for_width(CAIRO_FORMAT_ARGB32, w)),
-        bytes(new std::uint8_t[std::size_t(stride) * h]()) {}
+        bytes(static_cast<std::uint8_t*>(std::calloc(std::size_t(stride) * h, 1))) {
+    if (!bytes)
+      throw std::bad_alloc();
+  }
 
   int width;
   int height;
   int stride;
-  std::unique_ptr<std::uint8_t[]> bytes;
+  std::unique_ptr<std::uint8_t[], FreeBytes> bytes;
 };
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/Export.h>
 
+#include <unordered_set>
 #include <vector>
 
 class Glob;
@@ -17,7 +18,10 @@ public:
   // Adds every focusable widget under `root`, in tree order, after the stops
   // already there.
   void addTabStopsFrom(Glob& root);
-  void clear() { stops_.clear(); }
+  void clear() {
+    stops_.clear();
+    members_.clear();
+  }
   bool empty() const noexcept { return stops_.empty(); }
   bool contains(Glob const* widget) const;
   // The stop after (or before) `current`, wrapping; null when none.
@@ -33,4 +37,6 @@ private:
     unsigned order;
   };
   std::vector<Stop> stops_;
+  // The stops' widgets, so that adding one to a long order costs little.
+  std::unordered_set<Glob const*> members_;
 };

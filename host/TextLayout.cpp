@@ -94,7 +94,18 @@ public:
     return entries_.front().second;
   }
 
+  // Asked for at every paint of most widgets, and the same few fonts each
+  // time: kept once asked.
   FontMetrics fontMetrics(FontDesc const& font, double scale) {
+    for (auto const& [key, metrics] : metrics_)
+      if (key.second == scale && key.first == font)
+        return metrics;
+    FontMetrics const result = measureFont(font, scale);
+    metrics_.emplace_back(std::make_pair(font, scale), result);
+    return result;
+  }
+
+  FontMetrics measureFont(FontDesc const& font, double scale) {
     PangoFontDescription* description = describe(TextLayout::resolve(font), scale);
     PangoFontMetrics* metrics = pango_context_get_metrics(context_, description, nullptr);
     FontMetrics result;
@@ -114,6 +125,7 @@ public:
       g_object_unref(entry.second.layout);
     entries_.clear();
     index_.clear();
+    metrics_.clear();
   }
 
 private:
@@ -149,6 +161,7 @@ private:
   std::list<Entry> entries_;
   std::unordered_map<TextRun, std::list<Entry>::iterator, RunHash> index_;
   std::size_t layoutsMade_ = 0;
+  std::vector<std::pair<std::pair<FontDesc, double>, FontMetrics>> metrics_;
 };
 
 } // namespace
