@@ -1,29 +1,17 @@
 #pragma once
 
+#include "QtApplication.h"
 #include "SettingsPanelLook.h"
 
 #include <QtGui/QColor>
 #include <QtGui/QFont>
 #include <QtGui/QFontInfo>
-#include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtGui/QPen>
 
 #include <cstdint>
 #include <vector>
-
-// Qt finds fonts only once an application object exists. It is made on first
-// use, on the offscreen platform so that no display is needed, and lives
-// until the program ends.
-inline void ensureQtGuiApplication() {
-  static int argc = 1;
-  static char programName[] = "zowidgets_bench";
-  static char* argv[] = {programName, nullptr};
-  static bool const offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QGuiApplication application(argc, argv);
-  (void)offscreen;
-}
 
 // The benchmark's settings panel painted with QPainter into an offscreen
 // image of the panel's size, primitive for primitive as our widgets paint it:

@@ -90,7 +90,7 @@ void zoPaintFullPanel(benchmark::State& state) {
 }
 
 void qtPaintFullPanel(benchmark::State& state) {
-  ensureQtGuiApplication();
+  ensureQtApplication();
   Palette const palette;
   QtSettingsPanel panel(palette);
   if (!readyToPaint(state, panel))
@@ -119,7 +119,7 @@ void zoPaintOneRow(benchmark::State& state) {
 }
 
 void qtPaintOneRow(benchmark::State& state) {
-  ensureQtGuiApplication();
+  ensureQtApplication();
   Palette const palette;
   QtSettingsPanel panel(palette);
   if (!readyToPaint(state, panel))
