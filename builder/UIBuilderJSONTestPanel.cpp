@@ -45,8 +45,9 @@ UIBuilderJSONTestPanel::UIBuilderJSONTestPanel(InitArgs const& args) : StandardP
   description_->setString(kSampleDescription);
 }
 
-UIBuilderJSONTestPanel* UIBuilderJSONTestPanel::open() {
+UIBuilderJSONTestPanel* UIBuilderJSONTestPanel::open(XY<int> screenPosition) {
   InitArgs args(calcPanelSize(XY<int>(panelWidth(), 14 * UifStd::getRowHeight()), kTitle | kPoot, getDefaultBorder()));
+  args.screenPosition = screenPosition;
   args.standardWidgets = kTitle | kPoot;
   args.title = UIString(L"UIBuilder JSON Test");
   auto* panel = new UIBuilderJSONTestPanel(args);

@@ -17,7 +17,8 @@ public:
   explicit UIBuilderJSONTestPanel(InitArgs const& args);
   char const* idstring() const override { return "UIBuilderJSONTestPanel"; }
 
-  static UIBuilderJSONTestPanel* open();
+  // Unset: where the toolkit puts new windows.
+  static UIBuilderJSONTestPanel* open(XY<int> screenPosition = XY<int>::unset());
 
   MultiLineTextBox* getDescriptionBox() const noexcept { return description_; }
   PushButton* getBuildButton() const noexcept { return build_; }

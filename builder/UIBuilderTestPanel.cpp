@@ -37,9 +37,10 @@ UIBuilderTestPanel::UIBuilderTestPanel(InitArgs const& args) : StandardPanel(arg
   rebuild();
 }
 
-UIBuilderTestPanel* UIBuilderTestPanel::open() {
+UIBuilderTestPanel* UIBuilderTestPanel::open(XY<int> screenPosition) {
   InitArgs args(
       calcPanelSize(XY<int>(panelWidth(), UifStd::getRowHeight()), kTitle | kPoot | kDoIt, getDefaultBorder()));
+  args.screenPosition = screenPosition;
   args.standardWidgets = kTitle | kPoot | kDoIt;
   args.title = UIString(L"UIBuilder Test Panel");
   auto* panel = new UIBuilderTestPanel(args);

@@ -12,8 +12,9 @@ public:
   explicit UIBuilderTestPanel(InitArgs const& args);
   char const* idstring() const override { return "UIBuilderTestPanel"; }
 
-  // Opens one on the screen.
-  static UIBuilderTestPanel* open();
+  // Opens one on the screen (bottom-left corner at `screenPosition`;
+  // unset: where the toolkit puts new windows).
+  static UIBuilderTestPanel* open(XY<int> screenPosition = XY<int>::unset());
   // The parameters the panel builds, each call a new list.
   static GenericParam::ParamList makeParams();
 
