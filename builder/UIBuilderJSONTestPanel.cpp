@@ -10,10 +10,10 @@
 
 namespace {
 
-CommandRegistrar const registration(UIBuilderJSONTestPanel::kCommand,
-                                    [](Cmd::Context const&) { UIBuilderJSONTestPanel::open(); }, L"UIBuilder JSON Test",
-                                    L"Builds a panel from the JSON description written in its box",
-                                    kCmdScopeApplication, {});
+CommandRegistrar const registration(
+    UIBuilderJSONTestPanel::kCommand,
+    [](Cmd::Context const& context) { GlobManager::placeBeside(UIBuilderJSONTestPanel::open(), context.origin); },
+    L"UIBuilder JSON Test", L"Builds a panel from the JSON description written in its box", kCmdScopeApplication, {});
 
 int panelWidth() { return 20 * UifStd::getRowHeight(); }
 

@@ -10,8 +10,10 @@ using namespace GenericParam;
 namespace {
 
 CommandRegistrar const registration(
-    UIBuilderTestPanel::kCommand, [](Cmd::Context const&) { UIBuilderTestPanel::open(); }, L"UIBuilder Test Panel",
-    L"Builds every kind of parameter in code, with rules, on a panel with a Build button", kCmdScopeApplication, {});
+    UIBuilderTestPanel::kCommand,
+    [](Cmd::Context const& context) { GlobManager::placeBeside(UIBuilderTestPanel::open(), context.origin); },
+    L"UIBuilder Test Panel", L"Builds every kind of parameter in code, with rules, on a panel with a Build button",
+    kCmdScopeApplication, {});
 
 int panelWidth() { return 18 * UifStd::getRowHeight(); }
 

@@ -4,6 +4,7 @@
 #include <zowidgets/host/InputRouter.h>
 #include <zowidgets/host/MessageQueue.h>
 #include <zowidgets/host/ScreenBackend.h>
+#include <zowidgets/host/UifStd.h>
 
 #include <algorithm>
 #include <map>
@@ -85,6 +86,15 @@ XY<int> GlobManager::getSafePosForGlob(Canvas*, XY<int> size, XY<int> position) 
 
 XY<int> GlobManager::calcPosForGlob(GlobCreationInfo const& info, WidgetPosition const& position) {
   return getSafePosForGlob(nullptr, info.size, getPosForGlob(info, position));
+}
+
+void GlobManager::placeBeside(Glob* root, EventHandler* origin) {
+  auto* widget = dynamic_cast<Glob*>(origin);
+  if (!is_good_glob_ptr(root) || !is_good_glob_ptr(widget) || !root->canvas() || !widget->canvas())
+    return;
+  Zo::Box<int> const beside = widget->canvas()->screenBox();
+  XY<int> const wanted(beside.x1 + UifStd::getWidgetGap(), beside.y1 - root->height());
+  root->canvas()->move(getSafePosForGlob(nullptr, root->getSize(), wanted));
 }
 
 void GlobManager::realize(Glob* root) {

@@ -29,6 +29,10 @@ public:
   // Moves a window's position so that all of it is on the screen, if it fits.
   static XY<int> getSafePosForGlob(Canvas* near, XY<int> size, XY<int> position);
   static XY<int> calcPosForGlob(GlobCreationInfo const& info, WidgetPosition const& position);
+  // Moves a realized window opened on behalf of `origin` (a command's
+  // origin, say) beside the right edge of origin's window, tops level and
+  // kept on the screen. Nothing happens unless both are live windows.
+  static void placeBeside(Glob* root, EventHandler* origin);
   // Makes `root` a top-level window: gives it a canvas at its root position
   // (see Glob::setupRootPos), shows it in front and paints it.
   static void realize(Glob* root);
