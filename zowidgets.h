@@ -10,6 +10,10 @@
 #include <zowidgets/builder/UIBuilderJSONTestPanel.h>
 #include <zowidgets/builder/UIBuilderParams.h>
 #include <zowidgets/builder/UIBuilderTestPanel.h>
+#include <zowidgets/colour/ColourSliderAdaptors.h>
+#include <zowidgets/colour/ColourTextAdaptors.h>
+#include <zowidgets/colour/ComponentTextBox.h>
+#include <zowidgets/colour/HSColourWheel.h>
 #include <zowidgets/containers/DropDownButton.h>
 #include <zowidgets/containers/DropDownButton2.h>
 #include <zowidgets/containers/DropDownButtonEx.h>
@@ -69,6 +73,7 @@
 #include <zowidgets/host/NormalisedRGB.h>
 #include <zowidgets/host/NotifyMsg.h>
 #include <zowidgets/host/NotifyMsgTypeDictionary.h>
+#include <zowidgets/host/NumberText.h>
 #include <zowidgets/host/NumericTextBox.h>
 #include <zowidgets/host/OS.h>
 #include <zowidgets/host/OffscreenBuffer.h>
