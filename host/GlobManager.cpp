@@ -8,12 +8,16 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace {
 
 struct Registry {
   std::unordered_set<Glob const*> live;
+  // The same widgets by their event-handler part, for callers that hold only
+  // that (a command's origin).
+  std::unordered_map<EventHandler const*, Glob*> byHandler;
   std::vector<Glob*> pendingDeletion;
   std::vector<Glob*> modal;
   std::map<LightweightString<char>, GlobManager::Factory> factories;
@@ -45,11 +49,20 @@ void tell(GlobManagerEvent::eKind kind, Glob* widget) {
 
 } // namespace
 
-void GlobRegistry::enrol(Glob* widget) { registry().live.insert(widget); }
+void GlobRegistry::enrol(Glob* widget) {
+  registry().live.insert(widget);
+  registry().byHandler.emplace(widget, widget);
+}
+
+Glob* GlobRegistry::liveGlobOf(EventHandler const* handler) {
+  auto const found = registry().byHandler.find(handler);
+  return found == registry().byHandler.end() ? nullptr : found->second;
+}
 
 void GlobRegistry::withdraw(Glob* widget) {
   Registry& r = registry();
   r.live.erase(widget);
+  r.byHandler.erase(widget);
   std::erase(r.pendingDeletion, widget);
   std::erase(r.modal, widget);
   InputRouter::forget(widget);
@@ -89,8 +102,8 @@ XY<int> GlobManager::calcPosForGlob(GlobCreationInfo const& info, WidgetPosition
 }
 
 void GlobManager::placeBeside(Glob* root, EventHandler* origin) {
-  auto* widget = dynamic_cast<Glob*>(origin);
-  if (!is_good_glob_ptr(root) || !is_good_glob_ptr(widget) || !root->canvas() || !widget->canvas())
+  Glob* widget = GlobRegistry::liveGlobOf(origin);
+  if (!is_good_glob_ptr(root) || !widget || !root->canvas() || !widget->canvas())
     return;
   Zo::Box<int> const beside = widget->canvas()->screenBox();
   XY<int> const wanted(beside.x1 + UifStd::getWidgetGap(), beside.y1 - root->height());
