@@ -143,6 +143,11 @@ std::unique_ptr<DisplayScreen> DisplayScreen::open() {
   SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
   SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
   SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+  // We paint through the window surface only. With acceleration on, the
+  // first surface paint makes the X window afresh, and X calls made on the
+  // window before that (its cursor, from our own connection) then meet a
+  // window that is gone.
+  SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
   if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
     return nullptr;
   SDL_StartTextInput();
