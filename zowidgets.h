@@ -13,7 +13,15 @@
 #include <zowidgets/colour/ColourSliderAdaptors.h>
 #include <zowidgets/colour/ColourTextAdaptors.h>
 #include <zowidgets/colour/ComponentTextBox.h>
+#include <zowidgets/colour/EyeDropper.h>
+#include <zowidgets/colour/EyeDropperCursorCapturer.h>
+#include <zowidgets/colour/EyeDropperIcon.h>
+#include <zowidgets/colour/EyeDropperImageButton.h>
+#include <zowidgets/colour/EyeDropperSampling.h>
+#include <zowidgets/colour/EyeDropperScreenCover.h>
 #include <zowidgets/colour/HSColourWheel.h>
+#include <zowidgets/colour/MagnifyEnlarge.h>
+#include <zowidgets/colour/MagnifyTool.h>
 #include <zowidgets/containers/DropDownButton.h>
 #include <zowidgets/containers/DropDownButton2.h>
 #include <zowidgets/containers/DropDownButtonEx.h>

@@ -11,7 +11,7 @@ work=$3
 
 needed=(Xvfb xdotool)
 case $case_name in
-root_colour) needed+=(xsetroot) ;;
+root_colour | eyedropper | magnifier) needed+=(xsetroot) ;;
 screenshot) needed+=(import compare) ;;
 scale) needed+=(identify) ;;
 esac
@@ -50,6 +50,9 @@ if [ "$case_name" = scale ]; then
 else
   export ZOWIDGETS_SCALE=1
 fi
+# Settings the program writes stay with the case.
+export ZOWIDGETS_CONFIG_DIR="$work/config"
+
 Xvfb -displayfd 5 -screen 0 1280x800x24 "${density[@]}" -nolisten tcp -br 5>"$work/display" 2>"$work/xvfb.log" &
 pids+=($!)
 for _ in $(seq 100); do
@@ -64,7 +67,10 @@ mkfifo "$work/commands"
 # A program that died shows as a failed write, not as this script's death.
 trap '' PIPE
 extra=()
-case $case_name in form_*) extra=(--form) ;; esac
+case $case_name in
+form_*) extra=(--form) ;;
+eyedropper | magnifier) extra=(--screen-tools) ;;
+esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
 exec 4>"$work/commands"
@@ -255,6 +261,75 @@ form_menu)
   form=$(ask form)
   expect "mode parameter" "$(field "$form" mode)" 3
   expect "menu closed" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
+  ;;
+eyedropper)
+  xsetroot -solid '#3a7bd5'
+  sleep 0.2
+  read -r dropper_x dropper_y <<<"$(centre "$(ask dropper)" dropper)"
+  xdotool mousemove "$dropper_x" "$dropper_y" click 1
+  sleep 0.3
+  expect "capturing after a click on the dropper" "$(number "$(ask dropper)" capturing)" 1
+  # Out on the desktop, where the program has no window of its own.
+  xdotool mousemove 1000 150
+  sleep 0.3
+  dropper=$(ask dropper)
+  # Scale 1: right of the pointer by two thirds of a row, top level with it.
+  expect "lens beside the pointer" "$(box "$dropper" lens | cut -d' ' -f1,2)" "1015 151"
+  xdotool click 1
+  sleep 0.3
+  dropper=$(ask dropper)
+  expect "capturing after the pick" "$(number "$dropper" capturing)" 0
+  expect "colours picked" "$(number "$dropper" picks)" 1
+  expect "colour picked from the desktop" "$(field "$dropper" picked)" '#3a7bd5'
+  # An area dragged out towards the bottom left, on another colour.
+  xsetroot -solid '#c0ffee'
+  sleep 0.2
+  xdotool mousemove "$dropper_x" "$dropper_y" click 1
+  sleep 0.3
+  xdotool mousemove 900 200 mousedown 1
+  for step in 1 2 3 4; do
+    xdotool mousemove $((900 - step * 10)) $((200 + step * 8))
+    sleep 0.05
+  done
+  xdotool mouseup 1
+  sleep 0.3
+  dropper=$(ask dropper)
+  expect "colours picked" "$(number "$dropper" picks)" 2
+  expect "colour of the dragged area" "$(field "$dropper" picked)" '#c0ffee'
+  expect "capturing after the drag" "$(number "$dropper" capturing)" 0
+  ;;
+magnifier)
+  # Red lines every 16 pixels on blue.
+  xsetroot -mod 16 16 -fg '#ff0000' -bg '#0000ff'
+  sleep 0.2
+  xdotool mousemove 900 300
+  sleep 0.2
+  opened=$(ask 'magnify 4')
+  expect "level" "$(number "$opened" level)" 4
+  read -r window_x window_y _ window_h <<<"$(box "$opened" window)"
+  expect "window's bottom-left corner at the pointer" "$window_x $((window_y + window_h - 1))" "900 300"
+  xdotool mousemove 300 150
+  sleep 0.5
+  shown=$(ask magnifier)
+  [ "$(number "$shown" grabs)" -gt 3 ] || fail "the magnifier does not tick: $shown"
+  colours=$(sed -E 's/.*"row":\[(.*)\]\}$/\1/' <<<"$shown" | tr -d '"' | tr ',' '\n')
+  marker=$(number "$shown" marker)
+  expect "view centre against the pixel under the pointer" "$(sed -n "$((marker + 1))p" <<<"$colours")" \
+    "$(field "$shown" pointer)"
+  # Each one-pixel line shows 4 pixels wide, and the lines 64 apart.
+  runs=$(awk '
+    $1 == "#ff0000" { if (!inside) { start = NR; inside = 1 } next }
+    inside { print start, NR - start; inside = 0 }
+    END { if (inside) print start, "edge" }' <<<"$colours")
+  [ "$(wc -l <<<"$runs")" -ge 2 ] || fail "fewer than two lines in the view: $runs"
+  previous=
+  while read -r start length; do
+    [ "$start" -eq 1 ] || [ "$length" = edge ] || [ "$length" -eq 4 ] || fail "a line $length pixels wide at $start: $runs"
+    [ -z "$previous" ] || [ "$previous" -eq 1 ] || [ $((start - previous)) -eq 64 ] ||
+      fail "lines $((start - previous)) pixels apart: $runs"
+    previous=$start
+  done <<<"$runs"
+  echo "ok: lines at $(tr '\n' ' ' <<<"$runs")"
   ;;
 *)
   fail "unknown case"

@@ -6,14 +6,20 @@
 //   copy TEXT   puts TEXT on the session's clipboard
 //   grow        makes the panel two rows wider and one row taller
 //   form        the values and widget places of the built form (--form)
+//   dropper     the eye dropper's place, capture and picked colours
+//               (--screen-tools)
+//   magnify L   opens a magnifier at the pointer at level L (--screen-tools)
+//   magnifier   that magnifier's view and the colours it shows
 //   quit
 // With --shot FILE it instead paints the same panel on the headless screen,
 // saves that window's picture and exits, for comparison with the display.
 // With --paste it prints the session's clipboard text and exits. With --form
-// a panel built from parameters opens beside the first.
+// a panel built from parameters opens beside the first; with --screen-tools
+// a panel with an eye dropper opens above it.
 
 #include "FormPanel.h"
 #include "InputProbe.h"
+#include "ScreenToolsPanel.h"
 
 #include <zowidgets/host/Canvas.h>
 #include <zowidgets/host/GlobManager.h>
@@ -42,6 +48,7 @@ struct Session {
   StandardPanel* panel = nullptr;
   InputProbe* probe = nullptr;
   std::unique_ptr<FormPanel> form;
+  std::unique_ptr<ScreenToolsPanel> screenTools;
   bool quit = false;
 };
 
@@ -128,6 +135,18 @@ void answer(Session& session, std::string const& line) {
   } else if (command == "form") {
     std::cout << (session.form ? session.form->stateJson(&jsonBox) : std::string("{\"error\":\"no form\"}"))
               << std::endl;
+  } else if (command == "dropper" || command == "magnify" || command == "magnifier") {
+    if (!session.screenTools) {
+      std::cout << "{\"error\":\"no screen tools\"}" << std::endl;
+    } else if (command == "dropper") {
+      std::cout << session.screenTools->dropperJson(&jsonBox) << std::endl;
+    } else if (command == "magnify") {
+      int level = 0;
+      words >> level;
+      std::cout << session.screenTools->showMagnifier(level, &jsonBox) << std::endl;
+    } else {
+      std::cout << session.screenTools->magnifierJson(&jsonBox) << std::endl;
+    }
   } else if (command == "quit") {
     session.quit = true;
   } else if (!command.empty()) {
@@ -173,6 +192,10 @@ int main(int argc, char** argv) {
     int const row = UifStd::getRowHeight();
     session.form = std::make_unique<FormPanel>(XY<int>(row * 26, row * 8));
   }
+  if (hasFlag(argc, argv, "--screen-tools")) {
+    int const row = UifStd::getRowHeight();
+    session.screenTools = std::make_unique<ScreenToolsPanel>(XY<int>(row * 8, row * 16));
+  }
   // Commands arrive on a thread of their own and are answered on the
   // user-interface thread, between window events.
   std::thread reader([&session] {
@@ -184,6 +207,7 @@ int main(int argc, char** argv) {
   reader.detach();
   displayScreen()->runUntil([&] { return session.quit; }, std::chrono::hours(1));
   session.form.reset();
+  session.screenTools.reset();
   GlobManager::requestDeletion(session.panel);
   MessageLoop::runPending();
   return 0;
