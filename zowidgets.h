@@ -10,9 +10,12 @@
 #include <zowidgets/builder/UIBuilderJSONTestPanel.h>
 #include <zowidgets/builder/UIBuilderParams.h>
 #include <zowidgets/builder/UIBuilderTestPanel.h>
+#include <zowidgets/colour/ColourPicker.h>
+#include <zowidgets/colour/ColourPickerSuffixBox.h>
 #include <zowidgets/colour/ColourSliderAdaptors.h>
 #include <zowidgets/colour/ColourTextAdaptors.h>
 #include <zowidgets/colour/ComponentTextBox.h>
+#include <zowidgets/colour/DropDownColourPickerButton.h>
 #include <zowidgets/colour/EyeDropper.h>
 #include <zowidgets/colour/EyeDropperCursorCapturer.h>
 #include <zowidgets/colour/EyeDropperIcon.h>
