@@ -11,7 +11,7 @@ work=$3
 
 needed=(Xvfb xdotool)
 case $case_name in
-root_colour | eyedropper | magnifier) needed+=(xsetroot) ;;
+root_colour | eyedropper | magnifier | picker) needed+=(xsetroot) ;;
 screenshot) needed+=(import compare) ;;
 scale) needed+=(identify) ;;
 esac
@@ -70,6 +70,7 @@ extra=()
 case $case_name in
 form_*) extra=(--form) ;;
 eyedropper | magnifier) extra=(--screen-tools) ;;
+picker) extra=(--picker) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -297,6 +298,24 @@ eyedropper)
   expect "colours picked" "$(number "$dropper" picks)" 2
   expect "colour of the dragged area" "$(field "$dropper" picked)" '#c0ffee'
   expect "capturing after the drag" "$(number "$dropper" capturing)" 0
+  ;;
+picker)
+  xsetroot -solid '#d4502a'
+  sleep 0.2
+  read -r x y <<<"$(centre "$(ask picker)" dropper)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.3
+  # Out on the desktop, where the program has no window of its own.
+  xdotool mousemove 1000 150
+  sleep 0.3
+  xdotool click 1
+  sleep 0.4
+  picker=$(ask picker)
+  # The component boxes round, so they show the picked channels exactly; the
+  # hex box truncates, so a colour that went through hue, saturation and
+  # value may show one less there.
+  expect "picker colour after a pick from the desktop" \
+    "$(field "$picker" red) $(field "$picker" green) $(field "$picker" blue)" "212 80 42"
   ;;
 magnifier)
   # Red lines every 16 pixels on blue.

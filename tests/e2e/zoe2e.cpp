@@ -10,15 +10,18 @@
 //               (--screen-tools)
 //   magnify L   opens a magnifier at the pointer at level L (--screen-tools)
 //   magnifier   that magnifier's view and the colours it shows
+//   picker      the colour picker's hex text and its eye dropper (--picker)
 //   quit
 // With --shot FILE it instead paints the same panel on the headless screen,
 // saves that window's picture and exits, for comparison with the display.
 // With --paste it prints the session's clipboard text and exits. With --form
 // a panel built from parameters opens beside the first; with --screen-tools
-// a panel with an eye dropper opens above it.
+// a panel with an eye dropper opens above it; with --picker a colour picker
+// opens beside it.
 
 #include "FormPanel.h"
 #include "InputProbe.h"
+#include "PickerPanel.h"
 #include "ScreenToolsPanel.h"
 
 #include <zowidgets/host/Canvas.h>
@@ -49,6 +52,7 @@ struct Session {
   InputProbe* probe = nullptr;
   std::unique_ptr<FormPanel> form;
   std::unique_ptr<ScreenToolsPanel> screenTools;
+  std::unique_ptr<PickerPanel> picker;
   bool quit = false;
 };
 
@@ -147,6 +151,9 @@ void answer(Session& session, std::string const& line) {
     } else {
       std::cout << session.screenTools->magnifierJson(&jsonBox) << std::endl;
     }
+  } else if (command == "picker") {
+    std::cout << (session.picker ? session.picker->stateJson(&jsonBox) : std::string("{\"error\":\"no picker\"}"))
+              << std::endl;
   } else if (command == "quit") {
     session.quit = true;
   } else if (!command.empty()) {
@@ -196,6 +203,10 @@ int main(int argc, char** argv) {
     int const row = UifStd::getRowHeight();
     session.screenTools = std::make_unique<ScreenToolsPanel>(XY<int>(row * 8, row * 16));
   }
+  if (hasFlag(argc, argv, "--picker")) {
+    int const row = UifStd::getRowHeight();
+    session.picker = std::make_unique<PickerPanel>(XY<int>(row * 26, row * 8));
+  }
   // Commands arrive on a thread of their own and are answered on the
   // user-interface thread, between window events.
   std::thread reader([&session] {
@@ -208,6 +219,7 @@ int main(int argc, char** argv) {
   displayScreen()->runUntil([&] { return session.quit; }, std::chrono::hours(1));
   session.form.reset();
   session.screenTools.reset();
+  session.picker.reset();
   GlobManager::requestDeletion(session.panel);
   MessageLoop::runPending();
   return 0;
