@@ -4,6 +4,7 @@
 #include <zowidgets/host/UifStd.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -21,69 +22,116 @@ constexpr double kRingShade = 0.7;
 long long computations = 0;
 
 // The angle of a point from the vertical axis, in degrees, within its
-// quadrant. The picture and convertXYtoHS share it so that they agree to the
-// last bit.
+// quadrant.
 double quadrantAngle(double absX, double absY) { return std::atan(absX / absY) * 180.0 / kPi; }
 
-// convertDisplayToHueAngle for display angles in 0..360, without fmod: the
-// sum is below 720, so one subtraction is what fmod computes, exactly.
-double hueOfDisplayAngle(double angle) {
-  double const turned = angle + kHueRotation;
-  return 360.0 - (turned >= 360.0 ? turned - 360.0 : turned);
-}
-
 std::uint32_t channelByte(double channel) {
-  if (channel < 0.0)
-    return 0;
-  if (channel > 1.0)
-    return 255;
-  return static_cast<std::uint32_t>(channel * 255.0);
+  return static_cast<std::uint32_t>(static_cast<int>(std::min(std::max(channel, 0.0), 1.0) * 255.0));
 }
 
 std::uint32_t opaquePixel(std::uint32_t red, std::uint32_t green, std::uint32_t blue) {
   return 0xFF000000u | (red << 16) | (green << 8) | blue;
 }
 
-// One ring of the picture: a softened saturation at the picture's
-// brightness, and the bytes of its largest and smallest channels, which do
-// not depend on hue.
-struct PictureRing {
-  PictureRing(double saturation, double value)
-      : saturation(saturation), value(value), top(channelByte(value)), bottom(channelByte(value * (1.0 - saturation))) {
+// The picture counts hues in sextants, the sixths of the hue circle that the
+// HSV conversion works in, so a hue needs a multiply instead of a division.
+constexpr double kSextantsPerRadian = 3.0 / kPi;
+constexpr double kQuarterTurnInSextants = 1.5;
+// The hues at the top (display angle 0) and the bottom (180) of the disc.
+constexpr double kTopHue = 6.0 - kHueRotation / 60.0;
+constexpr double kBottomHue = 3.0 - kHueRotation / 60.0;
+
+// Where each sextant puts the brightness, the smallest channel and the
+// channel that changes with hue, as shifts into 0xAARRGGBB.
+constexpr std::array<unsigned, 6> kLargestShift{16, 8, 8, 0, 0, 16};
+constexpr std::array<unsigned, 6> kSmallestShift{0, 0, 16, 16, 8, 8};
+constexpr std::array<unsigned, 6> kChangingShift{8, 16, 0, 8, 16, 0};
+
+// HSVToRGB packed into a pixel, for hues in [0, 6) sextants, without a call
+// or a switch, and with the hue-free smallest channel worked out once per
+// ring. Its hues differ from the host's by rounding alone, which can move a
+// channel across a byte boundary: one step at most.
+class PicturePixel {
+public:
+  explicit PicturePixel(double value) : value_(value) {
+    std::uint32_t const largest = channelByte(value);
+    for (std::size_t sextant = 0; sextant < kLargestShift.size(); ++sextant)
+      largestBits_[sextant] = 0xFF000000u | largest << kLargestShift[sextant];
   }
 
-  // HSVToRGB's arithmetic step for step, packed into a pixel, for hues in
-  // (0, 360] as the picture has them: there fmod is the identity (360 wraps
-  // to 0) and floor a truncation, so every channel is the host's to the last
-  // bit, without a call, a library fmod and the hue-free channels per pixel.
-  // The tests hold the picture to HSVToRGB pixel by pixel.
-  std::uint32_t pixel(double hue) const {
-    double const wrapped = hue == 360.0 ? 0.0 : hue;
-    double const position = wrapped / 60.0;
-    double const sextant = static_cast<double>(static_cast<int>(position));
-    double const fraction = position - sextant;
-    auto falling = [&] { return channelByte(value * (1.0 - saturation * fraction)); };
-    auto rising = [&] { return channelByte(value * (1.0 - saturation * (1.0 - fraction))); };
-    switch (static_cast<int>(sextant) % 6) {
-    case 0:
-      return opaquePixel(top, rising(), bottom);
-    case 1:
-      return opaquePixel(falling(), top, bottom);
-    case 2:
-      return opaquePixel(bottom, top, rising());
-    case 3:
-      return opaquePixel(bottom, falling(), top);
-    case 4:
-      return opaquePixel(rising(), bottom, top);
-    default:
-      return opaquePixel(top, bottom, falling());
+  std::uint32_t operator()(double hue, double saturation, std::uint32_t smallest) const {
+    auto const sextant = static_cast<std::size_t>(static_cast<int>(hue));
+    double const fraction = hue - static_cast<double>(sextant);
+    // The changing channel falls through odd sextants and rises through even.
+    double const dip = (sextant & 1u) != 0 ? fraction : 1.0 - fraction;
+    std::uint32_t const changing = channelByte(value_ * (1.0 - saturation * dip));
+    return largestBits_[sextant] | smallest << kSmallestShift[sextant] | changing << kChangingShift[sextant];
+  }
+
+private:
+  double value_;
+  std::array<std::uint32_t, 6> largestBits_{};
+};
+
+// atan(x / y) for 0 <= x <= y, in sextants: the nearest of the angles
+// atan(i / 16), and a short series for the small angle left over, whose
+// tangent is below 1/32 and whose first omitted term below 1e-17.
+class OctantArctangent {
+public:
+  OctantArctangent() {
+    for (std::size_t i = 0; i < anchors_.size(); ++i)
+      anchors_[i] = std::atan(static_cast<double>(i) / kSteps) * kSextantsPerRadian;
+  }
+
+  double operator()(double x, double y, double inverseY) const {
+    auto const nearest = static_cast<std::size_t>(static_cast<int>(x * inverseY * kSteps + 0.5));
+    double const anchor = static_cast<double>(nearest) / kSteps;
+    double const rest = (x - anchor * y) / (y + anchor * x);
+    double const rest2 = rest * rest;
+    double const series =
+        rest * (1.0 + rest2 * (-1.0 / 3.0 + rest2 * (1.0 / 5.0 + rest2 * (-1.0 / 7.0 + rest2 * (1.0 / 9.0)))));
+    return anchors_[nearest] + series * kSextantsPerRadian;
+  }
+
+private:
+  static constexpr double kSteps = 16.0;
+  std::array<double, 17> anchors_{};
+};
+
+// Angles from the vertical axis, in sextants, of the pixels of a quadrant,
+// whose centres lie at x, y = 0.5, 1.5, ... Mirrored in the diagonal, the
+// angle at (x, y) is a quarter turn less the one at (y, x), so atan is needed
+// only where x <= y: taken from the rim inwards, each row finds its other
+// angles left by the rows further out.
+class QuadrantAngles {
+public:
+  explicit QuadrantAngles(int radius)
+      : radius_(static_cast<std::size_t>(radius)), mirrored_(radius_ * (radius_ + 1) / 2) {}
+
+  // The angles of row `row`'s first `count` pixels, nearest the axis first.
+  void fillRow(int row, int count, double* angles) {
+    double const absY = row + 0.5;
+    double const inverseY = 1.0 / absY;
+    int const direct = std::min(row + 1, count);
+    for (int column = 0; column < direct; ++column) {
+      angles[column] = arctangent_(column + 0.5, absY, inverseY);
+      if (column < row)
+        mirrored_[slot(column, row)] = angles[column];
     }
+    for (int column = row + 1; column < count; ++column)
+      angles[column] = kQuarterTurnInSextants - mirrored_[slot(row, column)];
   }
 
-  double saturation;
-  double value;
-  std::uint32_t top;
-  std::uint32_t bottom;
+private:
+  // Where row `far`'s angle at column `near` waits for row `near`.
+  std::size_t slot(int near, int far) const {
+    auto const n = static_cast<std::size_t>(near);
+    return n * (2 * radius_ - n + 1) / 2 + static_cast<std::size_t>(far - near - 1);
+  }
+
+  OctantArctangent arctangent_;
+  std::size_t radius_;
+  std::vector<double> mirrored_;
 };
 
 Colour shadedBy(Colour const& colour, double factor) {
@@ -363,48 +411,56 @@ Zo::Image::Surface HSColourWheel::computeWheelImage(NormalisedRGB const& backgro
   Zo::Image::Surface image(size, size);
   std::uint32_t const backgroundPixel =
       opaquePixel(channelByte(background.r), channelByte(background.g), channelByte(background.b));
+  PicturePixel const pixel(displayValue_);
+  QuadrantAngles angles(r);
+  double const inverseRadius = 1.0 / radius_;
 
-  // Pixel centres lie on half-integers, so the columns x and -1 - x, and the
-  // rows y and 1 - y, mirror each other: the distance and the quadrant angle
-  // are worked out once for each |x| and |y| from 0.5 to r + 0.5, and give
-  // four pixels, one in each quadrant. Each half row is then filled in order,
-  // its hues changing smoothly, which keeps the conversion's branches
-  // predictable.
-  std::vector<PictureRing> rings;
-  std::vector<double> angle;
-  rings.reserve(static_cast<std::size_t>(r) + 1);
-  angle.reserve(static_cast<std::size_t>(r) + 1);
+  // Pixel centres lie on half-integers, so the columns r + k and r - 1 - k,
+  // and the rows r - j and r + 1 + j, mirror each other: each distance and
+  // angle, worked out once for |x| = k + 0.5 and |y| = j + 0.5, gives four
+  // pixels, one in each quadrant, and every row is filled in order.
+  auto const quadrantSide = static_cast<std::size_t>(r) + 1;
+  std::vector<double> saturation(quadrantSide);
+  std::vector<std::uint32_t> smallest(quadrantSide);
+  std::vector<double> angle(quadrantSide);
   auto rowPixels = [&](int row) {
     return reinterpret_cast<std::uint32_t*>(image.data() + static_cast<std::ptrdiff_t>(row) * image.stride());
   };
-  // Columns r + k (step 1) or r - 1 - k (step -1), display angle base + sign * t.
-  auto fillHalfRow = [&](std::uint32_t* pixels, int step, double base, double sign) {
-    int const inside = static_cast<int>(rings.size());
-    int const first = step > 0 ? r : r - 1;
-    for (int k = 0; k < inside; ++k)
-      pixels[first + step * k] =
-          rings[static_cast<std::size_t>(k)].pixel(hueOfDisplayAngle(base + sign * angle[static_cast<std::size_t>(k)]));
-    std::fill(step > 0 ? pixels + r + inside : pixels, step > 0 ? pixels + size : pixels + r - inside, backgroundPixel);
-  };
-  for (int j = 0; j <= r; ++j) {
+  int inside = 0; // only grows as the rows near the middle
+  for (int j = r; j >= 0; --j) {
     double const absY = j + 0.5;
-    rings.clear();
-    angle.clear();
-    for (int k = 0; k <= r; ++k) {
+    auto distanceAt = [&](int k) {
       double const absX = k + 0.5;
-      double const distance = std::sqrt(absX * absX + absY * absY);
-      if (static_cast<int>(distance) >= r)
-        break; // the distance only grows along the row
-      rings.emplace_back(distance / radius_ * kPictureSaturationScale + kPictureSaturationFloor, displayValue_);
-      angle.push_back(quadrantAngle(absX, absY));
+      return std::sqrt(absX * absX + absY * absY);
+    };
+    while (inside <= r && static_cast<int>(distanceAt(inside)) < r)
+      ++inside;
+    for (std::size_t k = 0; k < static_cast<std::size_t>(inside); ++k) {
+      saturation[k] =
+          distanceAt(static_cast<int>(k)) * inverseRadius * kPictureSaturationScale + kPictureSaturationFloor;
+      smallest[k] = channelByte(displayValue_ * (1.0 - saturation[k]));
     }
+    angles.fillRow(j, inside, angle.data());
+
+    // Display angles t (upper right), 360 - t (upper left), 180 - t (lower
+    // right) and 180 + t (lower left), as hues.
     std::uint32_t* const upper = rowPixels(r - j);
-    fillHalfRow(upper, 1, 0.0, 1.0);
-    fillHalfRow(upper, -1, 360.0, -1.0);
-    if (r + 1 + j < size) {
-      std::uint32_t* const lower = rowPixels(r + 1 + j);
-      fillHalfRow(lower, 1, 180.0, -1.0);
-      fillHalfRow(lower, -1, 180.0, 1.0);
+    std::fill(upper, upper + r - inside, backgroundPixel);
+    std::fill(upper + r + inside, upper + size, backgroundPixel);
+    for (std::size_t k = 0; k < static_cast<std::size_t>(inside); ++k) {
+      double const wrapping = kTopHue + angle[k];
+      upper[static_cast<std::size_t>(r) + k] = pixel(kTopHue - angle[k], saturation[k], smallest[k]);
+      upper[static_cast<std::size_t>(r) - 1 - k] =
+          pixel(wrapping >= 6.0 ? wrapping - 6.0 : wrapping, saturation[k], smallest[k]);
+    }
+    if (j == r)
+      continue; // row 0's mirror would lie below the picture
+    std::uint32_t* const lower = rowPixels(r + 1 + j);
+    std::fill(lower, lower + r - inside, backgroundPixel);
+    std::fill(lower + r + inside, lower + size, backgroundPixel);
+    for (std::size_t k = 0; k < static_cast<std::size_t>(inside); ++k) {
+      lower[static_cast<std::size_t>(r) + k] = pixel(kBottomHue + angle[k], saturation[k], smallest[k]);
+      lower[static_cast<std::size_t>(r) - 1 - k] = pixel(kBottomHue - angle[k], saturation[k], smallest[k]);
     }
   }
   return image;

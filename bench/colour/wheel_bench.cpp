@@ -3,7 +3,8 @@
 // host's HSV conversion for every pixel, and against HSV conversion alone;
 // then a second wheel's paint that finds the picture in the shared cache.
 // Times are reported per pixel of the picture. Every built picture is
-// checked against the plain loop's before timing.
+// checked against the plain loop's before timing: each channel within one
+// step, as the wheel reaches its hues by another rounding than the host.
 
 #include <zowidgets/colour/HSColourWheel.h>
 #include <zowidgets/host/CanvasRenderer.h>
@@ -58,7 +59,7 @@ void reportPerPixel(benchmark::State& state, int side) {
 void wheelPicture(benchmark::State& state) {
   HSColourWheel wheel(nullptr, static_cast<unsigned short>(state.range(0)), 1.0, 0);
   Zo::Image::Surface const reference = plainPicture(wheel);
-  if (Zo::Image::Surface::compare(wheel.computeWheelImage(kBackground), reference).differingPixels != 0) {
+  if (Zo::Image::Surface::compare(wheel.computeWheelImage(kBackground), reference, 1).differingPixels != 0) {
     state.SkipWithError("the picture differs from the plain loop's");
     return;
   }
