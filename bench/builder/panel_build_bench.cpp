@@ -117,69 +117,64 @@ void disposeOf(StandardPanel* panel) {
   MessageLoop::runPending();
 }
 
-void zoBuildFromParams(benchmark::State& state) {
+// Times `build` (which makes a panel of `rows` and returns what keeps its
+// rows alive) once per iteration; `prepare` runs untimed before each, and
+// `check` untimed after each, on the panel.
+template <class Prepared, class Build, class Check>
+void timeBuilds(benchmark::State& state, char const* failure, Prepared (*prepare)(int), Build build, Check check) {
   useHeadlessScreen();
   int const rows = static_cast<int>(state.range(0));
   bool ok = true;
   for (auto _ : state) {
     state.PauseTiming();
-    ParamList const params = makeParams(rows);
+    Prepared const prepared = prepare(rows);
     state.ResumeTiming();
     StandardPanel* panel = makePanel(rows);
-    Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(params, panel, 0);
+    Zo::Ptr<UIBuilder::Params> built = build(prepared, panel);
     benchmark::DoNotOptimize(built.get());
     state.PauseTiming();
-    ok = ok && lastRowInPlace(*panel, rows);
+    ok = ok && lastRowInPlace(*panel, rows) && check(*panel);
     built.reset();
     disposeOf(panel);
     state.ResumeTiming();
   }
   if (!ok)
-    state.SkipWithError("the rows were not laid out");
+    state.SkipWithError(failure);
 }
+
+bool anyPanel(StandardPanel const&) { return true; }
+
+void zoBuildFromParams(benchmark::State& state) {
+  timeBuilds(
+      state, "the rows were not laid out", &makeParams,
+      [](ParamList const& params, StandardPanel* panel) { return UIBuilder::build(params, panel, 0); }, &anyPanel);
+}
+
+// The description is made before timing, once per iteration like the
+// parameter list, and parsed inside it.
+LightweightString<wchar_t> describe(int rows) { return LightweightString<wchar_t>(makeDescription(rows)); }
 
 void zoBuildFromJSON(benchmark::State& state) {
-  useHeadlessScreen();
-  int const rows = static_cast<int>(state.range(0));
-  LightweightString<wchar_t> const description(makeDescription(rows));
-  bool ok = true;
-  for (auto _ : state) {
-    StandardPanel* panel = makePanel(rows);
-    Zo::Ptr<UIBuilder::Params> built = UIBuilder::buildFromJSON(description, panel);
-    benchmark::DoNotOptimize(built.get());
-    state.PauseTiming();
-    ok = ok && lastRowInPlace(*panel, rows);
-    built.reset();
-    disposeOf(panel);
-    state.ResumeTiming();
-  }
-  if (!ok)
-    state.SkipWithError("the rows were not laid out");
+  timeBuilds(
+      state, "the rows were not laid out", &describe,
+      [](LightweightString<wchar_t> const& text, StandardPanel* panel) {
+        return UIBuilder::buildFromJSON(text, panel);
+      },
+      &anyPanel);
 }
 
+// Redraws are held through the build and the realizing, so the panel is
+// painted once, whole, as they are let go.
 void zoBuildAndFirstPaint(benchmark::State& state) {
-  useHeadlessScreen();
-  int const rows = static_cast<int>(state.range(0));
-  bool ok = true;
-  for (auto _ : state) {
-    state.PauseTiming();
-    ParamList const params = makeParams(rows);
-    state.ResumeTiming();
-    StandardPanel* panel = makePanel(rows);
-    Zo::Ptr<UIBuilder::Params> built;
-    {
-      Drawable::Suspender oneRedraw;
-      built = UIBuilder::build(params, panel, 0);
-      GlobManager::realize(panel);
-    }
-    state.PauseTiming();
-    ok = ok && lastRowInPlace(*panel, rows) && panel->canvas() && panel->canvas()->paintCount() == 1;
-    built.reset();
-    disposeOf(panel);
-    state.ResumeTiming();
-  }
-  if (!ok)
-    state.SkipWithError("the panel was not painted once");
+  timeBuilds(
+      state, "the panel was not painted once", &makeParams,
+      [](ParamList const& params, StandardPanel* panel) {
+        Drawable::Suspender oneRedraw;
+        Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(params, panel, 0);
+        GlobManager::realize(panel);
+        return built;
+      },
+      [](StandardPanel const& panel) { return panel.canvas() && panel.canvas()->paintCount() == 1; });
 }
 
 // The same rows as QFormLayout rows: a check box across, and label plus

@@ -1,3 +1,4 @@
+#include "support/PatchWindow.h"
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/colour/ComponentTextBox.h>
@@ -14,27 +15,6 @@
 #include <vector>
 
 namespace {
-
-// A window of one flat colour, for the eye dropper to pick from.
-class PatchWindow : public Glob {
-public:
-  PatchWindow(Zo::Box<int> const& screenBox, Colour const& colour) : Glob(info(screenBox)), colour_(colour) {
-    GlobManager::realize(this);
-  }
-
-protected:
-  void draw(CanvasRenderer& renderer) override {
-    renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), colour_));
-  }
-
-private:
-  static GlobCreationInfo info(Zo::Box<int> const& box) {
-    GlobCreationInfo made(box.getDimensions());
-    made.screenPosition = XY<int>(box.x0, box.y0);
-    return made;
-  }
-  Colour colour_;
-};
 
 struct DropDownColourPickerButtonTest : HeadlessScreenTest {
   StandardPanel* window = nullptr;

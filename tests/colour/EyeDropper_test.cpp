@@ -1,3 +1,4 @@
+#include "support/PatchWindow.h"
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/colour/EyeDropper.h>
@@ -14,38 +15,6 @@
 #include <vector>
 
 namespace {
-
-// A window showing a picture made pixel by pixel.
-class PatchWindow : public Glob {
-public:
-  using ColourAt = std::function<std::uint32_t(int x, int rowFromTop)>;
-
-  PatchWindow(Zo::Box<int> const& screenBox, ColourAt const& colourAt)
-      : Glob(info(screenBox)), image_(screenBox.width(), screenBox.height()), colourAt_(colourAt) {
-    for (int row = 0; row < image_.height(); ++row)
-      for (int x = 0; x < image_.width(); ++x)
-        image_.setPixel(x, row, colourAt(x, row));
-    GlobManager::realize(this);
-  }
-  std::uint32_t colourAt(XY<int> screen) const {
-    XY<int> const local = screen - screenPosition();
-    return colourAt_(local.x, height() - 1 - local.y);
-  }
-
-protected:
-  void draw(CanvasRenderer& renderer) override {
-    renderer.renderPrimitive(Glib::ImageDescription(image_, XY<double>(0.0, 0.0)));
-  }
-
-private:
-  static GlobCreationInfo info(Zo::Box<int> const& box) {
-    GlobCreationInfo made(box.getDimensions());
-    made.screenPosition = XY<int>(box.x0, box.y0);
-    return made;
-  }
-  Zo::Image::Surface image_;
-  ColourAt colourAt_;
-};
 
 std::uint32_t opaque(int r, int g, int b) { return 0xff000000u | std::uint32_t(r) << 16 | std::uint32_t(g) << 8 | b; }
 
