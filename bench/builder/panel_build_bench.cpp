@@ -49,7 +49,7 @@ std::vector<ChoiceParam::Choice> const& choices() {
 ParamList makeParams(int rows) {
   ParamList params;
   for (int i = 0; i < rows; ++i) {
-    std::string const id = "p" + std::to_string(i);
+    std::string const id = std::string("p").append(std::to_string(i));
     switch (i % 4) {
     case 0:
       params.push_back(Zo::Ptr<iParam>(new BoolParam(L"Enabled", id.c_str(), {}, true)));
@@ -71,7 +71,7 @@ ParamList makeParams(int rows) {
 std::wstring makeDescription(int rows) {
   std::string text = "{\"rows\": [";
   for (int i = 0; i < rows; ++i) {
-    std::string const name = "\"name\": \"p" + std::to_string(i) + "\"";
+    std::string const name = std::string("\"name\": \"p").append(std::to_string(i)).append("\"");
     text += i ? ",\n" : "\n";
     switch (i % 4) {
     case 0:
