@@ -34,12 +34,14 @@ void VisibleIfHandler::handleValueChange(LightweightString<char> const&, Lightwe
 namespace {
 
 // Only numbers have limits: the other parameter's value as a double, or
-// nothing when it holds something else.
-std::optional<double> numericValueOf(GenericParam::iParam const& other) {
-  LightweightString<char> const type = other.getValueType();
+// nothing when it holds something else or is gone.
+std::optional<double> numericValueOf(GenericParam::iParam const* other) {
+  if (!other)
+    return std::nullopt;
+  LightweightString<char> const type = other->getValueType();
   if (type != "int" && type != "double")
     return std::nullopt;
-  return DataConvert::convert<LightweightString<wchar_t>, double>(other.getValueAsString());
+  return DataConvert::convert<LightweightString<wchar_t>, double>(other->getValueAsString());
 }
 
 double asDouble(LightweightString<wchar_t> const& text) {
@@ -48,17 +50,26 @@ double asDouble(LightweightString<wchar_t> const& text) {
 
 } // namespace
 
+LimitSource::LimitSource(Zo::Ptr<GenericParam::iParam> const& other) : other_(other.get()) {
+  if (auto const* base = dynamic_cast<GenericParam::ParamBase const*>(other.get()))
+    life_ = base->getLife();
+  else
+    kept_ = other;
+}
+
+GenericParam::iParam* LimitSource::get() const noexcept { return life_ && !life_->isAlive() ? nullptr : other_; }
+
 LightweightString<wchar_t> LowerLimitConstraint::constrain(LightweightString<wchar_t> const& value) {
-  std::optional<double> const limit = numericValueOf(*other_);
+  std::optional<double> const limit = numericValueOf(other_.get());
   if (limit && *limit > asDouble(value))
-    return other_->getValueAsString();
+    return other_.get()->getValueAsString();
   return value;
 }
 
 LightweightString<wchar_t> UpperLimitConstraint::constrain(LightweightString<wchar_t> const& value) {
-  std::optional<double> const limit = numericValueOf(*other_);
+  std::optional<double> const limit = numericValueOf(other_.get());
   if (limit && asDouble(value) > *limit)
-    return other_->getValueAsString();
+    return other_.get()->getValueAsString();
   return value;
 }
 

@@ -33,6 +33,22 @@ private:
   TextSearch::Criteria criteria_;
 };
 
+// The parameter a limit is taken from, held without keeping it alive: a
+// limit that holds both ways puts one on each parameter, and two strong
+// references would keep both for ever. Once that parameter is gone the
+// limit has no effect.
+class ZO_API LimitSource {
+public:
+  explicit LimitSource(Zo::Ptr<GenericParam::iParam> const& other);
+  // The parameter, or null once it is gone.
+  GenericParam::iParam* get() const noexcept;
+
+private:
+  GenericParam::iParam* other_;
+  Zo::Ptr<GenericParam::ParamLife> life_;
+  Zo::Ptr<GenericParam::iParam> kept_; // a parameter that tells no life is kept
+};
+
 // Keeps a numeric value from going below another parameter's value.
 class ZO_API LowerLimitConstraint : public GenericParam::iValueConstraint {
 public:
@@ -40,7 +56,7 @@ public:
   LightweightString<wchar_t> constrain(LightweightString<wchar_t> const& value) override;
 
 private:
-  Zo::Ptr<GenericParam::iParam> other_;
+  LimitSource other_;
 };
 
 // Keeps a numeric value from going above another parameter's value.
@@ -50,7 +66,7 @@ public:
   LightweightString<wchar_t> constrain(LightweightString<wchar_t> const& value) override;
 
 private:
-  Zo::Ptr<GenericParam::iParam> other_;
+  LimitSource other_;
 };
 
 // Passes a parameter's change on as a message named by its id.

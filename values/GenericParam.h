@@ -65,6 +65,18 @@ public:
 
 using ParamList = LightweightVector<Zo::Ptr<iParam>>;
 
+// Whether a parameter still exists, for rules that refer to one without
+// keeping it alive: two limits on each other, each keeping the other, would
+// otherwise keep both for ever. Every parameter, each copy too, has its own.
+class ZO_API ParamLife : public iObject {
+public:
+  bool isAlive() const noexcept { return alive_; }
+  void end() noexcept { alive_ = false; }
+
+private:
+  bool alive_ = true;
+};
+
 // Presentation hint read by the library's own presenter: on a DoubleParam,
 // draw the slider alone, with no numeric box.
 constexpr unsigned int kHintSliderOnly = 4;
@@ -106,9 +118,21 @@ public:
   // An empty paramId means no condition.
   Condition const& getVisibleCondition() const noexcept { return visibleCondition_; }
   std::size_t changeHandlerCount() const noexcept { return changeHandlers_.size(); }
+  // Ends when this parameter is destroyed.
+  Zo::Ptr<ParamLife> const& getLife() const noexcept { return life_.token; }
   std::size_t valueConstraintCount() const noexcept { return valueConstraints_.size(); }
 
 private:
+  // A copy is a new parameter with a life of its own.
+  struct LifeToken {
+    LifeToken() : token(new ParamLife) {}
+    LifeToken(LifeToken const&) : LifeToken() {}
+    LifeToken& operator=(LifeToken const&) { return *this; }
+    ~LifeToken() { token->end(); }
+    Zo::Ptr<ParamLife> token;
+  };
+
+  LifeToken life_;
   LightweightString<char> type_;
   LightweightString<char> id_;
   UIString legend_;

@@ -134,6 +134,39 @@ TEST_F(UIBuilderParamsTest, AnUpperLimitKeepsAValueBelowTheOther) {
   EXPECT_EQ(low->getValueAsString(), L"5");
 }
 
+TEST_F(UIBuilderParamsTest, LimitsBothWaysDoNotKeepTheParametersAlive) {
+  Zo::Ptr<GenericParam::ParamLife> lowLife, highLife;
+  {
+    Zo::Ptr<iParam> low = intParam("low", 2, 0, 10);
+    Zo::Ptr<iParam> high = intParam("high", 8, 0, 10);
+    low->isLessThan("high");
+    high->isGreaterThan("low");
+    lowLife = dynamic_cast<GenericParam::ParamBase&>(*low).getLife();
+    highLife = dynamic_cast<GenericParam::ParamBase&>(*high).getLife();
+    Zo::Ptr<UIBuilder::Params> built = build(ParamList{low, high});
+    low->setValueFromString(L"9");
+    EXPECT_EQ(low->getValueAsString(), L"8");
+    GlobManager::requestDeletion(panel);
+    pump();
+  }
+  EXPECT_FALSE(lowLife->isAlive());
+  EXPECT_FALSE(highLife->isAlive());
+}
+
+TEST_F(UIBuilderParamsTest, ALimitAgainstAParameterThatIsGoneHasNoEffect) {
+  Zo::Ptr<iParam> value = intParam("value", 5, 0, 100);
+  {
+    Zo::Ptr<iParam> floor = intParam("floor", 50, 0, 100);
+    BuilderRules::LowerLimitConstraint limit(floor);
+    EXPECT_EQ(limit.constrain(L"10"), L"50");
+    value->addValueConstraint(Zo::Ptr<GenericParam::iValueConstraint>(new BuilderRules::LowerLimitConstraint(floor)));
+    value->setValueFromString(L"10");
+    EXPECT_EQ(value->getValueAsString(), L"50");
+  }
+  value->setValueFromString(L"10");
+  EXPECT_EQ(value->getValueAsString(), L"10");
+}
+
 TEST_F(UIBuilderParamsTest, TwoConditionsOnOneRowMakeItActiveOnlyWhenBothHold) {
   Zo::Ptr<iParam> a = boolParam("a", true), b = boolParam("b", false);
   Zo::Ptr<iParam> dependent = intParam("dep", 1, 0, 10);
