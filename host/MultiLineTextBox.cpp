@@ -334,14 +334,6 @@ int MultiLineTextBox::handleKey(int key) {
   bool const extend = (key & kKeyShift) != 0;
   bool const command = (key & (kKeyCtrl | kKeyCmd)) != 0;
   switch (code) {
-  case kKeyLeft:
-    command ? editor_.moveWordLeft(extend) : editor_.moveLeft(extend);
-    caretMoved();
-    return 1;
-  case kKeyRight:
-    command ? editor_.moveWordRight(extend) : editor_.moveRight(extend);
-    caretMoved();
-    return 1;
   case kKeyUp:
     moveVertically(-1, extend);
     return 1;
@@ -362,14 +354,6 @@ int MultiLineTextBox::handleKey(int key) {
     editor_.setCaret(command ? editor_.size() : lastCaretPosition(caretLine()), extend);
     caretMoved();
     return 1;
-  case kKeyBackspace:
-    if (editable_ && editor_.deleteBackward())
-      textEdited();
-    return 1;
-  case kKeyDelete:
-    if (editable_ && editor_.deleteForward())
-      textEdited();
-    return 1;
   case kKeyReturn:
     if (editable_)
       insertAtCaret(L"\n");
@@ -377,28 +361,12 @@ int MultiLineTextBox::handleKey(int key) {
   default:
     break;
   }
-  if (command) {
-    switch (std::towlower(static_cast<wint_t>(code))) {
-    case L'a':
-      editor_.selectAll();
-      caretMoved();
-      return 1;
-    case L'c':
-      copySelection();
-      return 1;
-    case L'x':
-      copySelection();
-      if (editable_ && editor_.deleteSelection())
-        textEdited();
-      return 1;
-    case L'v':
-      if (editable_)
-        insertAtCaret(OS().clipboardText().view());
-      return 1;
-    default:
-      return 0;
-    }
-  }
+  int const common =
+      editor_.applyCommonKey(key, editable_,
+                             {[this] { caretMoved(); }, [this] { textEdited(); }, [this] { copySelection(); },
+                              [this] { insertAtCaret(OS().clipboardText().view()); }, true});
+  if (common >= 0)
+    return common;
   // A printable key: its character follows as a text event.
   bool const printable = code >= L' ' && code < kKeySpecial && (key & kKeyAlt) == 0;
   return printable && editable_ ? 1 : 0;

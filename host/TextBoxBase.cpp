@@ -136,16 +136,7 @@ void TextBoxBase::handleKbdFocus(bool gained) {
 int TextBoxBase::handleKeyboardEvent(int key) {
   int const code = key & ~kKeyModifierMask;
   bool const extend = (key & kKeyShift) != 0;
-  bool const command = (key & (kKeyCtrl | kKeyCmd)) != 0;
   switch (code) {
-  case kKeyLeft:
-    command ? editor_.moveWordLeft(extend) : editor_.moveLeft(extend);
-    caretMoved();
-    return 1;
-  case kKeyRight:
-    command ? editor_.moveWordRight(extend) : editor_.moveRight(extend);
-    caretMoved();
-    return 1;
   case kKeyHome:
     editor_.moveHome(extend);
     caretMoved();
@@ -154,14 +145,6 @@ int TextBoxBase::handleKeyboardEvent(int key) {
     editor_.moveEnd(extend);
     caretMoved();
     return 1;
-  case kKeyBackspace:
-    if (editable_ && editor_.deleteBackward())
-      textEdited();
-    return 1;
-  case kKeyDelete:
-    if (editable_ && editor_.deleteForward())
-      textEdited();
-    return 1;
   case kKeyReturn:
     commit(true);
     notify(TextBoxEvent::kReturnPressed);
@@ -169,27 +152,11 @@ int TextBoxBase::handleKeyboardEvent(int key) {
   default:
     break;
   }
-  if (command) {
-    switch (std::towlower(static_cast<wint_t>(code))) {
-    case L'a':
-      editor_.selectAll();
-      caretMoved();
-      return 1;
-    case L'c':
-      copySelection();
-      return 1;
-    case L'x':
-      copySelection();
-      if (editable_ && !obfuscated_ && editor_.deleteSelection())
-        textEdited();
-      return 1;
-    case L'v':
-      paste();
-      return 1;
-    default:
-      return 0;
-    }
-  }
+  int const common = editor_.applyCommonKey(key, editable_,
+                                            {[this] { caretMoved(); }, [this] { textEdited(); },
+                                             [this] { copySelection(); }, [this] { paste(); }, !obfuscated_});
+  if (common >= 0)
+    return common;
   // A printable key: its character follows as a text event.
   bool const printable = code >= L' ' && code < kKeySpecial && (key & kKeyAlt) == 0;
   return printable && editable_ ? 1 : 0;

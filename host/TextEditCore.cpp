@@ -1,3 +1,4 @@
+#include <zowidgets/host/Event.h>
 #include <zowidgets/host/TextEditCore.h>
 
 #include <algorithm>
@@ -150,5 +151,53 @@ bool TextEditCore::accepts(wchar_t character) const noexcept {
     return !listed;
   default:
     return true;
+  }
+}
+
+int TextEditCore::applyCommonKey(int key, bool editable, KeyActions const& actions) {
+  int const code = key & ~kKeyModifierMask;
+  bool const extend = (key & kKeyShift) != 0;
+  bool const command = (key & (kKeyCtrl | kKeyCmd)) != 0;
+  switch (code) {
+  case kKeyLeft:
+    command ? moveWordLeft(extend) : moveLeft(extend);
+    actions.caretMoved();
+    return 1;
+  case kKeyRight:
+    command ? moveWordRight(extend) : moveRight(extend);
+    actions.caretMoved();
+    return 1;
+  case kKeyBackspace:
+    if (editable && deleteBackward())
+      actions.textEdited();
+    return 1;
+  case kKeyDelete:
+    if (editable && deleteForward())
+      actions.textEdited();
+    return 1;
+  default:
+    break;
+  }
+  if (!command)
+    return -1;
+  switch (std::towlower(static_cast<wint_t>(code))) {
+  case L'a':
+    selectAll();
+    actions.caretMoved();
+    return 1;
+  case L'c':
+    actions.copySelection();
+    return 1;
+  case L'x':
+    actions.copySelection();
+    if (editable && actions.mayCut && deleteSelection())
+      actions.textEdited();
+    return 1;
+  case L'v':
+    if (editable)
+      actions.paste();
+    return 1;
+  default:
+    return 0;
   }
 }

@@ -3,6 +3,7 @@
 #include <zowidgets/host/Export.h>
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -59,6 +60,22 @@ public:
   bool accepts(wchar_t character) const noexcept;
   // 0: no limit.
   void setSizeLimit(std::size_t limit) { sizeLimit_ = limit; }
+
+  // What an editor does when a key common to every editor asks for it.
+  struct KeyActions {
+    std::function<void()> caretMoved;
+    std::function<void()> textEdited;
+    std::function<void()> copySelection;
+    std::function<void()> paste;
+    bool mayCut = true; // whether a cut may delete what it copied
+  };
+  // Carries out Left and Right (by words with Ctrl or Cmd, extending with
+  // Shift), Backspace, Delete (only when `editable`), Ctrl+A and the
+  // clipboard keys Ctrl+C, X and V. Answers 1 when the key was taken, 0 for
+  // a Ctrl or Cmd key no editor uses, -1 for any other key. Home, End,
+  // Return and the vertical keys differ between editors: an editor handles
+  // those first.
+  int applyCommonKey(int key, bool editable, KeyActions const& actions);
 
   static bool isWordCharacter(wchar_t character) noexcept;
 

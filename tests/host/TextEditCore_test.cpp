@@ -1,6 +1,10 @@
+#include <zowidgets/host/Event.h>
 #include <zowidgets/host/TextEditCore.h>
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -133,6 +137,59 @@ TEST(TextEditCore, TheSizeLimitCutsWhatIsTyped) {
   editor.setCaret(3, true);
   EXPECT_TRUE(editor.insert(L"XYZ"));
   EXPECT_EQ(editor.text(), L"aXYd");
+}
+
+} // namespace
+
+namespace {
+
+struct CommonKeys : ::testing::Test {
+  TextEditCore editor;
+  std::vector<std::string> done;
+  TextEditCore::KeyActions actions{[this] { done.push_back("caret"); }, [this] { done.push_back("edited"); },
+                                   [this] { done.push_back("copy"); }, [this] { done.push_back("paste"); }, true};
+  void SetUp() override { editor.setText(L"one two"); }
+};
+
+TEST_F(CommonKeys, ArrowsMoveByCharacterOrWordAndSayTheCaretMoved) {
+  EXPECT_EQ(editor.applyCommonKey(kKeyLeft, true, actions), 1);
+  EXPECT_EQ(editor.caret(), 6u);
+  EXPECT_EQ(editor.applyCommonKey(kKeyLeft | kKeyCtrl | kKeyShift, true, actions), 1);
+  EXPECT_EQ(editor.caret(), 4u);
+  EXPECT_EQ(editor.anchor(), 6u);
+  EXPECT_EQ(done, (std::vector<std::string>{"caret", "caret"}));
+}
+
+TEST_F(CommonKeys, DeletionNeedsAnEditableBoxAndAChange) {
+  EXPECT_EQ(editor.applyCommonKey(kKeyBackspace, false, actions), 1);
+  EXPECT_EQ(editor.text(), L"one two");
+  EXPECT_EQ(editor.applyCommonKey(kKeyBackspace, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"one tw");
+  EXPECT_EQ(editor.applyCommonKey(kKeyDelete, true, actions), 1); // at the end: nothing to delete
+  EXPECT_EQ(done, std::vector<std::string>{"edited"});
+}
+
+TEST_F(CommonKeys, ClipboardKeysAskTheEditorAndCutOnlyWhereAllowed) {
+  EXPECT_EQ(editor.applyCommonKey('a' | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.selectedText(), L"one two");
+  EXPECT_EQ(editor.applyCommonKey('C' | kKeyCmd, true, actions), 1);
+  actions.mayCut = false;
+  EXPECT_EQ(editor.applyCommonKey('x' | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"one two");
+  actions.mayCut = true;
+  EXPECT_EQ(editor.applyCommonKey('x' | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"");
+  EXPECT_EQ(editor.applyCommonKey('v' | kKeyCtrl, false, actions), 1);
+  EXPECT_EQ(editor.applyCommonKey('v' | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(done, (std::vector<std::string>{"caret", "copy", "copy", "copy", "edited", "paste"}));
+}
+
+TEST_F(CommonKeys, OtherKeysAreTheEditorsOwn) {
+  EXPECT_EQ(editor.applyCommonKey('q' | kKeyCtrl, true, actions), 0);
+  EXPECT_EQ(editor.applyCommonKey('q', true, actions), -1);
+  EXPECT_EQ(editor.applyCommonKey(kKeyHome, true, actions), -1);
+  EXPECT_EQ(editor.applyCommonKey(kKeyReturn, true, actions), -1);
+  EXPECT_TRUE(done.empty());
 }
 
 } // namespace
