@@ -77,6 +77,21 @@ void strokeInside(cairo_t* context, Zo::Box<double> const& box, double radius, d
   cairo_set_fill_rule(context, CAIRO_FILL_RULE_WINDING);
 }
 
+// A box, its corners rounded by `radius` (0: square), filled and then
+// outlined just inside its edge; an unusable colour skips its part.
+void fillAndOutline(cairo_t* context, Zo::Box<double> const& box, double radius, Colour const& fill,
+                    Colour const& outline, double outlineWidth) {
+  if (box.empty())
+    return;
+  if (fill.use()) {
+    setSource(context, fill);
+    addRoundedBox(context, box, radius);
+    cairo_fill(context);
+  }
+  if (outline.use() && outlineWidth > 0.0)
+    strokeInside(context, box, radius, outlineWidth, outline);
+}
+
 bool isWhole(double value) { return value == std::floor(value); }
 
 // Lines of odd whole width along a pixel edge are moved to the pixel centres
@@ -268,19 +283,8 @@ bool CanvasRenderer::begin() {
 void CanvasRenderer::renderMulti(Glib::RectDescription const* items, unsigned int count) {
   if (!begin())
     return;
-  cairo_t* context = cairo_->context;
-  for (unsigned int n = 0; n < count; ++n) {
-    Glib::RectDescription const& item = items[n];
-    if (item.box.empty())
-      continue;
-    if (item.fill.use()) {
-      setSource(context, item.fill);
-      cairo_rectangle(context, item.box.x0, item.box.y0, item.box.width(), item.box.height());
-      cairo_fill(context);
-    }
-    if (item.outline.use() && item.outlineWidth > 0.0)
-      strokeInside(context, item.box, 0.0, item.outlineWidth, item.outline);
-  }
+  for (unsigned int n = 0; n < count; ++n)
+    fillAndOutline(cairo_->context, items[n].box, 0.0, items[n].fill, items[n].outline, items[n].outlineWidth);
 }
 
 void CanvasRenderer::renderMulti(Glib::EllipseDescription const* items, unsigned int count) {
@@ -418,19 +422,9 @@ void CanvasRenderer::renderMulti(Glib::ImageDescriptionEx const* items, unsigned
 void CanvasRenderer::renderMulti(Glib::RoundedRectDescription const* items, unsigned int count) {
   if (!begin())
     return;
-  cairo_t* context = cairo_->context;
-  for (unsigned int n = 0; n < count; ++n) {
-    Glib::RoundedRectDescription const& item = items[n];
-    if (item.box.empty())
-      continue;
-    if (item.fill.use()) {
-      setSource(context, item.fill);
-      addRoundedBox(context, item.box, item.radius);
-      cairo_fill(context);
-    }
-    if (item.outline.use() && item.outlineWidth > 0.0)
-      strokeInside(context, item.box, item.radius, item.outlineWidth, item.outline);
-  }
+  for (unsigned int n = 0; n < count; ++n)
+    fillAndOutline(cairo_->context, items[n].box, items[n].radius, items[n].fill, items[n].outline,
+                   items[n].outlineWidth);
 }
 
 void CanvasRenderer::renderMulti(Glib::TriangleStripDescription const* items, unsigned int count) {
