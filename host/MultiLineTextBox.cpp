@@ -299,12 +299,7 @@ int MultiLineTextBox::react(Event const& event) {
     if (!mouse_left_event(event))
       return 0;
     claimKbdFocus();
-    std::size_t const index = indexAt(event.position);
-    if (event.clicks >= 2)
-      editor_.selectWordAt(index);
-    else
-      editor_.setCaret(index, (event.modifiers & kKeyShift) != 0);
-    dragging_ = event.clicks < 2;
+    dragging_ = editor_.pressAt(indexAt(event.position), event.clicks, (event.modifiers & kKeyShift) != 0);
     caretMoved();
     return 1;
   }

@@ -94,12 +94,7 @@ int TextBoxBase::react(Event const& event) {
       invalidate();
       return 1;
     }
-    std::size_t const index = indexAt(event.position.x);
-    if (event.clicks >= 2)
-      editor_.selectWordAt(index);
-    else
-      editor_.setCaret(index, (event.modifiers & kKeyShift) != 0);
-    dragging_ = event.clicks < 2;
+    dragging_ = editor_.pressAt(indexAt(event.position.x), event.clicks, (event.modifiers & kKeyShift) != 0);
     caretMoved();
     return 1;
   }

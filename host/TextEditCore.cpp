@@ -154,6 +154,15 @@ bool TextEditCore::accepts(wchar_t character) const noexcept {
   }
 }
 
+bool TextEditCore::pressAt(std::size_t position, int clicks, bool extend) {
+  if (clicks >= 2) {
+    selectWordAt(position);
+    return false;
+  }
+  setCaret(position, extend);
+  return true;
+}
+
 int TextEditCore::applyCommonKey(int key, bool editable, KeyActions const& actions) {
   int const code = key & ~kKeyModifierMask;
   bool const extend = (key & kKeyShift) != 0;

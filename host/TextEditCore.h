@@ -48,6 +48,10 @@ public:
   void selectAll();
   // Selects the word at `position`, or the run of spaces or punctuation there.
   void selectWordAt(std::size_t position);
+  // A mouse press at `position`: a double click (or more) selects the word
+  // there, a single one puts the caret there (`extend`: Shift held). True
+  // when a drag may follow to select.
+  bool pressAt(std::size_t position, int clicks, bool extend);
 
   // Edits; each answers whether the text changed. Typing replaces the
   // selection with what passes the character rule and fits the size limit.

@@ -193,3 +193,24 @@ TEST_F(CommonKeys, OtherKeysAreTheEditorsOwn) {
 }
 
 } // namespace
+
+namespace {
+
+TEST(TextEditCorePress, ASinglePressPlacesTheCaretAndMayDrag) {
+  TextEditCore editor;
+  editor.setText(L"one two");
+  EXPECT_TRUE(editor.pressAt(5, 1, false));
+  EXPECT_EQ(editor.caret(), 5u);
+  EXPECT_FALSE(editor.hasSelection());
+  EXPECT_TRUE(editor.pressAt(1, 1, true));
+  EXPECT_EQ(editor.selectedText(), L"ne t");
+}
+
+TEST(TextEditCorePress, ADoubleClickSelectsTheWordAndStartsNoDrag) {
+  TextEditCore editor;
+  editor.setText(L"one two");
+  EXPECT_FALSE(editor.pressAt(5, 2, false));
+  EXPECT_EQ(editor.selectedText(), L"two");
+}
+
+} // namespace
