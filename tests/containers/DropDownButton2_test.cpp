@@ -85,6 +85,12 @@ struct DropDownButton2Test : HeadlessScreenTest {
   using HeadlessScreenTest::pump;
   using HeadlessScreenTest::screen;
 
+  // A click on a widget, with what it set off done.
+  static void press(Glob const& widget) {
+    HeadlessInput::clickOn(widget);
+    pump();
+  }
+
   static void clickAt(XY<int> screen) {
     HeadlessInput::click(screen);
     pump();
@@ -96,8 +102,7 @@ struct DropDownButton2Test : HeadlessScreenTest {
 TEST_F(DropDownButton2Test, AClickOpensThePanelBelowTheButtonLeftAligned) {
   ColourButton* button = openButton();
   std::size_t const windowsBefore = GlobManager::topLevelWindows().size();
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
 
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
@@ -124,8 +129,7 @@ TEST_F(DropDownButton2Test, AClickOutsideDismissesThePanelAndDoesNothingElse) {
   auto* other = window->createWidget<PushButton>(PushButton::InitArgs(UIString(L"Other"), XY<int>()),
                                                  Glob::UserBottomRight(0, 0));
   other->setCallback(Broadcaster<ButtonEvent>::makeCallback([&](ButtonEvent const&) { ++applied; }));
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   Glob* hostGlob = host;
@@ -143,8 +147,7 @@ TEST_F(DropDownButton2Test, AClickOutsideDismissesThePanelAndDoesNothingElse) {
 TEST_F(DropDownButton2Test, PressesInsideThePanelReachItsWidgetsAndKeepItOpen) {
   ColourButton* button = openButton();
   int applied = 0;
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   ClipColourPanel* panel = button->getDropDownPanel();
   ASSERT_NE(panel, nullptr);
   panel->applyButton().setCallback(Broadcaster<ButtonEvent>::makeCallback([&](ButtonEvent const&) { ++applied; }));
@@ -155,25 +158,21 @@ TEST_F(DropDownButton2Test, PressesInsideThePanelReachItsWidgetsAndKeepItOpen) {
 
 TEST_F(DropDownButton2Test, AClickOnTheOpenButtonClosesItAndAThirdReopens) {
   ColourButton* button = openButton();
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Glob* first = button->getDropDownHost();
   ASSERT_NE(first, nullptr);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   EXPECT_FALSE(is_good_glob_ptr(first));
   EXPECT_EQ(button->getState(), 0);
   EXPECT_EQ(button->getDropDownHost(), nullptr);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   EXPECT_NE(button->getDropDownHost(), nullptr);
   EXPECT_EQ(button->getState(), 1);
 }
 
 TEST_F(DropDownButton2Test, EscapeDismissesThePanel) {
   ColourButton* button = openButton();
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   ASSERT_NE(button->getDropDownHost(), nullptr);
   HeadlessInput::key(kKeyEscape);
   pump();
@@ -187,8 +186,7 @@ TEST_F(DropDownButton2Test, AZeroWidthPanelMakesTheButtonInert) {
                               ClipColourPanel::InitArgs(XY<int>(0, 80), UIString(L"Label")));
   ColourButton* button = window->createWidget<ColourButton>(args, Glob::UserTopLeft(0, 0));
   std::size_t const windowsBefore = GlobManager::topLevelWindows().size();
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   EXPECT_EQ(button->getDropDownHost(), nullptr);
   EXPECT_EQ(button->getState(), 0);
   EXPECT_EQ(GlobManager::topLevelWindows().size(), windowsBefore);
@@ -196,8 +194,7 @@ TEST_F(DropDownButton2Test, AZeroWidthPanelMakesTheButtonInert) {
 
 TEST_F(DropDownButton2Test, ChangingArgsWhileShowingRebuildsInPlaceWithOnePaint) {
   ColourButton* button = openButton();
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* oldHost = button->getDropDownHost();
   ASSERT_NE(oldHost, nullptr);
   Glob* oldGlob = oldHost;
@@ -226,8 +223,7 @@ TEST_F(DropDownButton2Test, ChangingArgsWhileShowingRebuildsInPlaceWithOnePaint)
 TEST_F(DropDownButton2Test, NearTheRightEdgeThePanelStaysOnTheScreen) {
   XY<int> const screenSize(HeadlessScreen::kDefaultWidth, HeadlessScreen::kDefaultHeight);
   ColourButton* button = openButton(XY<int>(screenSize.x - 100, 600), XY<int>(100, 80));
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   Zo::Box<int> const hostBox = screenBoxOf(*host);
@@ -239,8 +235,7 @@ TEST_F(DropDownButton2Test, NearTheBottomEdgeThePanelOpensAboveWithItsTipBelow) 
   ColourButton* button = openButton(XY<int>(0, 0), XY<int>(240, 80));
   Zo::Box<int> const buttonBox = screenBoxOf(*button);
   ASSERT_LT(buttonBox.y0, ClipColourPanel::preferredSize().y);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   EXPECT_EQ(host->getRelativeDirection(), kRelativeAbove);
@@ -260,8 +255,7 @@ TEST_F(DropDownButton2Test, WithNoRoomOnEitherSideThePanelIsClampedOntoTheScreen
   XY<int> const panelSize = ClipColourPanel::preferredSize();
   ASSERT_LT(buttonBox.y0, panelSize.y);
   ASSERT_GT(buttonBox.y1 + panelSize.y, screenSize.y);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   Zo::Box<int> const hostBox = screenBoxOf(*host);
@@ -273,8 +267,7 @@ TEST_F(DropDownButton2Test, WithNoRoomOnEitherSideThePanelIsClampedOntoTheScreen
 
 TEST_F(DropDownButton2Test, DeletingTheButtonWhileOpenTakesThePanelAway) {
   ColourButton* button = openButton();
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Glob* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   GlobManager::requestDeletion(window);
@@ -287,8 +280,7 @@ TEST_F(DropDownButton2Test, DeletingTheButtonWhileOpenTakesThePanelAway) {
 TEST_F(DropDownButton2Test, ADragOfLessThanARowLeavesADetachablePanelAttached) {
   ColourButton* button = openButton();
   button->setDetachMode(1);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   XY<int> const hostAt = host->screenPosition();
@@ -305,8 +297,7 @@ TEST_F(DropDownButton2Test, ADragOfLessThanARowLeavesADetachablePanelAttached) {
 TEST_F(DropDownButton2Test, ALongerDragTearsThePanelOffAndMovesIt) {
   ColourButton* button = openButton();
   button->setDetachMode(1);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   XY<int> const panelAt = button->getDropDownPanel()->screenPosition();
@@ -327,8 +318,7 @@ TEST_F(DropDownButton2Test, ALongerDragTearsThePanelOffAndMovesIt) {
   EXPECT_TRUE(is_good_glob_ptr(host));
 
   // Opening again replaces the torn-off panel with a fresh attached one.
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   EXPECT_FALSE(is_good_glob_ptr(host));
   ASSERT_NE(button->getDropDownHost(), nullptr);
   EXPECT_FALSE(button->getDropDownHost()->isDetached());
@@ -337,8 +327,7 @@ TEST_F(DropDownButton2Test, ALongerDragTearsThePanelOffAndMovesIt) {
 TEST_F(DropDownButton2Test, ATornOffPanelClosesFromItsTitleBar) {
   ColourButton* button = openButton();
   button->setDetachMode(1);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   host->detach();
@@ -353,14 +342,12 @@ TEST_F(DropDownButton2Test, ATornOffPanelClosesFromItsTitleBar) {
 TEST_F(DropDownButton2Test, AModalPanelRefusesOtherWindowsAndClosesOnAnyOutsidePress) {
   ColourButton* button = openButton();
   button->setModal(true);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   EXPECT_TRUE(GlobManager::isModal(host));
   // Even the press on the button closes it rather than reaching the button.
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   EXPECT_FALSE(is_good_glob_ptr(host));
   EXPECT_EQ(button->getState(), 0);
   EXPECT_EQ(GlobManager::currentModal(), nullptr);
@@ -384,8 +371,7 @@ TEST_F(DropDownButton2Test, AnEventArrivingAfterTheButtonDiedIsDropped) {
   CountingColourButton::InitArgs args(UIString(L"Clip colour"), XY<int>(0, 0),
                                       ClipColourPanel::InitArgs(ClipColourPanel::preferredSize(), UIString()));
   auto* button = window->createWidget<CountingColourButton>(args, Glob::UserTopLeft(0, 0));
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   host->detach();
@@ -400,8 +386,7 @@ TEST_F(DropDownButton2Test, AnEventArrivingAfterTheButtonDiedIsDropped) {
 
 TEST_F(DropDownButton2Test, APanelThatChangesSizeTakesItsWindowAlong) {
   ColourButton* button = openButton();
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   ClipColourPanel* panel = button->getDropDownPanel();
@@ -420,8 +405,7 @@ TEST_F(DropDownButton2Test, APanelThatChangesSizeTakesItsWindowAlong) {
 TEST_F(DropDownButton2Test, ResizableEdgesResizeThePanelWithTheOtherEdgesKept) {
   ColourButton* button = openButton();
   button->setResizableEdges(2 | 8);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   DropDownHostBase* host = button->getDropDownHost();
   ASSERT_NE(host, nullptr);
   Zo::Box<int> const before = screenBoxOf(*host);

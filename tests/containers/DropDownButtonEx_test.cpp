@@ -81,6 +81,12 @@ struct DropDownButtonExTest : HeadlessScreenTest {
     return window->createWidget<StyleButton>(args, Glob::UserTopLeft(0, 0));
   }
 
+  // A click on a widget, with what it set off done.
+  static void press(Glob const& widget) {
+    HeadlessInput::clickOn(widget);
+    pump();
+  }
+
   static Panel* panelOf(StyleButton const& button) { return dynamic_cast<Panel*>(button.getDropDownWindow()); }
 
   using HeadlessScreenTest::pump;
@@ -95,8 +101,7 @@ struct DropDownButtonExTest : HeadlessScreenTest {
 
 TEST_F(DropDownButtonExTest, AClickTellsTheParentThenShowsThePanelUnderTheButton) {
   StyleButton* button = openButton(StyleButton::kAttached);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
 
   ASSERT_EQ(window->log, std::vector<std::string>{"ddBtnClickMsg"});
   EXPECT_EQ(window->senders.front(), button);
@@ -123,8 +128,7 @@ TEST_F(DropDownButtonExTest, PanelsAreAtLeastAsWideAsTheButton) {
   TextStylePanel::InitArgs narrow;
   narrow.size.x = 1;
   button->setDropDownArgs(narrow);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   ASSERT_NE(panelOf(*button), nullptr);
   EXPECT_EQ(panelOf(*button)->width(), button->width());
 }
@@ -133,12 +137,10 @@ TEST_F(DropDownButtonExTest, PressingAnOpenNonLatchingButtonClosesThePanel) {
   for (int mode : {int(StyleButton::kAttached), int(StyleButton::kMovable)}) {
     StyleButton* button = openButton(mode);
     button->setLatching(false);
-    HeadlessInput::clickOn(*button);
-    pump();
+    press(*button);
     Panel* panel = panelOf(*button);
     ASSERT_NE(panel, nullptr);
-    HeadlessInput::clickOn(*button);
-    pump();
+    press(*button);
     EXPECT_FALSE(is_good_glob_ptr(panel)) << "detach mode " << mode;
     EXPECT_EQ(button->getDropDownWindow(), nullptr);
     EXPECT_EQ(button->getState(), 0);
@@ -154,8 +156,7 @@ TEST_F(DropDownButtonExTest, AMovablePanelMakesANonLatchingButton) {
 
 TEST_F(DropDownButtonExTest, APressOutsideClosesThePanelAndTheButtonHearsOfIt) {
   StyleButton* button = openButton(StyleButton::kAttached);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Panel* panel = panelOf(*button);
   ASSERT_NE(panel, nullptr);
   clickAt(XY<int>(20, 20));
@@ -166,8 +167,7 @@ TEST_F(DropDownButtonExTest, APressOutsideClosesThePanelAndTheButtonHearsOfIt) {
 
 TEST_F(DropDownButtonExTest, EscapeClosesThePanel) {
   StyleButton* button = openButton(StyleButton::kAttached);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   ASSERT_NE(panelOf(*button), nullptr);
   HeadlessInput::key(kKeyEscape);
   pump();
@@ -177,8 +177,7 @@ TEST_F(DropDownButtonExTest, EscapeClosesThePanel) {
 
 TEST_F(DropDownButtonExTest, ADragOfLessThanARowLeavesThePanelAttached) {
   StyleButton* button = openButton(StyleButton::kDetachable);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Panel* panel = panelOf(*button);
   ASSERT_NE(panel, nullptr);
   XY<int> const at = panel->screenPosition();
@@ -194,8 +193,7 @@ TEST_F(DropDownButtonExTest, ADragOfLessThanARowLeavesThePanelAttached) {
 
 TEST_F(DropDownButtonExTest, ALongerDragTearsThePanelOffToLiveOnItsOwn) {
   StyleButton* button = openButton(StyleButton::kDetachable);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Panel* panel = panelOf(*button);
   ASSERT_NE(panel, nullptr);
   XY<int> const at = panel->screenPosition();
@@ -215,8 +213,7 @@ TEST_F(DropDownButtonExTest, ALongerDragTearsThePanelOffToLiveOnItsOwn) {
   EXPECT_TRUE(is_good_glob_ptr(panel));
 
   // The button makes a new panel; the torn-off one stays.
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Panel* second = panelOf(*button);
   ASSERT_NE(second, nullptr);
   EXPECT_NE(second, panel);
@@ -232,8 +229,7 @@ TEST_F(DropDownButtonExTest, AMessageFromOutsideThePanelIsNotTakenForAPanelMessa
   StyleButton* button = openButton(StyleButton::kAttached);
   auto* sibling = window->createWidget<PushButton>(PushButton::InitArgs(UIString(L"Other"), XY<int>(), "bold"),
                                                    Glob::UserBottomRight(0, 0));
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Panel* panel = panelOf(*button);
   ASSERT_NE(panel, nullptr);
   window->log.clear();
@@ -254,8 +250,7 @@ TEST_F(DropDownButtonExTest, AMessageFromOutsideThePanelIsNotTakenForAPanelMessa
 
 TEST_F(DropDownButtonExTest, NearTheBottomEdgeThePanelOpensAboveTheButton) {
   StyleButton* button = openButton(StyleButton::kAttached, XY<int>(300, 0));
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Panel* panel = panelOf(*button);
   ASSERT_NE(panel, nullptr);
   EXPECT_EQ(screenBoxOf(*panel).y0, screenBoxOf(*button).y1);
@@ -266,8 +261,7 @@ TEST_F(DropDownButtonExTest, NearTheBottomEdgeThePanelOpensAboveTheButton) {
 
 TEST_F(DropDownButtonExTest, NearTheRightEdgeThePanelStaysOnTheScreen) {
   StyleButton* button = openButton(StyleButton::kAttached, XY<int>(HeadlessScreen::kDefaultWidth - 80, 600));
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Panel* panel = panelOf(*button);
   ASSERT_NE(panel, nullptr);
   EXPECT_EQ(screenBoxOf(*panel).x1, HeadlessScreen::kDefaultWidth);
@@ -276,8 +270,7 @@ TEST_F(DropDownButtonExTest, NearTheRightEdgeThePanelStaysOnTheScreen) {
 
 TEST_F(DropDownButtonExTest, DeletingTheButtonWhileOpenDeletesThePanel) {
   StyleButton* button = openButton(StyleButton::kAttached);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Panel* panel = panelOf(*button);
   ASSERT_NE(panel, nullptr);
   GlobManager::requestDeletion(window);
@@ -289,8 +282,7 @@ TEST_F(DropDownButtonExTest, DeletingTheButtonWhileOpenDeletesThePanel) {
 TEST_F(DropDownButtonExTest, WithoutDeleteOnDestructionThePanelOutlivesTheButton) {
   StyleButton* button = openButton(StyleButton::kAttached);
   button->setDeleteOnDestruction(false);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Panel* panel = panelOf(*button);
   ASSERT_NE(panel, nullptr);
   GlobManager::requestDeletion(window);
@@ -307,8 +299,7 @@ TEST_F(DropDownButtonExTest, APinnedPanelStaysOnAPressOutside) {
   TextStylePanel::InitArgs pinnable;
   pinnable.standardWidgets = StandardPanel::kPin;
   button->setDropDownArgs(pinnable);
-  HeadlessInput::clickOn(*button);
-  pump();
+  press(*button);
   Panel* panel = panelOf(*button);
   ASSERT_NE(panel, nullptr);
   Zo::Box<int> const pin = panel->getStandardWidgetBox(StandardPanel::kPin);
