@@ -6,7 +6,7 @@ ChoiceParamHost::ChoiceParamHost(InitArgs const& args) : ValWidget<unsigned int>
   for (GenericParam::ChoiceParam::Choice const& choice : args.choices) {
     auto const index = static_cast<unsigned int>(items.size());
     valueToIndex_.emplace(choice.value, index); // a number used twice shows its first row
-    indexToValue_.emplace(index, choice.value);
+    valueAt_.push_back(choice.value);
     MenuItem item(choice.label, Colour::invalid(), Colour::invalid(), choice.tooltip);
     item.active = choice.enabled;
     items.push_back(std::move(item));
@@ -37,7 +37,6 @@ void ChoiceParamHost::resize(double width, double height) {
 }
 
 void ChoiceParamHost::handleChoice(int menuIndex) {
-  auto const found = indexToValue_.find(static_cast<unsigned int>(menuIndex));
-  if (found != indexToValue_.end())
-    requestSetNewDataValue(found->second, DataChangeType());
+  if (menuIndex >= 0 && static_cast<std::size_t>(menuIndex) < valueAt_.size())
+    requestSetNewDataValue(valueAt_[static_cast<std::size_t>(menuIndex)], kDataChangeAll);
 }

@@ -6,6 +6,7 @@
 #include <zowidgets/values/ValWidget.h>
 
 #include <map>
+#include <vector>
 
 // The row of a choice parameter: a titled menu button with one row per
 // choice, bound to the parameter's number. Choices are numbered freely, so
@@ -40,7 +41,7 @@ private:
 
   TitleMenuButton* button_ = nullptr;
   std::map<unsigned int, unsigned int> valueToIndex_;
-  std::map<unsigned int, unsigned int> indexToValue_;
+  std::vector<unsigned int> valueAt_; // by menu row
   unsigned int shown_ = 0;
 };
 
