@@ -1,14 +1,14 @@
 #include <zowidgets/host/TextLayout.h>
 
+#include <zowidgets/host/LruCache.h>
 #include <zowidgets/host/UifStd.h>
 
 #include <pango/pangocairo.h>
 
 #include <cmath>
 #include <functional>
-#include <list>
 #include <mutex>
-#include <unordered_map>
+#include <utility>
 
 namespace Glib {
 
@@ -28,10 +28,66 @@ struct RunHash {
   }
 };
 
+// The coverage of a whole run, drawn once and composited in any colour at
+// each later paint: cheaper than shaping glyphs out of cairo's glyph cache
+// one by one. Glyphs land on whole pixels, so a mask fits every position
+// with the same fraction of a pixel.
+struct RunMask {
+  cairo_surface_t* coverage = nullptr; // A8
+  XY<double> fraction{-1.0, -1.0};     // of the layout's top-left corner
+  XY<int> offset;                      // of the mask's top-left from that corner's whole pixel
+};
+
 struct Layout {
+  Layout() = default;
+  Layout(Layout&& other) noexcept
+      : layout(std::exchange(other.layout, nullptr)), metrics(other.metrics),
+        mask(std::exchange(other.mask, RunMask())) {}
+  Layout& operator=(Layout&&) = delete;
+  ~Layout() {
+    if (mask.coverage)
+      cairo_surface_destroy(mask.coverage);
+    if (layout)
+      g_object_unref(layout);
+  }
+
   PangoLayout* layout = nullptr;
   TextMetrics metrics;
+  RunMask mask;
 };
+
+// Runs whose ink covers more pixels than this are drawn straight from the
+// glyphs rather than kept as masks (a wrapped page of text).
+constexpr int kLargestMaskPixels = 256 * 256;
+
+// The whole pixel at or above-left of a point, and the point's fraction past it.
+std::pair<XY<int>, XY<double>> splitPixel(XY<double> point) {
+  XY<int> const whole(static_cast<int>(std::floor(point.x)), static_cast<int>(std::floor(point.y)));
+  return {whole, XY<double>(point.x - whole.x, point.y - whole.y)};
+}
+
+// Makes a mask of the run drawn with its top-left corner `fraction` past a
+// whole pixel; none when the run is too large to keep.
+RunMask makeMask(PangoLayout* layout, XY<double> fraction) {
+  RunMask mask;
+  PangoRectangle ink;
+  pango_layout_get_pixel_extents(layout, &ink, nullptr);
+  // A pixel of margin on each side for antialiasing past the rounded extents.
+  XY<int> const offset(static_cast<int>(std::floor(fraction.x)) + ink.x - 1,
+                       static_cast<int>(std::floor(fraction.y)) + ink.y - 1);
+  int const width = ink.width + 3;
+  int const height = ink.height + 3;
+  if (ink.width <= 0 || ink.height <= 0 || width * height > kLargestMaskPixels)
+    return mask;
+  mask.coverage = cairo_image_surface_create(CAIRO_FORMAT_A8, width, height);
+  cairo_t* context = cairo_create(mask.coverage);
+  cairo_move_to(context, fraction.x - offset.x, fraction.y - offset.y);
+  pango_cairo_show_layout(context, layout);
+  cairo_destroy(context);
+  cairo_surface_flush(mask.coverage);
+  mask.offset = offset;
+  return mask;
+}
 
 PangoFontDescription* describe(FontDesc const& font, double scale) {
   PangoFontDescription* description = pango_font_description_new();
@@ -76,22 +132,30 @@ public:
   std::mutex& mutex() { return mutex_; }
 
   // Call with the mutex held. The layout stays valid until the next call.
-  Layout const& layout(TextRun const& given) {
+  Layout& layout(TextRun const& given) {
     TextRun run = given;
     run.font = TextLayout::resolve(run.font);
-    if (auto found = index_.find(run); found != index_.end()) {
-      entries_.splice(entries_.begin(), entries_, found->second);
-      return found->second->second;
-    }
-    if (entries_.size() >= TextLayout::kCacheCapacity) {
-      g_object_unref(entries_.back().second.layout);
-      index_.erase(entries_.back().first);
-      entries_.pop_back();
-    }
-    entries_.emplace_front(run, make(run));
-    index_.emplace(run, entries_.begin());
+    if (Layout* found = layouts_.find(run))
+      return *found;
     ++layoutsMade_;
-    return entries_.front().second;
+    return layouts_.insert(run, make(run));
+  }
+
+  // The run's mask for a top-left corner `fraction` past a whole pixel, with
+  // a reference the caller releases; null when the run is drawn unmasked.
+  // Call with the mutex held.
+  RunMask maskFor(TextRun const& run, XY<double> fraction) {
+    Layout& entry = layout(run);
+    if (entry.mask.fraction != fraction) {
+      if (entry.mask.coverage)
+        cairo_surface_destroy(entry.mask.coverage);
+      entry.mask = makeMask(entry.layout, fraction);
+      entry.mask.fraction = fraction;
+    }
+    RunMask result = entry.mask;
+    if (result.coverage)
+      cairo_surface_reference(result.coverage);
+    return result;
   }
 
   // Asked for at every paint of most widgets, and the same few fonts each
@@ -117,14 +181,11 @@ public:
     return result;
   }
 
-  std::size_t size() const { return entries_.size(); }
+  std::size_t size() const { return layouts_.size(); }
   std::size_t layoutsMade() const { return layoutsMade_; }
 
   void clear() {
-    for (auto& entry : entries_)
-      g_object_unref(entry.second.layout);
-    entries_.clear();
-    index_.clear();
+    layouts_.clear();
     metrics_.clear();
   }
 
@@ -153,13 +214,10 @@ private:
     return result;
   }
 
-  using Entry = std::pair<TextRun, Layout>;
-
   std::mutex mutex_;
   PangoFontMap* fontMap_;
   PangoContext* context_;
-  std::list<Entry> entries_;
-  std::unordered_map<TextRun, std::list<Entry>::iterator, RunHash> index_;
+  LruCache<TextRun, Layout, RunHash> layouts_{TextLayout::kCacheCapacity};
   std::size_t layoutsMade_ = 0;
   std::vector<std::pair<std::pair<FontDesc, double>, FontMetrics>> metrics_;
 };
@@ -207,10 +265,16 @@ void TextLayout::draw(Zo::Image::Surface target, TextRun const& run, Colour cons
   if (!clip.empty())
     cairo_clip(context);
   cairo_set_source_rgba(context, colour.red(), colour.green(), colour.blue(), colour.alpha());
-  cairo_move_to(context, topLeft.x, topLeft.y);
-  {
-    Engine& engine = Engine::instance();
-    std::lock_guard lock(engine.mutex());
+  auto const [pixel, fraction] = splitPixel(topLeft);
+  Engine& engine = Engine::instance();
+  std::unique_lock lock(engine.mutex());
+  RunMask const mask = engine.maskFor(run, fraction);
+  if (mask.coverage) {
+    lock.unlock();
+    cairo_mask_surface(context, mask.coverage, pixel.x + mask.offset.x, pixel.y + mask.offset.y);
+    cairo_surface_destroy(mask.coverage);
+  } else {
+    cairo_move_to(context, topLeft.x, topLeft.y);
     pango_cairo_show_layout(context, engine.layout(run).layout);
   }
   cairo_destroy(context);
