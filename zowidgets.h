@@ -77,6 +77,7 @@
 #include <zowidgets/host/LightweightString.h>
 #include <zowidgets/host/LightweightVector.h>
 #include <zowidgets/host/LinkAwareMultiLineTextBox.h>
+#include <zowidgets/host/LruCache.h>
 #include <zowidgets/host/MediaServices.h>
 #include <zowidgets/host/Menu.h>
 #include <zowidgets/host/MessageQueue.h>
@@ -93,6 +94,7 @@
 #include <zowidgets/host/Ptr.h>
 #include <zowidgets/host/PushButton.h>
 #include <zowidgets/host/ResourceStrings.h>
+#include <zowidgets/host/RoundedBoxes.h>
 #include <zowidgets/host/ScreenBackend.h>
 #include <zowidgets/host/ScrollBar.h>
 #include <zowidgets/host/ShellBackend.h>

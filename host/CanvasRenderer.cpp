@@ -1,5 +1,6 @@
 #include <zowidgets/host/CanvasRenderer.h>
 
+#include <zowidgets/host/RoundedBoxes.h>
 #include <zowidgets/host/TextLayout.h>
 
 #include <cairo.h>
@@ -34,62 +35,22 @@ void setSource(cairo_t* context, Colour const& colour, double opacity = 1.0) {
   cairo_set_source_rgba(context, colour.red(), colour.green(), colour.blue(), colour.alpha() * opacity);
 }
 
-void addCorner(cairo_t* context, XY<double> centre, double radius, int quarter) {
-  cairo_arc(context, centre.x, centre.y, radius, radians(90.0 * quarter), radians(90.0 * (quarter + 1)));
-}
-
-// A box with rounded corners, anticlockwise from the top-right corner in
-// bottom-up space.
-void addRoundedBox(cairo_t* context, Zo::Box<double> const& box, double radius) {
-  radius = std::clamp(radius, 0.0, std::min(box.width(), box.height()) / 2.0);
-  if (radius <= 0.0) {
-    cairo_rectangle(context, box.x0, box.y0, box.width(), box.height());
-    return;
-  }
-  cairo_new_sub_path(context);
-  addCorner(context, {box.x1 - radius, box.y1 - radius}, radius, 0);
-  addCorner(context, {box.x0 + radius, box.y1 - radius}, radius, 1);
-  addCorner(context, {box.x0 + radius, box.y0 + radius}, radius, 2);
-  addCorner(context, {box.x1 - radius, box.y0 + radius}, radius, 3);
-  cairo_close_path(context);
-}
-
-Zo::Box<double> inset(Zo::Box<double> const& box, double by) {
-  return Zo::Box<double>(box.x0 + by, box.y0 + by, box.x1 - by, box.y1 - by);
-}
-
-// Draws the outline of a box `width` wide just inside its edge; a box too
-// small for a hollow outline is filled.
-void strokeInside(cairo_t* context, Zo::Box<double> const& box, double radius, double width, Colour const& colour) {
-  setSource(context, colour);
-  if (box.width() <= 2.0 * width || box.height() <= 2.0 * width) {
-    addRoundedBox(context, box, radius);
-    cairo_fill(context);
-    return;
-  }
-  // The band a stroke of this width along the inside would cover, filled as
-  // the box less its inset: the same pixels, without cairo's stroker, which
-  // costs several times a fill.
-  addRoundedBox(context, box, radius);
-  addRoundedBox(context, inset(box, width), std::max(radius - width, 0.0));
-  cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
-  cairo_fill(context);
-  cairo_set_fill_rule(context, CAIRO_FILL_RULE_WINDING);
-}
-
 // A box, its corners rounded by `radius` (0: square), filled and then
-// outlined just inside its edge; an unusable colour skips its part.
+// outlined `outlineWidth` wide just inside its edge (filled whole when too
+// small to be hollow); an unusable colour skips its part.
 void fillAndOutline(cairo_t* context, Zo::Box<double> const& box, double radius, Colour const& fill,
                     Colour const& outline, double outlineWidth) {
   if (box.empty())
     return;
   if (fill.use()) {
     setSource(context, fill);
-    addRoundedBox(context, box, radius);
-    cairo_fill(context);
+    RoundedBoxes::fill(context, box, radius);
   }
-  if (outline.use() && outlineWidth > 0.0)
-    strokeInside(context, box, radius, outlineWidth, outline);
+  if (!outline.use() || outlineWidth <= 0.0)
+    return;
+  setSource(context, outline);
+  bool const hollow = box.width() > 2.0 * outlineWidth && box.height() > 2.0 * outlineWidth;
+  RoundedBoxes::fill(context, box, radius, hollow ? outlineWidth : 0.0);
 }
 
 bool isWhole(double value) { return value == std::floor(value); }
