@@ -159,6 +159,13 @@ public:
   // Paints this widget and its children, clipped to `clip` (canvas box).
   void paint(CanvasRenderer& renderer, Zo::Box<int> const& clip);
   int paintCount() const noexcept { return paintCount_; }
+  // Declares that this widget's background and drawing cover every pixel of
+  // its box with opaque colour, so that what lies under it (its parent's
+  // drawing, the siblings before it) is not painted where only it shows,
+  // as when it alone is repainted. Off by default: many widgets draw no
+  // background of their own.
+  void setPaintsOpaquely(bool opaque) noexcept { paintsOpaquely_ = opaque; }
+  bool paintsOpaquely() const noexcept { return paintsOpaquely_; }
   virtual bool isOpaqueAt(XY<int>) const { return true; }
 
   // --- Input ----------------------------------------------------------------
@@ -220,6 +227,11 @@ protected:
 private:
   friend class GlobManager;
   XY<int> placeChild(Glob const& child, Glob const* sibling) const;
+  // paint() with this widget's canvas position known.
+  void paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> origin);
+  // The topmost child that covers `area` opaquely, hiding this widget's own
+  // drawing and the children before it there; end() if none does.
+  std::vector<Glob*>::const_iterator topmostChildCovering(Zo::Box<int> const& area, XY<int> origin) const;
   Zo::Box<int> placementArea(WidgetPosition::eArea area) const;
 
   Glob* parent_ = nullptr;
@@ -245,6 +257,7 @@ private:
   bool dirty_ = false;
   bool resizable_ = true;
   bool laying_out_ = false;
+  bool paintsOpaquely_ = false;
   int paintCount_ = 0;
   unsigned interest_ = 0;
   UIString tooltip_;

@@ -29,24 +29,42 @@ void Glob::clearPendingRedraws() {
     own->clearDamage();
 }
 
-void Glob::paint(CanvasRenderer& renderer, Zo::Box<int> const& clip) {
+void Glob::paint(CanvasRenderer& renderer, Zo::Box<int> const& clip) { paintAt(renderer, clip, canvasPosition()); }
+
+void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> origin) {
   if (!visible_)
     return;
-  Zo::Box<int> const area = canvasBox().intersect(clip);
+  Zo::Box<int> const area = Zo::Box<int>(origin.x, origin.y, origin.x + width(), origin.y + height()).intersect(clip);
   if (area.empty())
     return;
   ++paintCount_;
-  XY<int> const origin = canvasPosition();
   renderer.setOrigin(origin);
   renderer.setClipBox(area);
-  drawBackground(renderer);
-  draw(renderer);
-  for (Glob* child : children_)
-    child->paint(renderer, area);
+  auto first = topmostChildCovering(area, origin);
+  if (first == children_.end()) {
+    drawBackground(renderer);
+    draw(renderer);
+    first = children_.begin();
+  }
+  for (auto child = first; child != children_.end(); ++child)
+    (*child)->paintAt(renderer, area, origin + (*child)->position_);
   renderer.setOrigin(origin);
   renderer.setClipBox(area);
   drawBorder(renderer);
   renderer.addModifiedArea(area);
+}
+
+std::vector<Glob*>::const_iterator Glob::topmostChildCovering(Zo::Box<int> const& area, XY<int> origin) const {
+  for (auto child = children_.end(); child != children_.begin();) {
+    --child;
+    Glob const& widget = **child;
+    if (!widget.visible_ || !widget.paintsOpaquely_)
+      continue;
+    XY<int> const at = origin + widget.position_;
+    if (Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height()).intersect(area) == area)
+      return child;
+  }
+  return children_.end();
 }
 
 void Glob::drawBackground(CanvasRenderer& renderer) {

@@ -13,7 +13,10 @@ public:
   SettingsRow(int row, Palette const& palette)
       : Glob(GlobCreationInfo(XY<int>(SettingsPanelLook::kRowWidth, SettingsPanelLook::rowHeight()))),
         label_(SettingsPanelLook::label(row)), valueText_(SettingsPanelLook::valueText(row)),
-        knob_(Glib::toDoubleBox(SettingsPanelLook::knobBox(row))), font_(UifStd::getFont()), colours_(palette) {}
+        knob_(Glib::toDoubleBox(SettingsPanelLook::knobBox(row))), font_(UifStd::getFont()), colours_(palette) {
+    // Its background fills the row with the opaque window colour.
+    setPaintsOpaquely(true);
+  }
 
 protected:
   void draw(CanvasRenderer& renderer) override {
