@@ -43,6 +43,7 @@
 #include <zowidgets/host/ColourData.h>
 #include <zowidgets/host/ColourSwatch.h>
 #include <zowidgets/host/Command.h>
+#include <zowidgets/host/CoverageMask.h>
 #include <zowidgets/host/CriticalSection.h>
 #include <zowidgets/host/CycleButton.h>
 #include <zowidgets/host/DataChange.h>
@@ -90,6 +91,7 @@
 #include <zowidgets/host/OS.h>
 #include <zowidgets/host/OffscreenBuffer.h>
 #include <zowidgets/host/Palette.h>
+#include <zowidgets/host/PixelCompositor.h>
 #include <zowidgets/host/Preferences.h>
 #include <zowidgets/host/Ptr.h>
 #include <zowidgets/host/PushButton.h>

@@ -1,5 +1,6 @@
 #include <zowidgets/host/CanvasRenderer.h>
 
+#include <zowidgets/host/PixelCompositor.h>
 #include <zowidgets/host/RoundedBoxes.h>
 #include <zowidgets/host/TextLayout.h>
 
@@ -35,25 +36,11 @@ void setSource(cairo_t* context, Colour const& colour, double opacity = 1.0) {
   cairo_set_source_rgba(context, colour.red(), colour.green(), colour.blue(), colour.alpha() * opacity);
 }
 
-// A box, its corners rounded by `radius` (0: square), filled and then
-// outlined `outlineWidth` wide just inside its edge (filled whole when too
-// small to be hollow); an unusable colour skips its part.
-void fillAndOutline(cairo_t* context, Zo::Box<double> const& box, double radius, Colour const& fill,
-                    Colour const& outline, double outlineWidth) {
-  if (box.empty())
-    return;
-  if (fill.use()) {
-    setSource(context, fill);
-    RoundedBoxes::fill(context, box, radius);
-  }
-  if (!outline.use() || outlineWidth <= 0.0)
-    return;
-  setSource(context, outline);
-  bool const hollow = box.width() > 2.0 * outlineWidth && box.height() > 2.0 * outlineWidth;
-  RoundedBoxes::fill(context, box, radius, hollow ? outlineWidth : 0.0);
-}
-
 bool isWhole(double value) { return value == std::floor(value); }
+
+bool isWhole(Zo::Box<double> const& box) {
+  return isWhole(box.x0) && isWhole(box.y0) && isWhole(box.x1) && isWhole(box.y1);
+}
 
 // Lines of odd whole width along a pixel edge are moved to the pixel centres
 // so that they cover whole pixels.
@@ -154,7 +141,8 @@ bool coloursFit(std::vector<Colour> const& colours, std::size_t points) {
 
 } // namespace
 
-CanvasRenderer::CanvasRenderer(Zo::Image::Surface const& surface) : surface_(surface) {
+CanvasRenderer::CanvasRenderer(Zo::Image::Surface const& surface)
+    : surface_(surface), pixels_(std::make_unique<PixelCompositor>(surface_)) {
   if (!surface_.empty())
     cairo_ = std::make_unique<Cairo>(surface_);
   resetClipBox();
@@ -217,11 +205,11 @@ bool CanvasRenderer::begin() {
   // its primitives (which restore whatever they change), so they are set up
   // only when they changed.
   if (!stateApplied_) {
-    std::vector<TopDownRect> const clip = clipRects();
-    clipEmpty_ = clip.empty();
+    clip_ = clipRects();
+    clipEmpty_ = clip_.empty();
     cairo_identity_matrix(context);
     cairo_reset_clip(context);
-    for (TopDownRect const& rect : clip)
+    for (TopDownRect const& rect : clip_)
       cairo_rectangle(context, rect.x, rect.y, rect.width, rect.height);
     cairo_clip(context);
     cairo_matrix_t bottomUp;
@@ -241,11 +229,57 @@ bool CanvasRenderer::begin() {
   return true;
 }
 
+void CanvasRenderer::fillAndOutline(Zo::Box<double> const& box, double radius, Colour const& fill,
+                                    Colour const& outline, double outlineWidth) {
+  if (box.empty())
+    return;
+  if (fill.use())
+    fillShape(box, radius, 0.0, fill);
+  if (!outline.use() || outlineWidth <= 0.0)
+    return;
+  bool const hollow = box.width() > 2.0 * outlineWidth && box.height() > 2.0 * outlineWidth;
+  fillShape(box, radius, hollow ? outlineWidth : 0.0, outline);
+}
+
+void CanvasRenderer::fillShape(Zo::Box<double> const& box, double radius, double band, Colour const& colour) {
+  // Where the box's top-left corner lands in the surface's own pixels.
+  XY<double> const topLeft(origin_.x + box.x0, surface_.height() - origin_.y - box.y1);
+  XY<int> const whole(static_cast<int>(std::floor(topLeft.x)), static_cast<int>(std::floor(topLeft.y)));
+  if (radius <= 0.0) {
+    if (colour.alpha() >= 1.0 && isWhole(box) && isWhole(band)) {
+      fillWholePixels(TopDownRect(whole.x, whole.y, static_cast<int>(box.width()), static_cast<int>(box.height())),
+                      static_cast<int>(band), colour);
+      return;
+    }
+  } else {
+    RoundedBoxes::Shape const shape{box.width(), box.height(), radius, band, topLeft - XY<double>(whole.x, whole.y),
+                                    antialias_};
+    if (auto const mask = RoundedBoxes::coverage(shape)) {
+      pixels_->composite(*mask, whole, colour, clip_);
+      return;
+    }
+  }
+  setSource(cairo_->context, colour);
+  RoundedBoxes::fillPath(cairo_->context, box, radius, band);
+}
+
+void CanvasRenderer::fillWholePixels(TopDownRect const& rect, int band, Colour const& colour) {
+  if (band <= 0) {
+    pixels_->fill(rect, colour, clip_);
+    return;
+  }
+  int const inner = rect.height - 2 * band;
+  pixels_->fill(TopDownRect(rect.x, rect.y, rect.width, band), colour, clip_);
+  pixels_->fill(TopDownRect(rect.x, rect.y + rect.height - band, rect.width, band), colour, clip_);
+  pixels_->fill(TopDownRect(rect.x, rect.y + band, band, inner), colour, clip_);
+  pixels_->fill(TopDownRect(rect.x + rect.width - band, rect.y + band, band, inner), colour, clip_);
+}
+
 void CanvasRenderer::renderMulti(Glib::RectDescription const* items, unsigned int count) {
   if (!begin())
     return;
   for (unsigned int n = 0; n < count; ++n)
-    fillAndOutline(cairo_->context, items[n].box, 0.0, items[n].fill, items[n].outline, items[n].outlineWidth);
+    fillAndOutline(items[n].box, 0.0, items[n].fill, items[n].outline, items[n].outlineWidth);
 }
 
 void CanvasRenderer::renderMulti(Glib::EllipseDescription const* items, unsigned int count) {
@@ -302,33 +336,30 @@ void CanvasRenderer::renderMulti(Glib::LineDescription const* items, unsigned in
 void CanvasRenderer::renderMulti(Glib::TextDescription const* items, unsigned int count) {
   if (!begin())
     return;
-  std::vector<TopDownRect> const clip = clipRects();
   int const height = surface_.height();
-  cairo_surface_flush(cairo_->surface);
   for (unsigned int n = 0; n < count; ++n) {
     Glib::TextDescription const& item = items[n];
     if (item.text.empty() || !item.colour.use())
       continue;
     Glib::TextLayout::Placement const placement = Glib::TextLayout::place(item);
     XY<double> const topLeft(origin_.x + placement.topLeft.x, height - (origin_.y + placement.topLeft.y));
-    std::vector<TopDownRect> textClip = clip;
-    if (!item.box.empty()) {
-      Zo::Box<double> const& box = item.box;
-      Zo::Box<int> const absolute(
-          static_cast<int>(std::floor(box.x0)) + origin_.x, static_cast<int>(std::floor(box.y0)) + origin_.y,
-          static_cast<int>(std::ceil(box.x1)) + origin_.x, static_cast<int>(std::ceil(box.y1)) + origin_.y);
-      textClip.clear();
-      for (TopDownRect const& rect : clip) {
-        Zo::Box<int> const part = rect.toBottomUp(height).intersect(absolute);
-        if (!part.empty())
-          textClip.push_back(TopDownRect::fromBottomUp(part, height));
-      }
-      if (textClip.empty())
-        continue;
+    if (item.box.empty()) {
+      Glib::TextLayout::draw(*pixels_, placement.run, item.colour, topLeft, clip_);
+      continue;
     }
-    Glib::TextLayout::draw(surface_, placement.run, item.colour, topLeft, textClip);
+    Zo::Box<double> const& box = item.box;
+    Zo::Box<int> const absolute(
+        static_cast<int>(std::floor(box.x0)) + origin_.x, static_cast<int>(std::floor(box.y0)) + origin_.y,
+        static_cast<int>(std::ceil(box.x1)) + origin_.x, static_cast<int>(std::ceil(box.y1)) + origin_.y);
+    std::vector<TopDownRect> textClip;
+    for (TopDownRect const& rect : clip_) {
+      Zo::Box<int> const part = rect.toBottomUp(height).intersect(absolute);
+      if (!part.empty())
+        textClip.push_back(TopDownRect::fromBottomUp(part, height));
+    }
+    if (!textClip.empty())
+      Glib::TextLayout::draw(*pixels_, placement.run, item.colour, topLeft, textClip);
   }
-  cairo_surface_mark_dirty(cairo_->surface);
 }
 
 void CanvasRenderer::renderMulti(Glib::AlphaRectDescription const* items, unsigned int count) {
@@ -384,8 +415,7 @@ void CanvasRenderer::renderMulti(Glib::RoundedRectDescription const* items, unsi
   if (!begin())
     return;
   for (unsigned int n = 0; n < count; ++n)
-    fillAndOutline(cairo_->context, items[n].box, items[n].radius, items[n].fill, items[n].outline,
-                   items[n].outlineWidth);
+    fillAndOutline(items[n].box, items[n].radius, items[n].fill, items[n].outline, items[n].outlineWidth);
 }
 
 void CanvasRenderer::renderMulti(Glib::TriangleStripDescription const* items, unsigned int count) {

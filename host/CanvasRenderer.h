@@ -4,7 +4,10 @@
 
 #include <memory>
 
-// Draws primitives with cairo into a Zo::Image::Surface.
+class PixelCompositor;
+
+// Draws primitives with cairo into a Zo::Image::Surface; opaque whole-pixel
+// boxes, rounded boxes and text go straight to pixman (PixelCompositor).
 //
 // Coordinates: primitives are bottom-up (y upward) relative to the origin,
 // which is set to the absolute bottom-up position of the widget being drawn.
@@ -83,6 +86,17 @@ public:
 
 private:
   struct Cairo;
+  // A box, its corners rounded by `radius` (0: square), filled and then
+  // outlined `outlineWidth` wide just inside its edge (filled whole when too
+  // small to be hollow); an unusable colour skips its part.
+  void fillAndOutline(Zo::Box<double> const& box, double radius, Colour const& fill, Colour const& outline,
+                      double outlineWidth);
+  // One shape of that: the box, or with `band` > 0 the band that wide inside
+  // its edge. Opaque whole-pixel boxes are set straight into the pixels and
+  // rounded ones laid through kept masks; the rest go through cairo.
+  void fillShape(Zo::Box<double> const& box, double radius, double band, Colour const& colour);
+  // `rect` (surface pixels, top-down), or the band `band` pixels wide inside it.
+  void fillWholePixels(Glib::TopDownRect const& rect, int band, Colour const& colour);
   // Sets cairo up for one batch: clip, bottom-up transform, antialiasing.
   // False when nothing can be drawn.
   bool begin();
@@ -90,6 +104,7 @@ private:
   std::vector<Glib::TopDownRect> clipRects() const;
 
   Zo::Image::Surface surface_;
+  std::unique_ptr<PixelCompositor> pixels_;
   std::unique_ptr<Cairo> cairo_;
   XY<int> origin_;
   Zo::Box<int> clipBox_;
@@ -102,4 +117,6 @@ private:
   // empty.
   bool stateApplied_ = false;
   bool clipEmpty_ = false;
+  // The clip as cairo holds it, in the surface's own pixels.
+  std::vector<Glib::TopDownRect> clip_;
 };

@@ -1,5 +1,6 @@
 #include <zowidgets/host/RoundedBoxes.h>
 
+#include <zowidgets/host/CoverageMask.h>
 #include <zowidgets/host/LruCache.h>
 
 #include <cairo.h>
@@ -26,66 +27,33 @@ Zo::Box<double> inset(Zo::Box<double> const& box, double by) {
   return Zo::Box<double>(box.x0 + by, box.y0 + by, box.x1 - by, box.y1 - by);
 }
 
-void fillPath(cairo_t* context, Zo::Box<double> const& box, double radius, double band) {
-  RoundedBoxes::addPath(context, box, radius);
-  if (band <= 0.0) {
-    cairo_fill(context);
-    return;
-  }
-  // The band a stroke of this width along the inside would cover, as the
-  // box less its inset: the same pixels, without cairo's stroker.
-  RoundedBoxes::addPath(context, inset(box, band), std::max(radius - band, 0.0));
-  cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
-  cairo_fill(context);
-  cairo_set_fill_rule(context, CAIRO_FILL_RULE_WINDING);
-}
-
-// A shape to mask, placed `fraction` right of and below a whole pixel.
-struct Shape {
-  double width, height, radius, band;
-  XY<double> fraction;
-  cairo_antialias_t antialias;
-  friend bool operator==(Shape const&, Shape const&) = default;
-};
+using Shape = RoundedBoxes::Shape;
 
 struct ShapeHash {
   std::size_t operator()(Shape const& shape) const noexcept {
     std::size_t seed = 0;
     for (double value : {shape.width, shape.height, shape.radius, shape.band, shape.fraction.x, shape.fraction.y})
       seed ^= std::hash<double>()(value) + 0x9e3779b97f4a7c15ull + (seed << 6) + (seed >> 2);
-    return seed ^ static_cast<std::size_t>(shape.antialias);
+    return seed ^ (shape.antialias ? 1u : 0u);
   }
 };
 
-class Mask {
-public:
-  explicit Mask(cairo_surface_t* coverage) : coverage_(coverage) {}
-  Mask(Mask&& other) noexcept : coverage_(std::exchange(other.coverage_, nullptr)) {}
-  Mask& operator=(Mask&&) = delete;
-  ~Mask() {
-    if (coverage_)
-      cairo_surface_destroy(coverage_);
-  }
-  cairo_surface_t* coverage() const noexcept { return coverage_; }
-
-private:
-  cairo_surface_t* coverage_;
-};
-
-Mask makeMask(Shape const& shape) {
-  int const width = static_cast<int>(std::ceil(shape.fraction.x + shape.width));
-  int const height = static_cast<int>(std::ceil(shape.fraction.y + shape.height));
-  cairo_surface_t* coverage = cairo_image_surface_create(CAIRO_FORMAT_A8, width, height);
-  cairo_t* context = cairo_create(coverage);
-  cairo_set_antialias(context, shape.antialias);
-  // Mask rows run down where the canvas's run up; the shape is the same
+std::shared_ptr<CoverageMask const> makeMask(Shape const& shape) {
+  auto mask = std::make_shared<CoverageMask>(static_cast<int>(std::ceil(shape.fraction.x + shape.width)),
+                                             static_cast<int>(std::ceil(shape.fraction.y + shape.height)));
+  cairo_surface_t* surface =
+      cairo_image_surface_create_for_data(mask->data(), CAIRO_FORMAT_A8, mask->width(), mask->height(), mask->stride());
+  cairo_t* context = cairo_create(surface);
+  cairo_set_antialias(context, shape.antialias ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
+  // Mask rows run down where a canvas's run up; the shape is the same
   // upside down.
   Zo::Box<double> const box(shape.fraction.x, shape.fraction.y, shape.fraction.x + shape.width,
                             shape.fraction.y + shape.height);
-  fillPath(context, box, shape.radius, shape.band);
+  RoundedBoxes::fillPath(context, box, shape.radius, shape.band);
   cairo_destroy(context);
-  cairo_surface_flush(coverage);
-  return Mask(coverage);
+  cairo_surface_finish(surface);
+  cairo_surface_destroy(surface);
+  return mask;
 }
 
 // Kept masks, shared by every renderer on every thread; never destroyed, as
@@ -97,15 +65,12 @@ public:
     return store;
   }
 
-  // A reference to the shape's mask, which the caller releases.
-  cairo_surface_t* coverage(Shape const& shape) {
+  std::shared_ptr<CoverageMask const> coverage(Shape const& shape) {
     std::lock_guard lock(mutex_);
-    Mask const* mask = masks_.find(shape);
-    if (!mask) {
-      mask = &masks_.insert(shape, makeMask(shape));
-      ++made_;
-    }
-    return cairo_surface_reference(mask->coverage());
+    if (auto const* kept = masks_.find(shape))
+      return *kept;
+    ++made_;
+    return masks_.insert(shape, makeMask(shape));
   }
 
   std::size_t kept() {
@@ -123,7 +88,7 @@ public:
 
 private:
   std::mutex mutex_;
-  LruCache<Shape, Mask, ShapeHash> masks_{RoundedBoxes::kMasksKept};
+  LruCache<Shape, std::shared_ptr<CoverageMask const>, ShapeHash> masks_{RoundedBoxes::kMasksKept};
   std::size_t made_ = 0;
 };
 
@@ -143,32 +108,27 @@ void RoundedBoxes::addPath(cairo_t* context, Zo::Box<double> const& box, double 
   cairo_close_path(context);
 }
 
-void RoundedBoxes::fill(cairo_t* context, Zo::Box<double> const& box, double radius, double band) {
-  if (box.empty())
-    return;
-  cairo_matrix_t transform;
-  cairo_get_matrix(context, &transform);
-  bool const movesAndFlips =
-      transform.xy == 0.0 && transform.yx == 0.0 && std::abs(transform.xx) == 1.0 && std::abs(transform.yy) == 1.0;
-  // Square boxes are cairo's own fast case, whole boxes of pixels.
-  if (radius <= 0.0 || !movesAndFlips || box.width() * box.height() > kLargestMaskPixels) {
-    fillPath(context, box, radius, band);
+void RoundedBoxes::fillPath(cairo_t* context, Zo::Box<double> const& box, double radius, double band) {
+  addPath(context, box, radius);
+  if (band <= 0.0) {
+    cairo_fill(context);
     return;
   }
-  double const left = std::min(transform.xx * box.x0, transform.xx * box.x1) + transform.x0;
-  double const top = std::min(transform.yy * box.y0, transform.yy * box.y1) + transform.y0;
-  XY<double> const whole(std::floor(left), std::floor(top));
-  Shape const shape{box.width(),
-                    box.height(),
-                    std::min(radius, std::min(box.width(), box.height()) / 2.0),
-                    band,
-                    XY<double>(left - whole.x, top - whole.y),
-                    cairo_get_antialias(context)};
-  cairo_surface_t* coverage = MaskStore::instance().coverage(shape);
-  cairo_identity_matrix(context);
-  cairo_mask_surface(context, coverage, whole.x, whole.y);
-  cairo_set_matrix(context, &transform);
-  cairo_surface_destroy(coverage);
+  // The band a stroke of this width along the inside would cover, as the
+  // box less its inset: the same pixels, without cairo's stroker.
+  addPath(context, inset(box, band), std::max(radius - band, 0.0));
+  cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
+  cairo_fill(context);
+  cairo_set_fill_rule(context, CAIRO_FILL_RULE_WINDING);
+}
+
+std::shared_ptr<CoverageMask const> RoundedBoxes::coverage(Shape const& shape) {
+  if (shape.width <= 0.0 || shape.height <= 0.0 || shape.width * shape.height > kLargestMaskPixels)
+    return nullptr;
+  // Radii past half the shorter side draw the same shape: one mask for all.
+  Shape kept = shape;
+  kept.radius = std::clamp(shape.radius, 0.0, std::min(shape.width, shape.height) / 2.0);
+  return MaskStore::instance().coverage(kept);
 }
 
 std::size_t RoundedBoxes::masksKept() { return MaskStore::instance().kept(); }

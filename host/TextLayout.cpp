@@ -1,12 +1,15 @@
 #include <zowidgets/host/TextLayout.h>
 
+#include <zowidgets/host/CoverageMask.h>
 #include <zowidgets/host/LruCache.h>
+#include <zowidgets/host/PixelCompositor.h>
 #include <zowidgets/host/UifStd.h>
 
 #include <pango/pangocairo.h>
 
 #include <cmath>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <utility>
 
@@ -28,25 +31,22 @@ struct RunHash {
   }
 };
 
-// The coverage of a whole run, drawn once and composited in any colour at
-// each later paint: cheaper than shaping glyphs out of cairo's glyph cache
-// one by one. Glyphs land on whole pixels, so a mask fits every position
-// with the same fraction of a pixel.
+// The coverage of a whole run, drawn once and laid in any colour at each
+// later paint: cheaper than compositing glyphs out of cairo's glyph cache one
+// by one. Glyphs land on whole pixels, so a mask fits every position with
+// the same fraction of a pixel.
 struct RunMask {
-  cairo_surface_t* coverage = nullptr; // A8
-  XY<double> fraction{-1.0, -1.0};     // of the layout's top-left corner
-  XY<int> offset;                      // of the mask's top-left from that corner's whole pixel
+  std::shared_ptr<CoverageMask const> coverage; // none for a run too large to keep
+  XY<double> fraction{-1.0, -1.0};              // of the layout's top-left corner
+  XY<int> offset;                               // of the mask's top-left from that corner's whole pixel
 };
 
 struct Layout {
   Layout() = default;
   Layout(Layout&& other) noexcept
-      : layout(std::exchange(other.layout, nullptr)), metrics(other.metrics),
-        mask(std::exchange(other.mask, RunMask())) {}
+      : layout(std::exchange(other.layout, nullptr)), metrics(other.metrics), mask(std::move(other.mask)) {}
   Layout& operator=(Layout&&) = delete;
   ~Layout() {
-    if (mask.coverage)
-      cairo_surface_destroy(mask.coverage);
     if (layout)
       g_object_unref(layout);
   }
@@ -79,12 +79,16 @@ RunMask makeMask(PangoLayout* layout, XY<double> fraction) {
   int const height = ink.height + 3;
   if (ink.width <= 0 || ink.height <= 0 || width * height > kLargestMaskPixels)
     return mask;
-  mask.coverage = cairo_image_surface_create(CAIRO_FORMAT_A8, width, height);
-  cairo_t* context = cairo_create(mask.coverage);
+  auto coverage = std::make_shared<CoverageMask>(width, height);
+  cairo_surface_t* surface =
+      cairo_image_surface_create_for_data(coverage->data(), CAIRO_FORMAT_A8, width, height, coverage->stride());
+  cairo_t* context = cairo_create(surface);
   cairo_move_to(context, fraction.x - offset.x, fraction.y - offset.y);
   pango_cairo_show_layout(context, layout);
   cairo_destroy(context);
-  cairo_surface_flush(mask.coverage);
+  cairo_surface_finish(surface);
+  cairo_surface_destroy(surface);
+  mask.coverage = std::move(coverage);
   mask.offset = offset;
   return mask;
 }
@@ -141,21 +145,15 @@ public:
     return layouts_.insert(run, make(run));
   }
 
-  // The run's mask for a top-left corner `fraction` past a whole pixel, with
-  // a reference the caller releases; null when the run is drawn unmasked.
+  // The run's mask for a top-left corner `fraction` past a whole pixel.
   // Call with the mutex held.
   RunMask maskFor(TextRun const& run, XY<double> fraction) {
     Layout& entry = layout(run);
     if (entry.mask.fraction != fraction) {
-      if (entry.mask.coverage)
-        cairo_surface_destroy(entry.mask.coverage);
       entry.mask = makeMask(entry.layout, fraction);
       entry.mask.fraction = fraction;
     }
-    RunMask result = entry.mask;
-    if (result.coverage)
-      cairo_surface_reference(result.coverage);
-    return result;
+    return entry.mask;
   }
 
   // Asked for at every paint of most widgets, and the same few fonts each
@@ -255,28 +253,34 @@ FontMetrics TextLayout::fontMetrics(FontDesc const& font, double scale) {
 
 void TextLayout::draw(Zo::Image::Surface target, TextRun const& run, Colour const& colour, XY<double> topLeft,
                       std::vector<TopDownRect> const& clip) {
-  if (target.empty() || !colour.use() || run.text.empty())
+  PixelCompositor into(target);
+  draw(into, run, colour, topLeft,
+       clip.empty() ? std::vector<TopDownRect>{TopDownRect(0, 0, target.width(), target.height())} : clip);
+}
+
+void TextLayout::draw(PixelCompositor& into, TextRun const& run, Colour const& colour, XY<double> topLeft,
+                      std::vector<TopDownRect> const& clip) {
+  if (into.target().empty() || !colour.use() || run.text.empty())
     return;
-  cairo_surface_t* surface = cairo_image_surface_create_for_data(target.data(), CAIRO_FORMAT_ARGB32, target.width(),
-                                                                 target.height(), target.stride());
-  cairo_t* context = cairo_create(surface);
-  for (TopDownRect const& rect : clip)
-    cairo_rectangle(context, rect.x, rect.y, rect.width, rect.height);
-  if (!clip.empty())
-    cairo_clip(context);
-  cairo_set_source_rgba(context, colour.red(), colour.green(), colour.blue(), colour.alpha());
   auto const [pixel, fraction] = splitPixel(topLeft);
   Engine& engine = Engine::instance();
   std::unique_lock lock(engine.mutex());
   RunMask const mask = engine.maskFor(run, fraction);
   if (mask.coverage) {
     lock.unlock();
-    cairo_mask_surface(context, mask.coverage, pixel.x + mask.offset.x, pixel.y + mask.offset.y);
-    cairo_surface_destroy(mask.coverage);
-  } else {
-    cairo_move_to(context, topLeft.x, topLeft.y);
-    pango_cairo_show_layout(context, engine.layout(run).layout);
+    into.composite(*mask.coverage, pixel + mask.offset, colour, clip);
+    return;
   }
+  Zo::Image::Surface target = into.target();
+  cairo_surface_t* surface = cairo_image_surface_create_for_data(target.data(), CAIRO_FORMAT_ARGB32, target.width(),
+                                                                 target.height(), target.stride());
+  cairo_t* context = cairo_create(surface);
+  for (TopDownRect const& rect : clip)
+    cairo_rectangle(context, rect.x, rect.y, rect.width, rect.height);
+  cairo_clip(context);
+  cairo_set_source_rgba(context, colour.red(), colour.green(), colour.blue(), colour.alpha());
+  cairo_move_to(context, topLeft.x, topLeft.y);
+  pango_cairo_show_layout(context, engine.layout(run).layout);
   cairo_destroy(context);
   cairo_surface_destroy(surface);
 }

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <vector>
 
+class PixelCompositor;
+
 namespace Glib {
 
 // One piece of text to lay out, and the key of the layout cache.
@@ -63,6 +65,10 @@ public:
   // (the whole surface when `clip` is empty).
   static void draw(Zo::Image::Surface target, TextRun const& run, Colour const& colour, XY<double> topLeft,
                    std::vector<TopDownRect> const& clip = {});
+  // The same through a compositor on the target, limited to the union of
+  // `clip` (rectangles that do not overlap).
+  static void draw(PixelCompositor& into, TextRun const& run, Colour const& colour, XY<double> topLeft,
+                   std::vector<TopDownRect> const& clip);
 
   // Where a TextDescription's text goes: its run, its metrics, and the
   // top-left corner of its layout in the description's bottom-up
