@@ -143,8 +143,6 @@ bool coloursFit(std::vector<Colour> const& colours, std::size_t points) {
 
 CanvasRenderer::CanvasRenderer(Zo::Image::Surface const& surface)
     : surface_(surface), pixels_(std::make_unique<PixelCompositor>(surface_)) {
-  if (!surface_.empty())
-    cairo_ = std::make_unique<Cairo>(surface_);
   resetClipBox();
 }
 
@@ -156,7 +154,7 @@ void CanvasRenderer::setClipBox(Zo::Box<int> const& box) {
   Zo::Box<int> clipped = box.intersect(Zo::Box<int>(0, 0, surface_.width(), surface_.height()));
   if (clipped != clipBox_) {
     clipBox_ = clipped;
-    stateApplied_ = false;
+    clipKnown_ = stateApplied_ = false;
   }
 }
 
@@ -175,7 +173,7 @@ void CanvasRenderer::flush() {
 
 void CanvasRenderer::setClipRegion(Zo::Ptr<iRegion> region) {
   clipRegion_ = std::move(region);
-  stateApplied_ = false;
+  clipKnown_ = stateApplied_ = false;
 }
 
 void CanvasRenderer::setAntialiasingEnabled(bool enabled) {
@@ -198,15 +196,25 @@ std::vector<TopDownRect> CanvasRenderer::clipRects() const {
 }
 
 bool CanvasRenderer::begin() {
-  if (!accepting_ || !cairo_)
+  if (!accepting_ || surface_.empty())
     return false;
+  if (!clipKnown_) {
+    clip_ = clipRects();
+    clipKnown_ = true;
+  }
+  return !clip_.empty();
+}
+
+cairo_t* CanvasRenderer::cairo() {
+  // Made only when a primitive needs it: many paints lay all their pixels
+  // with the compositor.
+  if (!cairo_)
+    cairo_ = std::make_unique<Cairo>(surface_);
   cairo_t* context = cairo_->context;
   // The clip and transform change when a widget starts drawing, not between
   // its primitives (which restore whatever they change), so they are set up
   // only when they changed.
   if (!stateApplied_) {
-    clip_ = clipRects();
-    clipEmpty_ = clip_.empty();
     cairo_identity_matrix(context);
     cairo_reset_clip(context);
     for (TopDownRect const& rect : clip_)
@@ -218,15 +226,13 @@ bool CanvasRenderer::begin() {
     cairo_set_antialias(context, antialias_ ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
     stateApplied_ = true;
   }
-  if (clipEmpty_)
-    return false;
-  // Other code may have written to the pixels since the last batch.
+  // The compositor and other code may have written to the pixels since.
   cairo_surface_mark_dirty(cairo_->surface);
   cairo_set_operator(context, CAIRO_OPERATOR_OVER);
   cairo_set_line_cap(context, CAIRO_LINE_CAP_BUTT);
   cairo_set_line_join(context, CAIRO_LINE_JOIN_MITER);
   cairo_new_path(context);
-  return true;
+  return context;
 }
 
 void CanvasRenderer::fillAndOutline(Zo::Box<double> const& box, double radius, Colour const& fill,
@@ -259,8 +265,9 @@ void CanvasRenderer::fillShape(Zo::Box<double> const& box, double radius, double
       return;
     }
   }
-  setSource(cairo_->context, colour);
-  RoundedBoxes::fillPath(cairo_->context, box, radius, band);
+  cairo_t* context = cairo();
+  setSource(context, colour);
+  RoundedBoxes::fillPath(context, box, radius, band);
 }
 
 void CanvasRenderer::fillWholePixels(TopDownRect const& rect, int band, Colour const& colour) {
@@ -285,7 +292,7 @@ void CanvasRenderer::renderMulti(Glib::RectDescription const* items, unsigned in
 void CanvasRenderer::renderMulti(Glib::EllipseDescription const* items, unsigned int count) {
   if (!begin())
     return;
-  cairo_t* context = cairo_->context;
+  cairo_t* context = cairo();
   for (unsigned int n = 0; n < count; ++n) {
     Glib::EllipseDescription const& item = items[n];
     if (item.radii.x <= 0.0 || item.radii.y <= 0.0)
@@ -320,7 +327,7 @@ void CanvasRenderer::renderMulti(Glib::EllipseDescription const* items, unsigned
 void CanvasRenderer::renderMulti(Glib::LineDescription const* items, unsigned int count) {
   if (!begin())
     return;
-  cairo_t* context = cairo_->context;
+  cairo_t* context = cairo();
   for (unsigned int n = 0; n < count; ++n) {
     Glib::LineDescription const line = snapToPixels(items[n]);
     if (!line.colour.use() || line.width <= 0.0 || line.from == line.to)
@@ -365,7 +372,7 @@ void CanvasRenderer::renderMulti(Glib::TextDescription const* items, unsigned in
 void CanvasRenderer::renderMulti(Glib::AlphaRectDescription const* items, unsigned int count) {
   if (!begin())
     return;
-  cairo_t* context = cairo_->context;
+  cairo_t* context = cairo();
   for (unsigned int n = 0; n < count; ++n) {
     Glib::AlphaRectDescription const& item = items[n];
     if (item.box.empty() || !item.colour.use())
@@ -379,7 +386,7 @@ void CanvasRenderer::renderMulti(Glib::AlphaRectDescription const* items, unsign
 void CanvasRenderer::renderMulti(Glib::BezierCurveDescription const* items, unsigned int count) {
   if (!begin())
     return;
-  cairo_t* context = cairo_->context;
+  cairo_t* context = cairo();
   for (unsigned int n = 0; n < count; ++n) {
     Glib::BezierCurveDescription const& item = items[n];
     if (!item.colour.use() || item.width <= 0.0)
@@ -398,7 +405,7 @@ void CanvasRenderer::renderMulti(Glib::ImageDescription const* items, unsigned i
   for (unsigned int n = 0; n < count; ++n) {
     Glib::ImageDescription const& item = items[n];
     TopDownRect const whole(0, 0, item.image.width(), item.image.height());
-    paintImage(cairo_->context, surface_, item.image, whole, item.destination, CAIRO_FILTER_NEAREST, item.alpha);
+    paintImage(cairo(), surface_, item.image, whole, item.destination, CAIRO_FILTER_NEAREST, item.alpha);
   }
 }
 
@@ -407,7 +414,7 @@ void CanvasRenderer::renderMulti(Glib::ImageDescriptionEx const* items, unsigned
     return;
   for (unsigned int n = 0; n < count; ++n) {
     Glib::ImageDescriptionEx const& item = items[n];
-    paintImage(cairo_->context, surface_, item.image, item.source, item.destination, toCairo(item.filter), item.alpha);
+    paintImage(cairo(), surface_, item.image, item.source, item.destination, toCairo(item.filter), item.alpha);
   }
 }
 
@@ -428,7 +435,7 @@ void CanvasRenderer::renderMulti(Glib::TriangleStripDescription const* items, un
     std::vector<std::size_t> corners;
     for (std::size_t i = 2; i < item.points.size(); ++i)
       corners.insert(corners.end(), {i - 2, i - 1, i});
-    fillTriangles(cairo_->context, item.points, item.colours, corners);
+    fillTriangles(cairo(), item.points, item.colours, corners);
   }
 }
 
@@ -442,14 +449,14 @@ void CanvasRenderer::renderMulti(Glib::TriangleFanDescription const* items, unsi
     std::vector<std::size_t> corners;
     for (std::size_t i = 2; i < item.points.size(); ++i)
       corners.insert(corners.end(), {std::size_t(0), i - 1, i});
-    fillTriangles(cairo_->context, item.points, item.colours, corners);
+    fillTriangles(cairo(), item.points, item.colours, corners);
   }
 }
 
 void CanvasRenderer::renderMulti(Glib::LineStripDescription const* items, unsigned int count) {
   if (!begin())
     return;
-  cairo_t* context = cairo_->context;
+  cairo_t* context = cairo();
   cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
   for (unsigned int n = 0; n < count; ++n) {
     auto const& item = items[n];
@@ -476,7 +483,7 @@ void CanvasRenderer::renderMulti(Glib::LineStripDescription const* items, unsign
 void CanvasRenderer::renderMulti(Glib::ShaderRectDescription const* items, unsigned int count) {
   if (!begin())
     return;
-  cairo_t* context = cairo_->context;
+  cairo_t* context = cairo();
   for (unsigned int n = 0; n < count; ++n) {
     Glib::ShaderRectDescription const& item = items[n];
     Zo::Box<double> const& box = item.box;

@@ -5,6 +5,7 @@
 #include <memory>
 
 class PixelCompositor;
+typedef struct _cairo cairo_t;
 
 // Draws primitives with cairo into a Zo::Image::Surface; opaque whole-pixel
 // boxes, rounded boxes and text go straight to pixman (PixelCompositor).
@@ -97,9 +98,10 @@ private:
   void fillShape(Zo::Box<double> const& box, double radius, double band, Colour const& colour);
   // `rect` (surface pixels, top-down), or the band `band` pixels wide inside it.
   void fillWholePixels(Glib::TopDownRect const& rect, int band, Colour const& colour);
-  // Sets cairo up for one batch: clip, bottom-up transform, antialiasing.
-  // False when nothing can be drawn.
+  // Readies a batch of primitives; false when nothing can be drawn.
   bool begin();
+  // cairo, set up for a primitive: clip, bottom-up transform, antialiasing.
+  cairo_t* cairo();
   // The clip (box and region) in the surface's top-down pixels.
   std::vector<Glib::TopDownRect> clipRects() const;
 
@@ -113,10 +115,9 @@ private:
   bool accepting_ = true;
   bool antialias_ = true;
   // Whether cairo already holds the clip, transform and antialiasing above,
-  // so that a run of primitives sets them up once; and whether that clip is
-  // empty.
+  // so that a run of primitives sets them up once.
   bool stateApplied_ = false;
-  bool clipEmpty_ = false;
-  // The clip as cairo holds it, in the surface's own pixels.
+  // The clip in the surface's own pixels, and whether it is up to date.
   std::vector<Glib::TopDownRect> clip_;
+  bool clipKnown_ = false;
 };
