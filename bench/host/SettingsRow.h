@@ -18,6 +18,9 @@ public:
     setPaintsOpaquely(true);
   }
 
+  // Shows another number in the value box (not repainted until asked).
+  void setValueText(LightweightString<wchar_t> const& text) { valueText_ = text; }
+
 protected:
   void draw(CanvasRenderer& renderer) override {
     using namespace SettingsPanelLook;
