@@ -105,41 +105,10 @@ void qtPaintFullPanel(benchmark::State& state) {
   checkFullPaint(state, panel, RowColours(palette));
 }
 
-void zoPaintOneRow(benchmark::State& state) {
-  ZoSettingsPanel panel;
-  if (!readyToPaint(state, panel))
-    return;
-  RowColours const colours(panel.panel().getPalette());
-  panel.fill(kWiped);
-  int const paintsBefore = panel.canvas().paintCount();
-  Glob& row = panel.row(kRepaintedRow);
-  for (auto _ : state)
-    row.invalidate();
-  checkPaintCount(state, panel, paintsBefore);
-  checkOneRowPaint(state, panel, colours);
-}
-
-// The same with the repainted row not declaring that it paints opaquely, so
-// that the panel's background is painted under it first.
-void zoPaintOneRowNotDeclaredOpaque(benchmark::State& state) {
-  ZoSettingsPanel panel;
-  if (!readyToPaint(state, panel))
-    return;
-  RowColours const colours(panel.panel().getPalette());
-  panel.fill(kWiped);
-  int const paintsBefore = panel.canvas().paintCount();
-  Glob& row = panel.row(kRepaintedRow);
-  row.setPaintsOpaquely(false);
-  for (auto _ : state)
-    row.invalidate();
-  checkPaintCount(state, panel, paintsBefore);
-  checkOneRowPaint(state, panel, colours);
-}
-
-// The same with a number never shown before at every paint, so that its text
-// is laid out and its mask made anew: the cost of a value that changes
-// (setting the row's string is timed too; it is small beside the rest).
-void zoPaintOneRowNewValue(benchmark::State& state) {
+// Repaints row 50 of our panel at each iteration: `prepare` readies the row
+// once, `change` alters it before each paint.
+template <class Prepare, class Change>
+void zoPaintRepaintedRow(benchmark::State& state, Prepare prepare, Change change) {
   ZoSettingsPanel panel;
   if (!readyToPaint(state, panel))
     return;
@@ -147,13 +116,37 @@ void zoPaintOneRowNewValue(benchmark::State& state) {
   panel.fill(kWiped);
   int const paintsBefore = panel.canvas().paintCount();
   auto& row = static_cast<SettingsRow&>(panel.row(kRepaintedRow));
-  long long value = 0;
+  prepare(row);
   for (auto _ : state) {
-    row.setValueText(LightweightString<wchar_t>(std::to_wstring(1000000 + ++value).c_str()));
+    change(row);
     row.invalidate();
   }
   checkPaintCount(state, panel, paintsBefore);
   checkOneRowPaint(state, panel, colours);
+}
+
+void zoPaintOneRow(benchmark::State& state) {
+  zoPaintRepaintedRow(
+      state, [](SettingsRow&) {}, [](SettingsRow&) {});
+}
+
+// The same with the repainted row not declaring that it paints opaquely, so
+// that the panel's background is painted under it first.
+void zoPaintOneRowNotDeclaredOpaque(benchmark::State& state) {
+  zoPaintRepaintedRow(
+      state, [](SettingsRow& row) { row.setPaintsOpaquely(false); }, [](SettingsRow&) {});
+}
+
+// The same with a number never shown before at every paint, so that its text
+// is laid out and its mask made anew: the cost of a value that changes
+// (setting the row's string is timed too; it is small beside the rest).
+void zoPaintOneRowNewValue(benchmark::State& state) {
+  long long value = 0;
+  zoPaintRepaintedRow(
+      state, [](SettingsRow&) {},
+      [&value](SettingsRow& row) {
+        row.setValueText(LightweightString<wchar_t>(std::to_wstring(1000000 + ++value).c_str()));
+      });
 }
 
 void qtPaintOneRow(benchmark::State& state) {
