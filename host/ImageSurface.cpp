@@ -7,7 +7,23 @@
 #include <cstring>
 #include <new>
 
+#include <sys/mman.h>
+
 namespace Zo::Image {
+
+namespace {
+
+// A big canvas is first touched page by page as it is painted; in pages of
+// 2 MB the kernel takes a five-hundredth of the faults to hand it over.
+void askForHugePages(std::uint8_t* bytes, std::size_t size) {
+  constexpr std::uintptr_t kHugePage = 2u << 20;
+  auto const begin = (reinterpret_cast<std::uintptr_t>(bytes) + kHugePage - 1) & ~(kHugePage - 1);
+  auto const end = (reinterpret_cast<std::uintptr_t>(bytes) + size) & ~(kHugePage - 1);
+  if (end > begin)
+    madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+}
+
+} // namespace
 
 // Rows are as long as cairo wants them for ARGB32, so cairo can draw on the
 // bytes in place.
@@ -23,6 +39,7 @@ struct Surface::Pixels {
         bytes(static_cast<std::uint8_t*>(std::calloc(std::size_t(stride) * h, 1))) {
     if (!bytes)
       throw std::bad_alloc();
+    askForHugePages(bytes.get(), std::size_t(stride) * h);
   }
 
   int width;

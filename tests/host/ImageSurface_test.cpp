@@ -53,6 +53,19 @@ TEST(ImageSurface, NewSurfaceIsTransparentWithCairoRows) {
       EXPECT_EQ(surface.pixel(x, row), 0u);
 }
 
+TEST(ImageSurface, ALargeSurfaceIsTransparentAndKeepsWhatIsWritten) {
+  // 16 MB: large enough to be asked of the kernel in huge pages.
+  Surface surface(2048, 2048);
+  ASSERT_FALSE(surface.empty());
+  for (int row = 0; row < 2048; row += 97)
+    for (int x = 0; x < 2048; x += 89)
+      ASSERT_EQ(surface.pixel(x, row), 0u) << x << ", " << row;
+  surface.fill(Colour(0.0, 0.0, 1.0));
+  EXPECT_EQ(surface.pixel(0, 0), 0xFF0000FFu);
+  EXPECT_EQ(surface.pixel(2047, 2047), 0xFF0000FFu);
+  EXPECT_EQ(surface.pixel(1024, 1500), 0xFF0000FFu);
+}
+
 TEST(ImageSurface, ImpossibleSizesGiveEmptySurfaces) {
   EXPECT_TRUE(Surface(0, 5).empty());
   EXPECT_TRUE(Surface(5, -1).empty());
