@@ -5,6 +5,8 @@
 #include <zowidgets/host/TextLayout.h>
 #include <zowidgets/host/UifStd.h>
 
+#include "DrawingTestSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -189,14 +191,6 @@ Drawn draw(std::wstring_view html) {
       if (result.surface.pixel(x, y) != 0u)
         ++result.inkPixels;
   return result;
-}
-
-bool samePixels(Zo::Image::Surface const& a, Zo::Image::Surface const& b) {
-  for (int y = 0; y < a.height(); ++y)
-    for (int x = 0; x < a.width(); ++x)
-      if (a.pixel(x, y) != b.pixel(x, y))
-        return false;
-  return true;
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include <zowidgets/host/RoundedBoxes.h>
 #include <zowidgets/host/TextLayout.h>
 
+#include "DrawingTestSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -31,14 +33,6 @@ Zo::Image::Surface draw(int round) {
   renderer.renderPrimitive(Glib::RoundedRectDescription(Zo::Box<double>(110.0, 4.0, 150.0, 30.0 - round % 3), 4.0,
                                                         Colour::invalid(), Colour(0.9, 0.2, 0.1), 1.5));
   return surface;
-}
-
-bool samePixels(Zo::Image::Surface const& a, Zo::Image::Surface const& b) {
-  for (int row = 0; row < a.height(); ++row)
-    for (int x = 0; x < a.width(); ++x)
-      if (a.pixel(x, row) != b.pixel(x, row))
-        return false;
-  return true;
 }
 
 } // namespace

@@ -52,16 +52,6 @@ void fillWithTheRenderer(Zo::Image::Surface& target, XY<int> origin, Zo::Box<dou
     renderer.renderPrimitive(Glib::RoundedRectDescription(box, radius, kFill));
 }
 
-int largestDifference(Zo::Image::Surface const& a, Zo::Image::Surface const& b) {
-  int largest = 0;
-  for (int row = 0; row < a.height(); ++row)
-    for (int x = 0; x < a.width(); ++x)
-      for (int shift = 0; shift < 32; shift += 8)
-        largest = std::max(largest, std::abs(static_cast<int>((a.pixel(x, row) >> shift) & 0xFF) -
-                                             static_cast<int>((b.pixel(x, row) >> shift) & 0xFF)));
-  return largest;
-}
-
 RoundedBoxes::Shape shape(double width, double height, double radius, double band = 0.0) {
   RoundedBoxes::Shape result;
   result.width = width;

@@ -60,32 +60,6 @@ void drawWithPango(Zo::Image::Surface& target, Glib::TextRun const& run, Colour 
   cairo_surface_destroy(surface);
 }
 
-int channelDifference(std::uint32_t a, std::uint32_t b, int shift) {
-  return std::abs(static_cast<int>((a >> shift) & 0xFF) - static_cast<int>((b >> shift) & 0xFF));
-}
-
-int largestDifference(Zo::Image::Surface const& a, Zo::Image::Surface const& b) {
-  int largest = 0;
-  for (int row = 0; row < a.height(); ++row)
-    for (int x = 0; x < a.width(); ++x)
-      for (int shift = 0; shift < 32; shift += 8)
-        largest = std::max(largest, channelDifference(a.pixel(x, row), b.pixel(x, row), shift));
-  return largest;
-}
-
-// Pixels with a channel more than `tolerance` apart.
-int countDifferentBy(Zo::Image::Surface const& a, Zo::Image::Surface const& b, int tolerance) {
-  int count = 0;
-  for (int row = 0; row < a.height(); ++row)
-    for (int x = 0; x < a.width(); ++x)
-      for (int shift = 0; shift < 32; shift += 8)
-        if (channelDifference(a.pixel(x, row), b.pixel(x, row), shift) > tolerance) {
-          ++count;
-          break;
-        }
-  return count;
-}
-
 } // namespace
 
 TEST(TextLayoutMask, AKeptRunGivesThePixelsOfItsGlyphs) {
