@@ -38,6 +38,13 @@ void setSource(cairo_t* context, Colour const& colour, double opacity = 1.0) {
 
 bool isWhole(double value) { return value == std::floor(value); }
 
+// Whether a box whose top-left corner lands at `topLeft` lies within the
+// coordinates cairo itself can hold, so that whole pixels of it fit an int.
+bool withinPixelRange(XY<double> topLeft, Zo::Box<double> const& box) {
+  constexpr double kLimit = 1 << 23;
+  return std::abs(topLeft.x) < kLimit && std::abs(topLeft.y) < kLimit && box.width() < kLimit && box.height() < kLimit;
+}
+
 bool isWhole(Zo::Box<double> const& box) {
   return isWhole(box.x0) && isWhole(box.y0) && isWhole(box.x1) && isWhole(box.y1);
 }
@@ -248,26 +255,45 @@ void CanvasRenderer::fillAndOutline(Zo::Box<double> const& box, double radius, C
 }
 
 void CanvasRenderer::fillShape(Zo::Box<double> const& box, double radius, double band, Colour const& colour) {
-  // Where the box's top-left corner lands in the surface's own pixels.
+  // Where the box's top-left corner lands in the surface's own pixels. Far
+  // outside any canvas, whole-pixel arithmetic would overflow an int.
   XY<double> const topLeft(origin_.x + box.x0, surface_.height() - origin_.y - box.y1);
-  XY<int> const whole(static_cast<int>(std::floor(topLeft.x)), static_cast<int>(std::floor(topLeft.y)));
-  if (radius <= 0.0) {
-    if (colour.alpha() >= 1.0 && isWhole(box) && isWhole(band)) {
-      fillWholePixels(TopDownRect(whole.x, whole.y, static_cast<int>(box.width()), static_cast<int>(box.height())),
-                      static_cast<int>(band), colour);
+  bool const inRange = withinPixelRange(topLeft, box);
+  if (radius <= 0.0 && colour.alpha() >= 1.0 && isWhole(box) && isWhole(band)) {
+    // A plain box reaching in from far away is cut to the surface first; an
+    // outline's edges must stay where they are.
+    if (band <= 0.0 || inRange) {
+      fillWholePixels(pixelRect(topLeft, box, band <= 0.0), static_cast<int>(band), colour);
       return;
     }
-  } else {
-    RoundedBoxes::Shape const shape{box.width(), box.height(), radius, band, topLeft - XY<double>(whole.x, whole.y),
-                                    antialias_};
-    if (auto const mask = RoundedBoxes::coverage(shape)) {
-      pixels_->composite(*mask, whole, colour, clip_);
-      return;
-    }
+  } else if (radius > 0.0 && inRange && layThroughMask(box, topLeft, radius, band, colour)) {
+    return;
   }
   cairo_t* context = cairo();
   setSource(context, colour);
   RoundedBoxes::fillPath(context, box, radius, band);
+}
+
+TopDownRect CanvasRenderer::pixelRect(XY<double> topLeft, Zo::Box<double> const& box, bool cutToSurface) const {
+  double x0 = topLeft.x, y0 = topLeft.y, x1 = topLeft.x + box.width(), y1 = topLeft.y + box.height();
+  if (cutToSurface) {
+    auto cut = [](double value, double size) { return std::clamp(value, -1.0, size + 1.0); };
+    x0 = cut(x0, surface_.width()), x1 = cut(x1, surface_.width());
+    y0 = cut(y0, surface_.height()), y1 = cut(y1, surface_.height());
+  }
+  return TopDownRect(static_cast<int>(x0), static_cast<int>(y0), static_cast<int>(x1 - x0), static_cast<int>(y1 - y0));
+}
+
+bool CanvasRenderer::layThroughMask(Zo::Box<double> const& box, XY<double> topLeft, double radius, double band,
+                                    Colour const& colour) {
+  XY<int> const whole(static_cast<int>(std::floor(topLeft.x)), static_cast<int>(std::floor(topLeft.y)));
+  RoundedBoxes::Shape const shape{box.width(), box.height(), radius, band, topLeft - XY<double>(whole.x, whole.y),
+                                  antialias_};
+  auto const mask = RoundedBoxes::coverage(shape);
+  if (!mask)
+    return false;
+  pixels_->composite(*mask, whole, colour, clip_);
+  return true;
 }
 
 void CanvasRenderer::fillWholePixels(TopDownRect const& rect, int band, Colour const& colour) {

@@ -96,6 +96,12 @@ private:
   // its edge. Opaque whole-pixel boxes are set straight into the pixels and
   // rounded ones laid through kept masks; the rest go through cairo.
   void fillShape(Zo::Box<double> const& box, double radius, double band, Colour const& colour);
+  // A rounded shape laid through its kept mask, its top-left corner landing
+  // at `topLeft` in the surface's pixels; false when none can be kept.
+  bool layThroughMask(Zo::Box<double> const& box, XY<double> topLeft, double radius, double band, Colour const& colour);
+  // The surface pixels of a whole-pixel box whose top-left corner lands at
+  // `topLeft`, cut to a pixel beyond the surface's edges if asked.
+  Glib::TopDownRect pixelRect(XY<double> topLeft, Zo::Box<double> const& box, bool cutToSurface) const;
   // `rect` (surface pixels, top-down), or the band `band` pixels wide inside it.
   void fillWholePixels(Glib::TopDownRect const& rect, int band, Colour const& colour);
   // Readies a batch of primitives; false when nothing can be drawn.

@@ -262,6 +262,11 @@ void TextLayout::draw(PixelCompositor& into, TextRun const& run, Colour const& c
                       std::vector<TopDownRect> const& clip) {
   if (into.target().empty() || !colour.use() || run.text.empty())
     return;
+  // Text placed this far off cannot reach any surface, and its whole pixel
+  // would not fit an int.
+  constexpr double kFarOff = 1 << 23;
+  if (!(std::abs(topLeft.x) < kFarOff && std::abs(topLeft.y) < kFarOff))
+    return;
   auto const [pixel, fraction] = splitPixel(topLeft);
   Engine& engine = Engine::instance();
   std::unique_lock lock(engine.mutex());

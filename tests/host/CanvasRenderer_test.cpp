@@ -630,3 +630,16 @@ TEST(TopDownRect, ConvertsToBottomUpBoxes) {
   EXPECT_EQ(Glib::TopDownRect::fromBottomUp(Box<int>(2, 5, 5, 9), 10), rect);
   EXPECT_TRUE(Glib::TopDownRect(0, 0, 0, 5).empty());
 }
+
+TEST(CanvasRenderer, BoxesAndTextFarOffTheSurfaceDrawNothing) {
+  Surface surface(20, 20);
+  CanvasRenderer renderer(surface);
+  double const far = 1e12;
+  renderer.renderPrimitive(Glib::RectDescription(Box<double>(far, far, far + 10, far + 10), kRed));
+  renderer.renderPrimitive(Glib::RoundedRectDescription(Box<double>(-far, 2, -far + 12, 9), 3.0, kGreen));
+  renderer.renderPrimitive(
+      Glib::TextDescription(L"far", XY<double>(far, -far), Glib::FontDesc("DejaVu Sans", 13, 0), kBlue));
+  // A box reaching in from far away is still drawn where it meets the surface.
+  renderer.renderPrimitive(Glib::RectDescription(Box<double>(-far, 0, 5, 4), kBlue));
+  EXPECT_TRUE(coversExactly(surface, Box<int>(0, 0, 5, 4), kBluePixel));
+}
