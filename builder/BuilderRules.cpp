@@ -1,5 +1,5 @@
 #include <zowidgets/builder/BuilderRules.h>
-#include <zowidgets/host/DataConvert.h>
+#include <zowidgets/host/base/DataConvert.h>
 
 #include <optional>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/builder/UIBuilder.h>
-#include <zowidgets/host/NotifyMsg.h>
-#include <zowidgets/values/Callback.h>
+#include <zowidgets/host/base/NotifyMsg.h>
+#include <zowidgets/values/notify/Callback.h>
 
 #include <map>
 

@@ -1,5 +1,5 @@
 #include <zowidgets/builder/HostWidget.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
 

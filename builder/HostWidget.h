@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/builder/UIBuilder.h>
-#include <zowidgets/host/UifStd.h>
-#include <zowidgets/host/VerticalScrollingBase.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 
 // A row of a built panel: a container around one widget, one row gap taller
 // than it so that rows placed below keep their distance. Hiding it takes its

@@ -1,5 +1,5 @@
 #include <zowidgets/builder/SliderParamHost.h>
-#include <zowidgets/host/NumericTextBox.h>
+#include <zowidgets/host/widgets/text/NumericTextBox.h>
 
 SliderParamHost::SliderParamHost(InitArgs const& args) : WidgetHost(args) {
   // A row, not a panel: no frame, so its legend lines up with the others.

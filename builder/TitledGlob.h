@@ -1,8 +1,8 @@
 #pragma once
 
-#include <zowidgets/host/TextBoxBase.h>
-#include <zowidgets/host/TitleGlob.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/widgets/text/TextBoxBase.h>
+#include <zowidgets/host/widgets/panels/TitleGlob.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
 

@@ -2,11 +2,11 @@
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/TitledGlob.h>
 #include <zowidgets/builder/UIBuilderParams.h>
-#include <zowidgets/host/Button.h>
-#include <zowidgets/host/DropDownMenuButton.h>
-#include <zowidgets/host/PushButton.h>
-#include <zowidgets/host/UifStd.h>
-#include <zowidgets/values/Params.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
+#include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/values/params/Params.h>
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/StandardPanel.h>
-#include <zowidgets/values/GenericParam.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
+#include <zowidgets/values/params/GenericParam.h>
 
 #include <map>
 #include <vector>

@@ -1,12 +1,12 @@
 #include <zowidgets/builder/BuilderRules.h>
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/UIBuilderParams.h>
-#include <zowidgets/host/AttribValuePair.h>
-#include <zowidgets/host/DataConvert.h>
-#include <zowidgets/host/JSON.h>
-#include <zowidgets/host/TextLabel.h>
-#include <zowidgets/host/UifStd.h>
-#include <zowidgets/values/Params.h>
+#include <zowidgets/host/base/AttribValuePair.h>
+#include <zowidgets/host/base/DataConvert.h>
+#include <zowidgets/host/base/JSON.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/values/params/Params.h>
 
 #include <cstdlib>
 

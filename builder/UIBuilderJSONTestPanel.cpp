@@ -1,12 +1,12 @@
 #include <zowidgets/builder/UIBuilderJSONTestPanel.h>
-#include <zowidgets/host/Canvas.h>
-#include <zowidgets/host/Command.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/JSON.h>
-#include <zowidgets/host/MultiLineTextBox.h>
-#include <zowidgets/host/PushButton.h>
-#include <zowidgets/host/TextLabel.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/base/JSON.h>
+#include <zowidgets/host/widgets/text/MultiLineTextBox.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 namespace {
 

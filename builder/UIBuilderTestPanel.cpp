@@ -1,9 +1,9 @@
 #include <zowidgets/builder/UIBuilderTestPanel.h>
-#include <zowidgets/host/Canvas.h>
-#include <zowidgets/host/Command.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/UifStd.h>
-#include <zowidgets/values/Params.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/values/params/Params.h>
 
 using namespace GenericParam;
 

@@ -1,16 +1,25 @@
 # Fails when a public header under the library's folders is missing from the
-# umbrella header <zowidgets/zowidgets.h>.
+# umbrella header <zowidgets/zowidgets.h>, or when a private one (in a detail/
+# folder) is in it.
 file(READ ${SOURCE_DIR}/zowidgets.h umbrella)
 set(missing)
+set(private)
 foreach(dir IN LISTS DIRS)
   file(GLOB_RECURSE headers RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/${dir}/*.h)
   foreach(header IN LISTS headers)
     string(FIND "${umbrella}" "#include <zowidgets/${header}>" at)
-    if(at EQUAL -1)
+    if(header MATCHES "/detail/")
+      if(NOT at EQUAL -1)
+        list(APPEND private ${header})
+      endif()
+    elseif(at EQUAL -1)
       list(APPEND missing ${header})
     endif()
   endforeach()
 endforeach()
 if(missing)
   message(FATAL_ERROR "zowidgets.h does not include: ${missing}")
+endif()
+if(private)
+  message(FATAL_ERROR "zowidgets.h includes private headers: ${private}")
 endif()

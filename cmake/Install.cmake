@@ -1,10 +1,11 @@
 include(CMakePackageConfigHelpers)
 
-# Headers keep their subsystem folders under include/zowidgets/.
+# Headers keep their subsystem folders and rooms under include/zowidgets/;
+# the private ones in detail/ folders are not installed.
 set(ZO_HEADER_DIRS host ${ZO_SUBSYSTEMS})
 foreach(dir IN LISTS ZO_HEADER_DIRS)
   install(DIRECTORY ${dir}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zowidgets/${dir}
-          FILES_MATCHING PATTERN "*.h")
+          FILES_MATCHING PATTERN "*.h" PATTERN "detail" EXCLUDE)
 endforeach()
 install(FILES zowidgets.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zowidgets)
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <zowidgets/containers/DropDownMessages.h>
-#include <zowidgets/host/TabOrderManager.h>
-#include <zowidgets/values/Broadcaster.h>
-#include <zowidgets/values/ColourDataValue.h>
+#include <zowidgets/host/toolkit/TabOrderManager.h>
+#include <zowidgets/values/notify/Broadcaster.h>
+#include <zowidgets/values/binding/ColourDataValue.h>
 
 class ComponentTextBox;
 class HSColourWheel;

@@ -1,7 +1,7 @@
 #include <zowidgets/colour/ColourPickerSuffixBox.h>
 
-#include <zowidgets/host/CanvasRenderer.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/values/ColourDataValue.h>
+#include <zowidgets/values/binding/ColourDataValue.h>
 
 // Adaptors that show one part of a shared ColourData on a slider running
 // 0..1, and write the slider's position back into it.

@@ -1,5 +1,5 @@
 #include <zowidgets/colour/ColourTextAdaptors.h>
-#include <zowidgets/host/NumberText.h>
+#include <zowidgets/host/base/NumberText.h>
 
 #include <algorithm>
 #include <cstdio>

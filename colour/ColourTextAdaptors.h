@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/values/ColourDataValue.h>
+#include <zowidgets/values/binding/ColourDataValue.h>
 
 // Adaptors that show one shared ColourData as text and turn typed text back
 // into it. Their rounding differs on purpose: component boxes round to the

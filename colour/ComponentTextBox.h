@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/host/TitleTextBox.h>
+#include <zowidgets/host/widgets/text/TitleTextBox.h>
 
 // A titled box for one colour component: digits and a decimal point only,
 // right-aligned. Bind it to a ColourComponentAdaptor or an AlphaTextAdaptor.

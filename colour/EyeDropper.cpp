@@ -1,6 +1,6 @@
 #include <zowidgets/colour/EyeDropper.h>
 #include <zowidgets/colour/EyeDropperIcon.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
 

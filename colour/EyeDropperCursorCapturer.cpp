@@ -2,11 +2,11 @@
 #include <zowidgets/colour/EyeDropperSampling.h>
 #include <zowidgets/colour/EyeDropperScreenCover.h>
 #include <zowidgets/colour/MagnifyTool.h>
-#include <zowidgets/host/Canvas.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/InputRouter.h>
-#include <zowidgets/host/Tooltip.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/colour/EyeDropperImageButton.h>
-#include <zowidgets/host/DropDownHostBase.h>
-#include <zowidgets/values/NotifierBase.h>
+#include <zowidgets/host/widgets/popups/DropDownHostBase.h>
+#include <zowidgets/values/notify/NotifierBase.h>
 
 #include <array>
 #include <vector>

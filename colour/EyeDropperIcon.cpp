@@ -1,5 +1,5 @@
 #include <zowidgets/colour/EyeDropperIcon.h>
-#include <zowidgets/host/CanvasRenderer.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
 
 #include <algorithm>
 

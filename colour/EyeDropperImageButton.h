@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/host/Button.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
 
 #include <string>
 

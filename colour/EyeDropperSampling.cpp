@@ -1,9 +1,9 @@
 #include <zowidgets/colour/EyeDropperSampling.h>
 #include <zowidgets/colour/MagnifyTool.h>
-#include <zowidgets/host/ColourData.h>
-#include <zowidgets/host/DataConvert.h>
-#include <zowidgets/host/MediaServices.h>
-#include <zowidgets/host/OS.h>
+#include <zowidgets/host/drawing/ColourData.h>
+#include <zowidgets/host/base/DataConvert.h>
+#include <zowidgets/host/shell/MediaServices.h>
+#include <zowidgets/host/shell/OS.h>
 
 #include <algorithm>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/Box.h>
-#include <zowidgets/host/LightweightString.h>
+#include <zowidgets/host/base/Box.h>
+#include <zowidgets/host/base/LightweightString.h>
 
 #include <array>
 

@@ -1,9 +1,9 @@
 #include <zowidgets/colour/EyeDropperScreenCover.h>
-#include <zowidgets/host/CanvasRenderer.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/MediaServices.h>
-#include <zowidgets/host/OS.h>
-#include <zowidgets/host/ScreenBackend.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/shell/MediaServices.h>
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
 
 namespace {
 

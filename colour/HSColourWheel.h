@@ -1,8 +1,8 @@
 #pragma once
 
-#include <zowidgets/host/Box.h>
-#include <zowidgets/host/ImageSurface.h>
-#include <zowidgets/values/ColourDataValue.h>
+#include <zowidgets/host/base/Box.h>
+#include <zowidgets/host/drawing/ImageSurface.h>
+#include <zowidgets/values/binding/ColourDataValue.h>
 
 class Canvas;
 class CanvasRenderer;

@@ -1,15 +1,15 @@
 #include <zowidgets/colour/MagnifyEnlarge.h>
 #include <zowidgets/colour/MagnifyTool.h>
-#include <zowidgets/host/CanvasRenderer.h>
-#include <zowidgets/host/Command.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/InputRouter.h>
-#include <zowidgets/host/MediaServices.h>
-#include <zowidgets/host/OS.h>
-#include <zowidgets/host/Preferences.h>
-#include <zowidgets/host/ScreenBackend.h>
-#include <zowidgets/host/Slider.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/shell/MediaServices.h>
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/shell/Preferences.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
 #include <cmath>

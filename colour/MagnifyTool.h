@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/ImageSurface.h>
-#include <zowidgets/host/StandardPanel.h>
+#include <zowidgets/host/drawing/ImageSurface.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 
 class Slider;
 struct SliderEvent;

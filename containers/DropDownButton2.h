@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/containers/DropDownHost.h>
-#include <zowidgets/host/DropDownButtonBase.h>
-#include <zowidgets/values/UIThreadCallbackDupe.h>
+#include <zowidgets/host/widgets/popups/DropDownButtonBase.h>
+#include <zowidgets/values/notify/UIThreadCallbackDupe.h>
 
 // A button that shows a panel T in a drop-down window while it is down. The
 // panel is made afresh from a kept T::InitArgs at each display; a T::InitArgs

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <zowidgets/containers/DropDownMessages.h>
-#include <zowidgets/host/Canvas.h>
-#include <zowidgets/host/DropDownButtonBase.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/InputRouter.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/widgets/popups/DropDownButtonBase.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <cmath>
 

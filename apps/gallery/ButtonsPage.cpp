@@ -3,10 +3,10 @@
 #include "GalleryModel.h"
 #include "PageLayout.h"
 
-#include <zowidgets/host/Checkbox.h>
-#include <zowidgets/host/CycleButton.h>
-#include <zowidgets/host/PushButton.h>
-#include <zowidgets/host/TextLabel.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/buttons/CycleButton.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <string>
 

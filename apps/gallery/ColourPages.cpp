@@ -3,7 +3,7 @@
 #include "PageLayout.h"
 
 #include <zowidgets/colour/DropDownColourPickerButton.h>
-#include <zowidgets/host/TextLabel.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 namespace {
 

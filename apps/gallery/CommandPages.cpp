@@ -2,10 +2,10 @@
 
 #include "PageLayout.h"
 
-#include <zowidgets/host/Command.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/TextLabel.h>
-#include <zowidgets/host/VerticalScrollingBase.h>
+#include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 
 #include <algorithm>
 #include <cstdio>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <zowidgets/host/LightweightString.h>
-#include <zowidgets/values/ValAdaptor.h>
-#include <zowidgets/values/ValServer.h>
+#include <zowidgets/host/base/LightweightString.h>
+#include <zowidgets/values/binding/ValAdaptor.h>
+#include <zowidgets/values/notify/ValServer.h>
 
 // The data the gallery's value widgets edit. Widgets on different pages share
 // a server, so an edit on one shows at once on the others. It outlives every

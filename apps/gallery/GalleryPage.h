@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/host/XY.h>
+#include <zowidgets/host/base/XY.h>
 
 #include <functional>
 #include <string>

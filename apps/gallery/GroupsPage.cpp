@@ -2,11 +2,11 @@
 #include "GalleryModel.h"
 #include "PageLayout.h"
 
-#include <zowidgets/host/Checkbox.h>
-#include <zowidgets/host/Slider.h>
-#include <zowidgets/host/TextLabel.h>
-#include <zowidgets/host/TitleGlob.h>
-#include <zowidgets/host/WidgetGroup.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/widgets/panels/TitleGlob.h>
+#include <zowidgets/host/widgets/panels/WidgetGroup.h>
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include "HtmlIndex.h"
 #include "PageWindows.h"
 
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/ScreenBackend.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <chrono>
 #include <exception>

@@ -2,11 +2,11 @@
 
 #include "PageLayout.h"
 
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/PushButton.h>
-#include <zowidgets/host/ScreenBackend.h>
-#include <zowidgets/host/UifStd.h>
-#include <zowidgets/host/VerticalScrollingBase.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/display/DisplayScreen.h>
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // Drop-down menu buttons, closed and with a menu open.
 #include "PageLayout.h"
 
-#include <zowidgets/host/DropDownMenuButton.h>
-#include <zowidgets/host/TextLabel.h>
+#include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <vector>
 

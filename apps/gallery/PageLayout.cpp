@@ -1,7 +1,7 @@
 #include "PageLayout.h"
 
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 StandardPanel* openPageWindow(PageContext const& context, XY<int> userArea, UIString const& title,
                               unsigned standardWidgets) {

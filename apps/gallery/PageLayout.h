@@ -2,7 +2,7 @@
 
 #include "GalleryPage.h"
 
-#include <zowidgets/host/StandardPanel.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 
 // Opens a page's window: a panel with a title bar and a close button whose
 // user area is `userArea`, realized at the context's screen position.

@@ -1,7 +1,7 @@
 #include "PageWindows.h"
 
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/MessageQueue.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "GalleryPage.h"
 
-#include <zowidgets/host/ImageSurface.h>
+#include <zowidgets/host/drawing/ImageSurface.h>
 
 #include <vector>
 

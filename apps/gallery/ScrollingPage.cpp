@@ -1,10 +1,10 @@
 // A panel of many rows that scrolls.
 #include "PageLayout.h"
 
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/Slider.h>
-#include <zowidgets/host/TitleGlob.h>
-#include <zowidgets/host/VerticalScrollingBase.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/host/widgets/panels/TitleGlob.h>
+#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 
 #include <string>
 

@@ -2,8 +2,8 @@
 // buttons, and a footer whose "OK" acts.
 #include "PageLayout.h"
 
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/TextLabel.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 namespace {
 

@@ -2,10 +2,10 @@
 #include "GalleryModel.h"
 #include "PageLayout.h"
 
-#include <zowidgets/host/NumericTextBox.h>
-#include <zowidgets/host/TextBox.h>
-#include <zowidgets/host/TitleGlob.h>
-#include <zowidgets/host/TitleTextBox.h>
+#include <zowidgets/host/widgets/text/NumericTextBox.h>
+#include <zowidgets/host/widgets/text/TextBox.h>
+#include <zowidgets/host/widgets/panels/TitleGlob.h>
+#include <zowidgets/host/widgets/text/TitleTextBox.h>
 
 namespace {
 

@@ -5,13 +5,13 @@
 #include "HtmlIndex.h"
 #include "PageWindows.h"
 
-#include <zowidgets/host/Checkbox.h>
-#include <zowidgets/host/Command.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/StandardPanel.h>
-#include <zowidgets/host/TextLabel.h>
-#include <zowidgets/host/UifStd.h>
-#include <zowidgets/host/VerticalScrollingBase.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 

@@ -6,8 +6,8 @@
 #include "Launcher.h"
 #include "PageWindows.h"
 
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/display/BackendChoice.h>
 
 #include <charconv>

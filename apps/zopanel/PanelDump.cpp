@@ -3,10 +3,10 @@
 #include <zowidgets/builder/ChoiceParamHost.h>
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/SliderParamHost.h>
-#include <zowidgets/host/Checkbox.h>
-#include <zowidgets/host/NumericTextBox.h>
-#include <zowidgets/host/TextBoxBase.h>
-#include <zowidgets/host/TextLabel.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/text/NumericTextBox.h>
+#include <zowidgets/host/widgets/text/TextBoxBase.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 namespace PanelDump {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <zowidgets/builder/UIBuilderParams.h>
-#include <zowidgets/host/JSONBuilder.h>
+#include <zowidgets/host/base/JSONBuilder.h>
 
 // The built tree and the rows' values of a panel, written as JSON.
 namespace PanelDump {

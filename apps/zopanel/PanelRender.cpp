@@ -1,8 +1,8 @@
 #include "PanelRender.h"
 
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/JSON.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/base/JSON.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <cmath>
 

@@ -10,9 +10,9 @@
 #include "PanelDump.h"
 #include "PanelRender.h"
 
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/MessageQueue.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 
 #include <cerrno>

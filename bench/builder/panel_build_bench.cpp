@@ -11,13 +11,13 @@
 #include "QtApplication.h"
 
 #include <zowidgets/builder/UIBuilderParams.h>
-#include <zowidgets/host/Canvas.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/JSON.h>
-#include <zowidgets/host/MessageQueue.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/base/JSON.h>
+#include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
-#include <zowidgets/values/Params.h>
+#include <zowidgets/values/params/Params.h>
 
 #include <QtGui/QPixmap>
 #include <QtWidgets/QCheckBox>

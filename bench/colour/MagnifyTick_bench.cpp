@@ -6,12 +6,12 @@
 // pictures in memory. The view's centre pixel is checked before timing.
 
 #include <zowidgets/colour/MagnifyTool.h>
-#include <zowidgets/host/CanvasRenderer.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/InputRouter.h>
-#include <zowidgets/host/MediaServices.h>
-#include <zowidgets/host/OS.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/shell/MediaServices.h>
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 

@@ -7,8 +7,8 @@
 // step, as the wheel reaches its hues by another rounding than the host.
 
 #include <zowidgets/colour/HSColourWheel.h>
-#include <zowidgets/host/CanvasRenderer.h>
-#include <zowidgets/host/Palette.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/drawing/Palette.h>
 
 #include <benchmark/benchmark.h>
 

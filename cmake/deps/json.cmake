@@ -1,4 +1,4 @@
-# JSON reading (host/JSONParse.cpp). Header-only, and kept out of the public
+# JSON reading (host/base/JSONParse.cpp). Header-only, and kept out of the public
 # headers, so it is needed only to build zohost.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(RAPIDJSON REQUIRED IMPORTED_TARGET RapidJSON)

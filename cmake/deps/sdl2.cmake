@@ -6,6 +6,6 @@ pkg_check_modules(ZO_SDL2 REQUIRED IMPORTED_TARGET sdl2)
 target_sources(zohost PRIVATE
   ${CMAKE_SOURCE_DIR}/host/display/BackendChoice.cpp
   ${CMAKE_SOURCE_DIR}/host/display/DisplayScreen.cpp
-  ${CMAKE_SOURCE_DIR}/host/display/DisplayShell.cpp
-  ${CMAKE_SOURCE_DIR}/host/display/NativeWindow.cpp)
+  ${CMAKE_SOURCE_DIR}/host/display/detail/DisplayShell.cpp
+  ${CMAKE_SOURCE_DIR}/host/display/detail/NativeWindow.cpp)
 target_link_libraries(zohost PRIVATE PkgConfig::ZO_SDL2)

@@ -3,5 +3,5 @@
 # backend.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(ZO_X11 REQUIRED IMPORTED_TARGET x11 xext)
-target_sources(zohost PRIVATE ${CMAKE_SOURCE_DIR}/host/display/X11Screen.cpp)
+target_sources(zohost PRIVATE ${CMAKE_SOURCE_DIR}/host/display/detail/X11Screen.cpp)
 target_link_libraries(zohost PRIVATE PkgConfig::ZO_X11)

@@ -1,8 +1,8 @@
-#include <zowidgets/host/OS.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/display/BackendChoice.h>
 #include <zowidgets/host/display/DisplayScreen.h>
-#include <zowidgets/host/display/DisplayShell.h>
+#include <zowidgets/host/display/detail/DisplayShell.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/host/Export.h>
+#include <zowidgets/host/base/Export.h>
 
 enum class ScreenBackendKind { headless, display };
 

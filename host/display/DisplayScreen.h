@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/host/ScreenBackend.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
 
 #include <chrono>
 #include <functional>

@@ -1,5 +1,5 @@
-#include <zowidgets/host/Glob.h>
-#include <zowidgets/host/InputRouter.h>
+#include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 
 namespace HeadlessInput {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/host/Event.h>
+#include <zowidgets/host/events/Event.h>
 
 #include <string_view>
 

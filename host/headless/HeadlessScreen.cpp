@@ -1,5 +1,5 @@
-#include <zowidgets/host/Canvas.h>
-#include <zowidgets/host/Glob.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 
 HeadlessScreen::HeadlessScreen(XY<int> size, double scale) : size_(size), scale_(scale) {}

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/Colour.h>
-#include <zowidgets/host/ScreenBackend.h>
+#include <zowidgets/host/drawing/Colour.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "BuilderTestSupport.h"
 
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
 

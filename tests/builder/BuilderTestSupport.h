@@ -4,7 +4,7 @@
 
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/UIBuilderParams.h>
-#include <zowidgets/values/Params.h>
+#include <zowidgets/values/params/Params.h>
 
 // Parameter makers for builder tests, with the ids as legends.
 namespace BuilderTest {

@@ -1,8 +1,8 @@
 #include "BuilderTestSupport.h"
 
 #include <zowidgets/builder/UIBuilderJSONTestPanel.h>
-#include <zowidgets/host/JSON.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/base/JSON.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <random>
 #include <set>

@@ -2,13 +2,13 @@
 
 #include <zowidgets/builder/ChoiceParamHost.h>
 #include <zowidgets/builder/SliderParamHost.h>
-#include <zowidgets/host/Checkbox.h>
-#include <zowidgets/host/DropDownMenuButton.h>
-#include <zowidgets/host/JSON.h>
-#include <zowidgets/host/NumericTextBox.h>
-#include <zowidgets/host/TextLabel.h>
-#include <zowidgets/host/TitleTextBox.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
+#include <zowidgets/host/base/JSON.h>
+#include <zowidgets/host/widgets/text/NumericTextBox.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/widgets/text/TitleTextBox.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 using namespace BuilderTest;
 

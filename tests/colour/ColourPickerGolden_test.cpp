@@ -1,7 +1,7 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/colour/DropDownColourPickerButton.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
 

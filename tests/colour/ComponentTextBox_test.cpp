@@ -2,7 +2,7 @@
 
 #include <zowidgets/colour/ColourTextAdaptors.h>
 #include <zowidgets/colour/ComponentTextBox.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 namespace {
 

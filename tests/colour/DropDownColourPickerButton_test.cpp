@@ -5,10 +5,10 @@
 #include <zowidgets/colour/DropDownColourPickerButton.h>
 #include <zowidgets/colour/EyeDropper.h>
 #include <zowidgets/colour/HSColourWheel.h>
-#include <zowidgets/host/CanvasRenderer.h>
-#include <zowidgets/host/ColourSwatch.h>
-#include <zowidgets/host/GraphicPrimitives.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/widgets/values/ColourSwatch.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <cmath>
 #include <string>

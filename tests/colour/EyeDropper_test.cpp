@@ -3,10 +3,10 @@
 
 #include <zowidgets/colour/EyeDropper.h>
 #include <zowidgets/colour/MagnifyTool.h>
-#include <zowidgets/host/CanvasRenderer.h>
-#include <zowidgets/host/ColourData.h>
-#include <zowidgets/host/Tooltip.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/drawing/ColourData.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <cmath>
 #include <filesystem>

@@ -1,5 +1,5 @@
 #include <zowidgets/colour/HSColourWheel.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/colour/HSColourWheel.h>
-#include <zowidgets/host/UifStd.h>
-#include <zowidgets/values/ValAdaptor.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/values/binding/ValAdaptor.h>
 
 #include <cmath>
 #include <utility>

@@ -1,13 +1,13 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/colour/MagnifyTool.h>
-#include <zowidgets/host/CanvasRenderer.h>
-#include <zowidgets/host/Clock.h>
-#include <zowidgets/host/Command.h>
-#include <zowidgets/host/Preferences.h>
-#include <zowidgets/host/Slider.h>
-#include <zowidgets/host/Timer.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/events/Clock.h>
+#include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/shell/Preferences.h>
+#include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/host/events/Timer.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <cstdlib>
 #include <filesystem>

@@ -3,11 +3,11 @@
 #include <zowidgets/builder/ChoiceParamHost.h>
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/SliderParamHost.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/NumericTextBox.h>
-#include <zowidgets/host/TitleTextBox.h>
-#include <zowidgets/host/UifStd.h>
-#include <zowidgets/values/Params.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/text/NumericTextBox.h>
+#include <zowidgets/host/widgets/text/TitleTextBox.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/values/params/Params.h>
 
 #include <sstream>
 

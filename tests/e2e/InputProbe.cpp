@@ -1,10 +1,10 @@
 #include "InputProbe.h"
 
-#include <zowidgets/host/CanvasRenderer.h>
-#include <zowidgets/host/Event.h>
-#include <zowidgets/host/GraphicPrimitives.h>
-#include <zowidgets/host/Palette.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/events/Event.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 InputProbe::InputProbe(XY<int> size) : Glob(GlobCreationInfo(size)) { setCanBeIt(true); }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/host/Glob.h>
+#include <zowidgets/host/toolkit/Glob.h>
 
 #include <string>
 

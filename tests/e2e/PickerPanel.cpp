@@ -3,8 +3,8 @@
 #include <zowidgets/colour/ColourPicker.h>
 #include <zowidgets/colour/ComponentTextBox.h>
 #include <zowidgets/colour/EyeDropper.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 PickerPanel::PickerPanel(XY<int> screenPosition) {
   XY<int> const pickerSize = ColourPicker::calcSize(ColourPicker::kDefaultFlags);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/host/StandardPanel.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 
 #include <string>
 

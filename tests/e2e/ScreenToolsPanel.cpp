@@ -2,15 +2,15 @@
 
 #include <zowidgets/colour/EyeDropper.h>
 #include <zowidgets/colour/MagnifyTool.h>
-#include <zowidgets/host/Canvas.h>
-#include <zowidgets/host/ColourData.h>
-#include <zowidgets/host/Command.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/InputRouter.h>
-#include <zowidgets/host/MediaServices.h>
-#include <zowidgets/host/OS.h>
-#include <zowidgets/host/Preferences.h>
-#include <zowidgets/host/UifStd.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/drawing/ColourData.h>
+#include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/shell/MediaServices.h>
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/shell/Preferences.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
 #include <cmath>

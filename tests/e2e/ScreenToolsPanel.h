@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/host/DropDownHostBase.h>
+#include <zowidgets/host/widgets/popups/DropDownHostBase.h>
 
 #include <string>
 

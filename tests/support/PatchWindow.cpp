@@ -1,8 +1,8 @@
 #include "support/PatchWindow.h"
 
-#include <zowidgets/host/CanvasRenderer.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/GraphicPrimitives.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <zowidgets/host/Canvas.h>
-#include <zowidgets/host/GlobManager.h>
-#include <zowidgets/host/InputRouter.h>
-#include <zowidgets/host/MessageQueue.h>
-#include <zowidgets/host/StandardPanel.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 

@@ -5,7 +5,7 @@
 // back to the same shape: that checks the reader and the writer against each
 // other on inputs nobody thought of.
 
-#include <zowidgets/host/JSON.h>
+#include <zowidgets/host/base/JSON.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -3,8 +3,8 @@
 //   prefs_helper set <key> <bool|int|double|text> <value>
 //   prefs_helper set-and-abort <key> <bool|int|double|text> <value>
 //   prefs_helper get <key> <bool|int|double|text>
-#include <zowidgets/host/DataConvert.h>
-#include <zowidgets/host/Preferences.h>
+#include <zowidgets/host/base/DataConvert.h>
+#include <zowidgets/host/shell/Preferences.h>
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // Built against an installed zowidgets; prints a line that CheckInstall.cmake
 // compares, so both headers and exported symbols are exercised.
-#include <zowidgets/host/ColourData.h>
+#include <zowidgets/host/drawing/ColourData.h>
 #include <zowidgets/zowidgets.h>
 
 #include <iostream>

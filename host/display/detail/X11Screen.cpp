@@ -1,0 +1,191 @@
+#include <zowidgets/host/display/detail/X11Screen.h>
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <X11/cursorfont.h>
+#include <X11/extensions/XShm.h>
+#include <sys/ipc.h>
+#include <sys/shm.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdlib>
+#include <map>
+
+namespace {
+
+constexpr double kReferenceDpi = 96.0;
+
+unsigned fontCursorShape(int cursorId) {
+  switch (cursorId) {
+  case 1:
+    return XC_xterm;
+  case 2:
+    return XC_hand2;
+  case 3:
+    return XC_crosshair;
+  case 4:
+    return XC_sb_h_double_arrow;
+  case 5:
+    return XC_sb_v_double_arrow;
+  case 6:
+    return XC_fleur;
+  case 7:
+    return XC_watch;
+  default:
+    return XC_left_ptr;
+  }
+}
+
+int maskShift(unsigned long mask) {
+  int shift = 0;
+  while (mask && !(mask & 1)) {
+    mask >>= 1;
+    ++shift;
+  }
+  return shift;
+}
+
+// Copies an XImage of the root's visual into opaque 0xFFRRGGBB pixels.
+void copyPixels(XImage* image, Zo::Image::Surface& out, int dx, int dy) {
+  int const redShift = maskShift(image->red_mask);
+  int const greenShift = maskShift(image->green_mask);
+  int const blueShift = maskShift(image->blue_mask);
+  bool const direct = image->bits_per_pixel == 32 && image->red_mask == 0xff0000 && image->green_mask == 0xff00 &&
+                      image->blue_mask == 0xff &&
+                      image->byte_order == (std::endian::native == std::endian::little ? LSBFirst : MSBFirst);
+  for (int y = 0; y < image->height; ++y) {
+    auto* row = reinterpret_cast<std::uint32_t*>(out.data() + (y + dy) * out.stride()) + dx;
+    if (direct) {
+      auto const* source = reinterpret_cast<std::uint32_t const*>(image->data + y * image->bytes_per_line);
+      for (int x = 0; x < image->width; ++x)
+        row[x] = 0xff000000u | (source[x] & 0xffffffu);
+      continue;
+    }
+    for (int x = 0; x < image->width; ++x) {
+      unsigned long const value = XGetPixel(image, x, y);
+      auto channel = [value](unsigned long mask, int shift) {
+        unsigned long const top = mask >> shift;
+        return top ? static_cast<std::uint32_t>(((value & mask) >> shift) * 255 / top) : 0u;
+      };
+      row[x] = 0xff000000u | channel(image->red_mask, redShift) << 16 | channel(image->green_mask, greenShift) << 8 |
+               channel(image->blue_mask, blueShift);
+    }
+  }
+}
+
+} // namespace
+
+struct X11Screen::State {
+  Display* display = nullptr;
+  bool sharedMemory = false;
+  std::map<int, Cursor> cursors;
+};
+
+std::unique_ptr<X11Screen> X11Screen::open() {
+  Display* display = XOpenDisplay(nullptr);
+  if (!display)
+    return nullptr;
+  auto state = std::make_unique<State>();
+  state->display = display;
+  state->sharedMemory = XShmQueryExtension(display) == True;
+  return std::unique_ptr<X11Screen>(new X11Screen(std::move(state)));
+}
+
+X11Screen::X11Screen(std::unique_ptr<State> state) : state_(std::move(state)) {}
+
+X11Screen::~X11Screen() {
+  for (auto const& [id, cursor] : state_->cursors)
+    XFreeCursor(state_->display, cursor);
+  XCloseDisplay(state_->display);
+}
+
+XY<int> X11Screen::size() const {
+  int const screen = DefaultScreen(state_->display);
+  return XY<int>(DisplayWidth(state_->display, screen), DisplayHeight(state_->display, screen));
+}
+
+double X11Screen::scale() const {
+  if (char const* forced = std::getenv("ZOWIDGETS_SCALE")) {
+    double const value = std::atof(forced);
+    if (value > 0)
+      return value;
+  }
+  int const screen = DefaultScreen(state_->display);
+  int const millimetres = DisplayWidthMM(state_->display, screen);
+  if (millimetres <= 0)
+    return 1.0;
+  double const dpi = DisplayWidth(state_->display, screen) * 25.4 / millimetres;
+  return std::max(1.0, std::round(dpi / kReferenceDpi * 2.0) / 2.0);
+}
+
+Zo::Image::Surface X11Screen::grab(Zo::Box<int> const& area) const {
+  Zo::Image::Surface out(area.width(), area.height());
+  if (out.empty())
+    return out;
+  for (int y = 0; y < out.height(); ++y) {
+    auto* row = reinterpret_cast<std::uint32_t*>(out.data() + y * out.stride());
+    std::fill(row, row + out.width(), 0xff000000u);
+  }
+  // X refuses to read outside the root, so only the part on the screen.
+  XY<int> const screenSize = size();
+  int const x0 = std::max(area.x0, 0), y0 = std::max(area.y0, 0);
+  int const x1 = std::min(area.x1, screenSize.x), y1 = std::min(area.y1, screenSize.y);
+  if (x0 >= x1 || y0 >= y1)
+    return out;
+  Display* display = state_->display;
+  Window const root = DefaultRootWindow(display);
+  unsigned const width = x1 - x0, height = y1 - y0;
+  if (state_->sharedMemory) {
+    XShmSegmentInfo segment{};
+    int const screen = DefaultScreen(display);
+    XImage* image = XShmCreateImage(display, DefaultVisual(display, screen), DefaultDepth(display, screen), ZPixmap,
+                                    nullptr, &segment, width, height);
+    if (image) {
+      segment.shmid =
+          shmget(IPC_PRIVATE, static_cast<std::size_t>(image->bytes_per_line) * image->height, IPC_CREAT | 0600);
+      bool read = false;
+      if (segment.shmid >= 0) {
+        segment.shmaddr = image->data = static_cast<char*>(shmat(segment.shmid, nullptr, 0));
+        segment.readOnly = False;
+        if (segment.shmaddr != reinterpret_cast<char*>(-1) && XShmAttach(display, &segment)) {
+          read = XShmGetImage(display, root, image, x0, y0, AllPlanes) == True;
+          if (read)
+            copyPixels(image, out, x0 - area.x0, y0 - area.y0);
+          XShmDetach(display, &segment);
+          XSync(display, False);
+        }
+        if (segment.shmaddr != reinterpret_cast<char*>(-1))
+          shmdt(segment.shmaddr);
+        shmctl(segment.shmid, IPC_RMID, nullptr);
+      }
+      image->data = nullptr;
+      XDestroyImage(image);
+      if (read)
+        return out;
+    }
+  }
+  if (XImage* image = XGetImage(display, root, x0, y0, width, height, AllPlanes, ZPixmap)) {
+    copyPixels(image, out, x0 - area.x0, y0 - area.y0);
+    XDestroyImage(image);
+  }
+  return out;
+}
+
+XY<int> X11Screen::pointer() const {
+  Window root = 0, child = 0;
+  int rootX = 0, rootY = 0, windowX = 0, windowY = 0;
+  unsigned mask = 0;
+  XQueryPointer(state_->display, DefaultRootWindow(state_->display), &root, &child, &rootX, &rootY, &windowX, &windowY,
+                &mask);
+  return XY<int>(rootX, rootY);
+}
+
+void X11Screen::setCursor(unsigned long window, int cursorId) {
+  auto found = state_->cursors.find(cursorId);
+  if (found == state_->cursors.end())
+    found = state_->cursors.emplace(cursorId, XCreateFontCursor(state_->display, fontCursorShape(cursorId))).first;
+  XDefineCursor(state_->display, window, found->second);
+  XFlush(state_->display);
+}

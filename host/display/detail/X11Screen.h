@@ -1,0 +1,34 @@
+#pragma once
+
+#include <zowidgets/host/base/Box.h>
+#include <zowidgets/host/drawing/ImageSurface.h>
+
+#include <memory>
+
+// The X11 services the window library lacks: the desktop's pixels anywhere,
+// the pointer outside our windows, font cursors and the display's density.
+// Coordinates here are X's own: top-down, origin at the top-left corner.
+class ZO_API X11Screen {
+public:
+  // Null when no X display can be opened.
+  static std::unique_ptr<X11Screen> open();
+  ~X11Screen();
+  X11Screen(X11Screen const&) = delete;
+  X11Screen& operator=(X11Screen const&) = delete;
+
+  XY<int> size() const;
+  // ZOWIDGETS_SCALE when set, else the display's density over 96 dots per
+  // inch, to the nearest half and never below 1.
+  double scale() const;
+  // The root window's pixels in `area` (top-down), opaque; parts off the
+  // screen read as black.
+  Zo::Image::Surface grab(Zo::Box<int> const& area) const;
+  XY<int> pointer() const;
+  // Shows the shape for a cursor id (see docs/host-display.md) on an X window.
+  void setCursor(unsigned long window, int cursorId);
+
+private:
+  struct State;
+  explicit X11Screen(std::unique_ptr<State> state);
+  std::unique_ptr<State> state_;
+};

@@ -1,0 +1,70 @@
+#include <zowidgets/host/drawing/Fonts.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <string_view>
+
+#include <fontconfig/fontconfig.h>
+
+namespace Glib {
+namespace {
+
+struct ConfigFree {
+  void operator()(FcConfig* config) const { FcConfigDestroy(config); }
+};
+struct PatternFree {
+  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+struct ObjectSetFree {
+  void operator()(FcObjectSet* objects) const { FcObjectSetDestroy(objects); }
+};
+struct FontSetFree {
+  void operator()(FcFontSet* fonts) const { FcFontSetDestroy(fonts); }
+};
+
+// The font's English family name, or its first one; null when it has none.
+char const* familyOf(FcPattern* font) {
+  char const* first = nullptr;
+  FcChar8* family = nullptr;
+  for (int n = 0; FcPatternGetString(font, FC_FAMILY, n, &family) == FcResultMatch; ++n) {
+    FcChar8* language = nullptr;
+    if (FcPatternGetString(font, FC_FAMILYLANG, n, &language) == FcResultMatch &&
+        std::string_view(reinterpret_cast<char const*>(language)) == "en")
+      return reinterpret_cast<char const*>(family);
+    if (!first)
+      first = reinterpret_cast<char const*>(family);
+  }
+  return first;
+}
+
+} // namespace
+
+std::vector<LightweightString<char>> getAvailableFonts() {
+  std::vector<LightweightString<char>> families;
+  // A configuration of our own, read afresh each time: fonts installed while
+  // the program runs are listed, and no fontconfig state outlives the call.
+  std::unique_ptr<FcConfig, ConfigFree> config(FcInitLoadConfigAndFonts());
+  std::unique_ptr<FcPattern, PatternFree> anyFont(FcPatternCreate());
+  std::unique_ptr<FcObjectSet, ObjectSetFree> names(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, nullptr));
+  if (!config || !anyFont || !names)
+    return families;
+  std::unique_ptr<FcFontSet, FontSetFree> fonts(FcFontList(config.get(), anyFont.get(), names.get()));
+  if (!fonts)
+    return families;
+  for (int i = 0; i < fonts->nfont; ++i) {
+    if (char const* family = familyOf(fonts->fonts[i]); family && *family)
+      families.emplace_back(family);
+  }
+  std::sort(families.begin(), families.end());
+  families.erase(std::unique(families.begin(), families.end()), families.end());
+  return families;
+}
+
+unsigned mapFontSize(double points, double scale) {
+  if (!(points > 0.0) || !(scale > 0.0))
+    return 0;
+  return static_cast<unsigned>(std::clamp(std::round(points * scale), 1.0, static_cast<double>(kMaxFontSize)));
+}
+
+} // namespace Glib

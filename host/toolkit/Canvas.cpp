@@ -1,0 +1,127 @@
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
+
+#include <algorithm>
+
+namespace {
+
+// Back to front. User-interface thread only.
+std::vector<Canvas*>& canvases() {
+  static std::vector<Canvas*> list;
+  return list;
+}
+
+// Widgets belong to the user-interface thread; another thread's redraw
+// bracket must not paint them.
+void flushPendingPaints() {
+  if (co_pid() == 0)
+    Canvas::paintAllPending();
+}
+
+[[maybe_unused]] bool const flushInstalled = (Drawable::setFlushHandler(&flushPendingPaints), true);
+
+} // namespace
+
+Canvas::Canvas(Glob* root, XY<int> screenPosition, XY<int> size)
+    : root_(root), position_(screenPosition), size_(size), surface_(size.x, size.y) {
+  canvases().push_back(this);
+  damage_ = Zo::Box<int>(0, 0, size.x, size.y); // painted when mapped
+}
+
+Canvas::~Canvas() {
+  unmap();
+  std::erase(canvases(), this);
+}
+
+Zo::Box<int> Canvas::screenBox() const {
+  return Zo::Box<int>(position_.x, position_.y, position_.x + size_.x, position_.y + size_.y);
+}
+
+void Canvas::move(XY<int> screenPosition) {
+  if (screenPosition == position_)
+    return;
+  position_ = screenPosition;
+  if (mapped_)
+    screenBackend().canvasMoved(*this);
+}
+
+void Canvas::resize(XY<int> size) {
+  if (size == size_)
+    return;
+  size_ = size;
+  surface_ = Zo::Image::Surface(size.x, size.y);
+  damage_ = Zo::Box<int>();
+  addDamage(Zo::Box<int>(0, 0, size.x, size.y));
+  if (mapped_)
+    screenBackend().canvasResized(*this);
+}
+
+void Canvas::map() {
+  if (mapped_)
+    return;
+  mapped_ = true;
+  screenBackend().canvasMapped(*this);
+  addDamage(Zo::Box<int>(0, 0, size_.x, size_.y));
+}
+
+void Canvas::unmap() {
+  if (!mapped_)
+    return;
+  mapped_ = false;
+  screenBackend().canvasUnmapped(*this);
+}
+
+void Canvas::popToTop() {
+  auto& list = canvases();
+  auto found = std::find(list.begin(), list.end(), this);
+  if (found == list.end() || found + 1 == list.end())
+    return;
+  list.erase(found);
+  list.push_back(this);
+  if (mapped_)
+    screenBackend().canvasRaised(*this);
+}
+
+void Canvas::addDamage(Zo::Box<int> const& box) {
+  Zo::Box<int> clipped = box.intersect(Zo::Box<int>(0, 0, size_.x, size_.y));
+  if (clipped.empty())
+    return;
+  damage_ = damage_.unite(clipped);
+  if (!Drawable::redrawsDisabled())
+    paintPending();
+}
+
+void Canvas::clearDamage() { damage_ = Zo::Box<int>(); }
+
+void Canvas::paintPending() {
+  if (damage_.empty() || !root_ || surface_.empty())
+    return;
+  Zo::Box<int> area = damage_;
+  damage_ = Zo::Box<int>();
+  CanvasRenderer renderer(surface_);
+  root_->paint(renderer, area);
+  ++paintCount_;
+  if (mapped_)
+    screenBackend().canvasPainted(*this, area);
+}
+
+Canvas* Canvas::atScreenPoint(XY<int> point) {
+  auto const& list = canvases();
+  for (auto it = list.rbegin(); it != list.rend(); ++it)
+    if ((*it)->mapped_ && (*it)->screenBox().contains(point))
+      return *it;
+  return nullptr;
+}
+
+std::vector<Canvas*> const& Canvas::stack() { return canvases(); }
+
+void Canvas::paintAllPending() {
+  // A paint may damage another canvas; a copy keeps the walk safe.
+  std::vector<Canvas*> list = canvases();
+  for (Canvas* canvas : list)
+    if (std::find(canvases().begin(), canvases().end(), canvas) != canvases().end())
+      canvas->paintPending();
+}

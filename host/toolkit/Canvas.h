@@ -1,0 +1,60 @@
+#pragma once
+
+#include <zowidgets/host/base/Box.h>
+#include <zowidgets/host/drawing/ImageSurface.h>
+
+class Glob;
+
+// A top-level window: the root widget's backing picture on the screen. Screen
+// coordinates are bottom-up like everything else: (0, 0) is the bottom-left
+// corner of the screen and a canvas's position is its bottom-left corner.
+//
+// Painting is by damage: invalidated boxes collect, and a paint redraws only
+// the widgets that touch them, clipped to them. While redraws are held
+// (Drawable::disableRedraws) damage only collects; the outermost enable
+// paints every canvas once.
+class ZO_API Canvas {
+public:
+  Canvas(Glob* root, XY<int> screenPosition, XY<int> size);
+  Canvas(Canvas const&) = delete;
+  Canvas& operator=(Canvas const&) = delete;
+  ~Canvas();
+
+  Glob* root() const noexcept { return root_; }
+  XY<int> getPosition() const noexcept { return position_; }
+  XY<int> getSize() const noexcept { return size_; }
+  Zo::Box<int> screenBox() const;
+  void move(XY<int> screenPosition);
+  void resize(XY<int> size);
+  bool isMapped() const noexcept { return mapped_; }
+  void map();
+  void unmap();
+  // Puts this window in front of every other.
+  void popToTop();
+
+  Zo::Image::Surface const& surface() const noexcept { return surface_; }
+
+  // `box` in canvas coordinates.
+  void addDamage(Zo::Box<int> const& box);
+  Zo::Box<int> const& pendingDamage() const noexcept { return damage_; }
+  void clearDamage();
+  // Paints what is damaged, now.
+  void paintPending();
+  int paintCount() const noexcept { return paintCount_; }
+
+  // The canvas under a screen point, front first; null when none.
+  static Canvas* atScreenPoint(XY<int> point);
+  // Every canvas, back to front.
+  static std::vector<Canvas*> const& stack();
+  // Paints every canvas that has damage.
+  static void paintAllPending();
+
+private:
+  Glob* root_;
+  XY<int> position_;
+  XY<int> size_;
+  Zo::Image::Surface surface_;
+  Zo::Box<int> damage_;
+  bool mapped_ = false;
+  int paintCount_ = 0;
+};

@@ -1,0 +1,128 @@
+#include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/detail/GlobRegistry.h>
+#include <zowidgets/host/toolkit/TabOrderManager.h>
+#include <zowidgets/host/events/Timer.h>
+
+#include <algorithm>
+
+namespace {
+
+Glob*& focused() {
+  static Glob* widget = nullptr;
+  return widget;
+}
+
+void collectFocusable(Glob* widget, std::vector<Glob*>& out) {
+  if (!widget->isShowing())
+    return;
+  if (widget->canBeIt())
+    out.push_back(widget);
+  for (Glob* child : widget->getChildren())
+    collectFocusable(child, out);
+}
+
+Glob* stepThrough(std::vector<Glob*> const& order, Glob const* current, bool forward) {
+  if (order.empty())
+    return nullptr;
+  auto at = std::find(order.begin(), order.end(), current);
+  if (at == order.end())
+    return forward ? order.front() : order.back();
+  std::size_t index = static_cast<std::size_t>(at - order.begin());
+  std::size_t count = order.size();
+  return order[forward ? (index + 1) % count : (index + count - 1) % count];
+}
+
+} // namespace
+
+void GlobRegistry::forgetFocus(Glob* widget) {
+  if (focused() == widget)
+    focused() = nullptr;
+}
+
+Glob* get_kbd_focus() { return is_good_glob_ptr(focused()) ? focused() : nullptr; }
+
+bool set_kbd_focus(Glob* widget) {
+  if (widget && !is_good_glob_ptr(widget))
+    return false;
+  Glob* old = get_kbd_focus();
+  if (old == widget)
+    return true;
+  focused() = widget;
+  if (old) {
+    old->handleKbdFocus(false);
+    Event lost;
+    lost.type = Event::kFocusOut;
+    old->react(lost);
+  }
+  if (widget && focused() == widget) {
+    widget->handleKbdFocus(true);
+    Event gained;
+    gained.type = Event::kFocusIn;
+    widget->react(gained);
+  }
+  return true;
+}
+
+bool Glob::claimKbdFocus() { return isShowing() && set_kbd_focus(this); }
+
+void Glob::relinquishKbdFocus() {
+  if (get_kbd_focus() == this)
+    set_kbd_focus(nullptr);
+}
+
+void Glob::handleKbdFocus(bool) { invalidate(); }
+
+bool Glob::hasKbdFocus() const { return get_kbd_focus() == this; }
+
+int Glob::intercept(Event const&) { return 0; }
+
+void Glob::setInterest(unsigned flags) {
+  interest_ |= flags;
+  if (flags & kTimerInterest)
+    TimerTicks::addInterest(this);
+}
+
+void Glob::clearInterest(unsigned flags) {
+  interest_ &= ~flags;
+  if (flags & kTimerInterest)
+    TimerTicks::removeInterest(this);
+}
+
+void TabOrderManager::addTabStop(TabOrderable& widget, unsigned order) {
+  if (!members_.insert(&widget).second)
+    return;
+  // Stable by order: after every stop of the same or a lower order.
+  auto at = std::upper_bound(stops_.begin(), stops_.end(), order,
+                             [](unsigned wanted, Stop const& stop) { return wanted < stop.order; });
+  stops_.insert(at, Stop{&widget, order});
+}
+
+void TabOrderManager::addTabStopsFrom(Glob& root) {
+  std::vector<Glob*> found;
+  collectFocusable(&root, found);
+  unsigned order = stops_.empty() ? 0 : stops_.back().order + 1;
+  for (Glob* widget : found)
+    addTabStop(*widget, order++);
+}
+
+bool TabOrderManager::contains(Glob const* widget) const { return members_.count(widget) != 0; }
+
+Glob* TabOrderManager::next(Glob const* current, bool forward) const {
+  std::vector<Glob*> usable;
+  for (Stop const& stop : stops_)
+    if (stop.widget == current || (is_good_glob_ptr(stop.widget) && stop.widget->canBeIt()))
+      usable.push_back(stop.widget);
+  Glob* found = stepThrough(usable, current, forward);
+  return found == current && usable.size() <= 1 ? nullptr : found;
+}
+
+Glob* TabOrderManager::nextFor(Glob* focus, bool forward) {
+  for (Glob* panel = focus ? focus->parent() : nullptr; panel; panel = panel->parent())
+    if (TabOrderManager* order = panel->getTabOrder(); order && order->contains(focus))
+      return order->next(focus, forward);
+  if (!focus)
+    return nullptr;
+  std::vector<Glob*> all;
+  collectFocusable(focus->getRootParent(), all);
+  return stepThrough(all, focus, forward);
+}

@@ -1,0 +1,273 @@
+#pragma once
+
+#include <zowidgets/host/base/Box.h>
+#include <zowidgets/host/base/DataChange.h>
+#include <zowidgets/host/toolkit/Drawable.h>
+#include <zowidgets/host/events/Event.h>
+#include <zowidgets/host/events/EventHandler.h>
+#include <zowidgets/host/toolkit/GlobCreationInfo.h>
+#include <zowidgets/host/base/UIString.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class CanvasRenderer;
+
+// The widget base. Widgets form a tree: a parent owns its children and
+// deletes them with itself. Coordinates are bottom-up in whole pixels: a
+// widget's position is its bottom-left corner in its parent, (0, 0) is its own
+// bottom-left corner, and its area covers [0, width) x [0, height).
+//
+// Placement: a child added with a WidgetPosition keeps it, and the parent
+// re-runs every placement, in the order the children were added, whenever a
+// child is shown, hidden or resized, or the parent itself is resized; so
+// widgets placed against a sibling follow it. A hidden sibling takes no room:
+// widgets placed against it go where it would have gone.
+class ZO_API Glob : public EventHandler, public Drawable {
+public:
+  using InitArgs = GlobCreationInfo;
+
+  explicit Glob(GlobCreationInfo const& info);
+  Glob(Glob const&) = delete;
+  Glob& operator=(Glob const&) = delete;
+  ~Glob() override;
+
+  virtual char const* idstring() const { return "Glob"; }
+
+  // --- Tree ---------------------------------------------------------------
+  Glob* parent() const noexcept { return parent_; }
+  std::vector<Glob*> const& getChildren() const noexcept { return children_; }
+  // Takes ownership of `child` and places it; returns it.
+  Glob* addChild(Glob* child, WidgetPosition const& position, WidgetSurround surround = {});
+  // Takes ownership of `child` where it stands, without a placement.
+  Glob* addWidget(Glob* child);
+  // Destroys a child now; never from inside the child's own handler (use
+  // GlobManager::requestDeletion there).
+  virtual void removeWidget(Glob* child);
+  // Gives up ownership of a child and returns it, unplaced and parentless.
+  Glob* releaseChild(Glob* child);
+  bool isChildGlob(Glob const* widget) const noexcept;
+  Glob* getRootParent() noexcept;
+  Canvas* canvas() const noexcept;
+  // The first descendant (depth first, this one included) with that name.
+  Glob* getWidget(LightweightString<char> const& name);
+  void setName(LightweightString<char> const& name) { name_ = name; }
+  LightweightString<char> const& getName() const noexcept { return name_; }
+
+  template <class T>
+  T* createChild(typename T::InitArgs const& args, WidgetPosition const& position, WidgetSurround surround = {}) {
+    typename T::InitArgs withParent = args;
+    withParent.setParent(this);
+    return static_cast<T*>(addChild(new T(withParent), position, surround));
+  }
+
+  // --- Geometry -------------------------------------------------------------
+  int getX() const noexcept { return position_.x; }
+  int getY() const noexcept { return position_.y; }
+  XY<int> getPosition() const noexcept { return position_; }
+  virtual int width() const { return size_.x; }
+  virtual int height() const { return size_.y; }
+  XY<int> getSize() const noexcept { return size_; }
+  int oldWidth() const noexcept { return oldSize_.x; }
+  int oldHeight() const noexcept { return oldSize_.y; }
+  // This widget's box in its canvas, and on the screen.
+  Zo::Box<int> canvasBox() const;
+  XY<int> canvasPosition() const;
+  XY<int> screenPosition() const;
+  // Moves the widget within its parent; a placed widget then stays where it
+  // is put until its placement is set again.
+  void setPosition(XY<int> position);
+  virtual void resize(double width, double height);
+  void setDimensions(XY<int> size) { resize(size.x, size.y); }
+  void setMinSize(XY<int> size) { minSize_ = size; }
+  XY<int> getMinSize() const noexcept { return minSize_; }
+  void setMaxSize(XY<int> size) { maxSize_ = size; }
+  XY<int> getMaxSize() const noexcept { return maxSize_; }
+  void setResizable(bool resizable) { resizable_ = resizable; }
+  bool isResizable() const noexcept { return resizable_; }
+
+  Border const& getBorder() const noexcept { return border_; }
+  virtual void setBorder(Border const& border);
+  // The area children are placed in by the User... positions, in this
+  // widget's coordinates.
+  virtual Zo::Box<int> getUserArea() const;
+  // The footer strip under the user area (empty unless a panel makes one).
+  virtual Zo::Box<int> getMarginArea() const;
+
+  // Sets where the next top-level widget made without a screen position will
+  // go: `position` on the screen, or relative to `relativeTo`'s bottom-left
+  // corner when a canvas is given.
+  static void setupRootPos(Canvas* relativeTo, XY<int> position);
+  // Where this widget asked to go when it becomes a top-level window; unset
+  // lets the toolkit choose.
+  XY<int> requestedScreenPosition() const noexcept { return requestedScreenPosition_; }
+
+  // --- Placement ------------------------------------------------------------
+  static WidgetPosition UserTopLeft(int x, int y);
+  static WidgetPosition UserTopRight(int x, int y);
+  static WidgetPosition UserBottomLeft(int x, int y);
+  static WidgetPosition UserBottomRight(int x, int y);
+  static WidgetPosition UserTopCentre(int x, int y, int grid = 1);
+  static WidgetPosition UserBottomCentre(int x, int y, int grid = 1);
+  static WidgetPosition TopLeft(int x, int y);
+  static WidgetPosition TopRight(int x, int y);
+  static WidgetPosition BottomLeft(int x, int y);
+  static WidgetPosition BottomRight(int x, int y);
+  static WidgetPosition Centre(int x, int y, int grid = 1);
+  static WidgetPosition LeftCentre(int x, int y, int grid = 1);
+  static WidgetPosition RightCentre(int x, int y, int grid = 1);
+  static WidgetPosition MarginBottomLeft(int x, int y);
+  static WidgetPosition MarginBottomRight(int x, int y);
+  static WidgetPosition Above(int gap, Glob* sibling = nullptr, eWidgetAlignment alignment = kAlignStart);
+  static WidgetPosition Below(int gap, Glob* sibling = nullptr, eWidgetAlignment alignment = kAlignStart);
+  static WidgetPosition LeftOf(int gap, Glob* sibling = nullptr, eWidgetAlignment alignment = kAlignStart);
+  static WidgetPosition RightOf(int gap, Glob* sibling = nullptr, eWidgetAlignment alignment = kAlignStart);
+
+  WidgetPosition const& getWidgetPosition() const noexcept { return placement_; }
+  WidgetSurround const& getWidgetSurround() const noexcept { return surround_; }
+  bool isPlaced() const noexcept { return placed_; }
+  // Changes how this widget is placed, and re-flows its parent.
+  void setWidgetDetails(WidgetPosition const& position, WidgetSurround const& surround);
+  void setWidgetRelativity(eWidgetRelativity relativity) { relativity_ = relativity; }
+  eWidgetRelativity getWidgetRelativity() const noexcept { return relativity_; }
+  // Tells the parent that this widget changed size or visibility.
+  void notifyResized();
+  // Re-runs the placement of every placed child.
+  void layoutChildren();
+  virtual void handleChildResize(Glob* child);
+
+  // --- State ----------------------------------------------------------------
+  bool isVisible() const noexcept { return visible_; }
+  // Visible, and so are all its ancestors.
+  bool isShowing() const noexcept;
+  virtual void setVisible(bool visible);
+  bool isActive() const noexcept { return active_; }
+  virtual void setActive(bool active, eRedrawFlag redraw);
+  Palette const& getPalette() const;
+  virtual void setPalette(Palette const& palette);
+
+  // --- Drawing --------------------------------------------------------------
+  // Marks the whole widget for repainting. Painting happens at once, or when
+  // the outermost Drawable::enableRedraws() comes, if redraws are held.
+  void invalidate();
+  void invalidate(Zo::Box<int> const& localBox);
+  // Paints now whatever is pending on this widget's canvas.
+  void update();
+  // Forgets pending repaints of this widget's canvas.
+  void clearPendingRedraws();
+  // Paints this widget and its children, clipped to `clip` (canvas box).
+  void paint(CanvasRenderer& renderer, Zo::Box<int> const& clip);
+  int paintCount() const noexcept { return paintCount_; }
+  // Declares that this widget's background and drawing cover every pixel of
+  // its box with opaque colour, so that what lies under it (its parent's
+  // drawing, the siblings before it) is not painted where only it shows,
+  // as when it alone is repainted. Off by default: many widgets draw no
+  // background of their own.
+  void setPaintsOpaquely(bool opaque) noexcept { paintsOpaquely_ = opaque; }
+  bool paintsOpaquely() const noexcept { return paintsOpaquely_; }
+  virtual bool isOpaqueAt(XY<int>) const { return true; }
+
+  // --- Input ----------------------------------------------------------------
+  // Handles an event; returns non-zero when it was used. Mouse events reach
+  // the deepest widget under the pointer first and go up the tree until one
+  // uses them; key events start at the keyboard focus.
+  virtual int react(Event const& event);
+  // Sees events first while this widget is on the event intercept stack.
+  virtual int intercept(Event const& event);
+  // The panel's tab order, if this widget keeps one.
+  virtual class TabOrderManager* getTabOrder() { return nullptr; }
+  // The deepest visible, active widget under a point in this widget's
+  // coordinates; null when the point is outside.
+  virtual Glob* pick(XY<int> point);
+  virtual int contextCursor(XY<int> point) const;
+  void setCanBeIt(bool focusable) { canBeIt_ = focusable; }
+  bool canBeIt() const noexcept { return canBeIt_ && isShowing() && isActive(); }
+  bool claimKbdFocus();
+  void relinquishKbdFocus();
+  virtual void handleKbdFocus(bool gained);
+  bool hasKbdFocus() const;
+  // Delivers a named message to `target` at once, as a message event from
+  // `sender`. Does nothing for a dead target.
+  static int sendMsg(Glob* target, LightweightString<char> const& message, Glob* sender = nullptr);
+  int sendMsg(LightweightString<char> const& message) { return sendMsg(parent_, message, this); }
+
+  // Interest flags. kTimerInterest asks for an Event::kTimer tick through
+  // react() every few tens of milliseconds, on the user-interface thread.
+  static constexpr unsigned kTimerInterest = 4096;
+  void setInterest(unsigned flags);
+  void clearInterest(unsigned flags);
+  unsigned getInterest() const noexcept { return interest_; }
+  // Queued messages and timer ticks reach react().
+  int handleEvent(Event const& event) override { return react(event); }
+
+  // What the tooltip says when the pointer rests here (empty: none).
+  void setContextString(struct TooltipDetails const& details);
+  virtual UIString getTooltip() const { return tooltip_; }
+
+  // --- Persistence ----------------------------------------------------------
+  virtual void dump(configb& into) const;
+  virtual void load(configb const& from);
+  void setPersistable(bool persistable) { persistable_ = persistable; }
+  bool isPersistable() const noexcept { return persistable_; }
+  void makeDirty() { dirty_ = true; }
+  void makeClean() { dirty_ = false; }
+  bool isDirty() const noexcept { return dirty_; }
+
+protected:
+  // The drawing steps, each in this widget's coordinates with the renderer's
+  // origin at the widget's bottom-left corner.
+  virtual void drawBackground(CanvasRenderer& renderer);
+  virtual void draw(CanvasRenderer& renderer);
+  virtual void drawBorder(CanvasRenderer& renderer);
+  virtual void handleVisibilityChange(bool visible);
+  // A top-level widget owns its canvas.
+  void setCanvas(std::unique_ptr<Canvas> canvas);
+
+private:
+  friend class GlobManager;
+  XY<int> placeChild(Glob const& child, Glob const* sibling) const;
+  // paint() with this widget's canvas position known.
+  void paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> origin);
+  // The topmost child that covers `area` opaquely, hiding this widget's own
+  // drawing and the children before it there; end() if none does.
+  std::vector<Glob*>::const_iterator topmostChildCovering(Zo::Box<int> const& area, XY<int> origin) const;
+  Zo::Box<int> placementArea(WidgetPosition::eArea area) const;
+
+  Glob* parent_ = nullptr;
+  std::vector<Glob*> children_;
+  std::unique_ptr<Canvas> ownCanvas_;
+  LightweightString<char> name_;
+  XY<int> position_;
+  XY<int> requestedScreenPosition_ = XY<int>::unset();
+  XY<int> size_;
+  XY<int> oldSize_;
+  XY<int> minSize_;
+  XY<int> maxSize_;
+  Border border_;
+  std::unique_ptr<Palette> palette_; // null: the parent's
+  WidgetPosition placement_;
+  WidgetSurround surround_;
+  eWidgetRelativity relativity_ = kRelativeNone;
+  bool placed_ = false;
+  bool visible_ = true;
+  bool active_ = true;
+  bool canBeIt_ = false;
+  bool persistable_ = true;
+  bool dirty_ = false;
+  bool resizable_ = true;
+  bool laying_out_ = false;
+  bool paintsOpaquely_ = false;
+  int paintCount_ = 0;
+  unsigned interest_ = 0;
+  UIString tooltip_;
+};
+
+// True while `widget` is a live widget (and, with a name, one whose idstring
+// is that name). Safe with any pointer value.
+ZO_API bool is_good_glob_ptr(Glob const* widget);
+ZO_API bool is_good_glob_ptr(Glob const* widget, char const* kind);
+ZO_API bool isParentedTo(Glob const* widget, Glob const* ancestor);
+ZO_API Glob* getRootParent(Glob* widget);
+ZO_API Glob* get_kbd_focus();
+ZO_API bool set_kbd_focus(Glob* widget);

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/values/notify/GenericNotifier.h>
+
+#include <functional>
+
+// What the window manager tells its listeners.
+struct ZO_API GlobManagerEvent {
+  enum eKind : int { kRealized = 0, kDeleted = 1, kRaised = 2 };
+  int kind = kRealized;
+  Glob* glob = nullptr;
+  IdStamp id;
+};
+
+// Top-level windows: where they go, making them real, deleting widgets
+// safely, modal windows, and making widgets by class name. User-interface
+// thread only.
+class ZO_API GlobManager {
+public:
+  using Factory = std::function<Glob*(GlobCreationInfo const&)>;
+
+  // The parent a new floating window should belong to: the top-level window
+  // of `owner`, or null for a free window.
+  static Glob* getParentForGlob(Glob* owner);
+  // Where a window of `info.size` should go for a position: its explicit
+  // screen position, a corner of the screen for corner kinds, or the centre.
+  static XY<int> getPosForGlob(GlobCreationInfo const& info, WidgetPosition const& position);
+  // Moves a window's position so that all of it is on the screen, if it fits.
+  static XY<int> getSafePosForGlob(Canvas* near, XY<int> size, XY<int> position);
+  static XY<int> calcPosForGlob(GlobCreationInfo const& info, WidgetPosition const& position);
+  // Moves a realized window opened on behalf of `origin` (a command's
+  // origin, say) beside the right edge of origin's window, tops level and
+  // kept on the screen. Nothing happens unless both are live windows.
+  static void placeBeside(Glob* root, EventHandler* origin);
+  // Makes `root` a top-level window: gives it a canvas at its root position
+  // (see Glob::setupRootPos), shows it in front and paints it.
+  static void realize(Glob* root);
+  // Destroys a widget after the current event, safely even from inside the
+  // widget's own handler. Asking twice is harmless.
+  static void requestDeletion(Glob* widget);
+  static bool isDeletionPending(Glob const* widget);
+  // While a modal window is up, input to other windows is refused.
+  static void addModalGlob(Glob* root);
+  static void removeModalGlob(Glob* root);
+  static bool isModal(Glob const* root);
+  static Glob* currentModal();
+  static Glob* find(IdStamp const& stamp);
+  static Glob* find(LightweightString<char> const& name);
+  static void registerGlobType(LightweightString<char> const& className, Factory factory);
+  // Makes a widget of the class `info.className` names; null if none.
+  static Glob* createGlob(GlobCreationInfo const& info);
+  // Top-level windows, back to front.
+  static std::vector<Glob*> topLevelWindows();
+  // Paints every window that has pending damage.
+  static void redisplay();
+  static GenericNotifier<GlobManagerEvent>& notifier();
+};
+
+// The position for a panel of `size` opened from `canvas` (kind 17): beside
+// the pointer, kept on the screen.
+ZO_API XY<int> glib_getPosForPanel(Canvas* canvas, XY<int> size);

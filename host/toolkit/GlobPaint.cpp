@@ -1,0 +1,110 @@
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/drawing/Palette.h>
+
+XY<int> Glob::screenPosition() const {
+  Canvas* own = canvas();
+  XY<int> at = canvasPosition();
+  return own ? own->getPosition() + at : at;
+}
+
+void Glob::invalidate() { invalidate(Zo::Box<int>(0, 0, width(), height())); }
+
+void Glob::invalidate(Zo::Box<int> const& localBox) {
+  Canvas* own = canvas();
+  if (!own || !isShowing())
+    return;
+  own->addDamage(localBox.translated(canvasPosition()));
+}
+
+void Glob::update() {
+  if (Canvas* own = canvas())
+    own->paintPending();
+}
+
+void Glob::clearPendingRedraws() {
+  if (Canvas* own = canvas())
+    own->clearDamage();
+}
+
+void Glob::paint(CanvasRenderer& renderer, Zo::Box<int> const& clip) { paintAt(renderer, clip, canvasPosition()); }
+
+void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> origin) {
+  if (!visible_)
+    return;
+  Zo::Box<int> const area = Zo::Box<int>(origin.x, origin.y, origin.x + width(), origin.y + height()).intersect(clip);
+  if (area.empty())
+    return;
+  ++paintCount_;
+  renderer.setOrigin(origin);
+  renderer.setClipBox(area);
+  auto first = topmostChildCovering(area, origin);
+  if (first == children_.end()) {
+    drawBackground(renderer);
+    draw(renderer);
+    first = children_.begin();
+  }
+  for (auto child = first; child != children_.end(); ++child)
+    (*child)->paintAt(renderer, area, origin + (*child)->position_);
+  renderer.setOrigin(origin);
+  renderer.setClipBox(area);
+  drawBorder(renderer);
+  renderer.addModifiedArea(area);
+}
+
+std::vector<Glob*>::const_iterator Glob::topmostChildCovering(Zo::Box<int> const& area, XY<int> origin) const {
+  for (auto child = children_.end(); child != children_.begin();) {
+    --child;
+    Glob const& widget = **child;
+    if (!widget.visible_ || !widget.paintsOpaquely_)
+      continue;
+    XY<int> const at = origin + widget.position_;
+    if (Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height()).intersect(area) == area)
+      return child;
+  }
+  return children_.end();
+}
+
+void Glob::drawBackground(CanvasRenderer& renderer) {
+  Palette const& palette = getPalette();
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), palette.window()));
+}
+
+void Glob::draw(CanvasRenderer&) {}
+
+void Glob::drawBorder(CanvasRenderer& renderer) {
+  int const thickness = border_.thickness();
+  if (border_.type() == 0 || thickness <= 0)
+    return;
+  // A repaint of the inside (one row of a long panel) leaves the edges alone.
+  Zo::Box<int> inner = canvasBox();
+  inner = Zo::Box<int>(inner.x0 + thickness, inner.y0 + thickness, inner.x1 - thickness, inner.y1 - thickness);
+  if (inner.intersect(renderer.clipBox()) == renderer.clipBox())
+    return;
+  Palette const& palette = getPalette();
+  // Raised edges are light at the top left and dark at the bottom right;
+  // sunken ones the other way round; flat ones one colour.
+  Colour light = palette.window(3);
+  Colour dark = palette.window(-3);
+  if (border_.type() == 3)
+    std::swap(light, dark);
+  if (border_.type() == 1)
+    light = dark = palette.window(-2);
+  int const w = width(), h = height(), t = thickness;
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, h - t, w, h), light));
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, t, h - t), light));
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(t, 0, w, t), dark));
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(w - t, t, w, h - t), dark));
+}
+
+Glob* Glob::pick(XY<int> point) {
+  if (!visible_ || !Zo::Box<int>(0, 0, width(), height()).contains(point))
+    return nullptr;
+  // Later children are drawn over earlier ones, so they are asked first.
+  for (auto it = children_.rbegin(); it != children_.rend(); ++it)
+    if (Glob* hit = (*it)->pick(point - (*it)->position_))
+      return hit;
+  return this;
+}

@@ -1,0 +1,260 @@
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/TabOrderManager.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
+
+#include <algorithm>
+
+namespace {
+
+struct RouterState {
+  XY<int> mouse;
+  int buttons = 0;
+  Glob* capture = nullptr;
+  Glob* hovered = nullptr;
+  int cursor = 0;
+};
+
+RouterState& state() {
+  static RouterState instance;
+  return instance;
+}
+
+GenericNotifier<Event>& mouseListeners() {
+  static auto* instance = new GenericNotifier<Event>;
+  return *instance;
+}
+
+int any() { return NotifyMsgTypeDictionary::instance().anyType(); }
+
+Event mouseEvent(int type, XY<int> screen, int buttons, int modifiers) {
+  Event event;
+  event.type = type;
+  event.screenPosition = screen;
+  event.buttons = buttons;
+  event.modifiers = modifiers;
+  return event;
+}
+
+// Gives `event` to `widget` in its own coordinates; true if used.
+bool offer(Glob* widget, Event event, bool intercepting = false) {
+  if (!is_good_glob_ptr(widget))
+    return false;
+  XY<int> origin = widget->screenPosition();
+  event.position = XY<int>(event.screenPosition.x - origin.x, event.screenPosition.y - origin.y);
+  event.canvas = widget->canvas();
+  return (intercepting ? widget->intercept(event) : widget->react(event)) != 0;
+}
+
+// Up the tree from `start` until a widget uses the event; returns that one.
+Glob* bubble(Glob* start, Event const& event) {
+  for (Glob* widget = start; is_good_glob_ptr(widget); widget = widget->parent())
+    if (widget->isActive() && offer(widget, event))
+      return widget;
+  return nullptr;
+}
+
+bool interceptedFirst(Event const& event) {
+  Glob* interceptor = getEventInterceptStack().top();
+  return interceptor && offer(interceptor, event, true);
+}
+
+// The widget under a screen point, refusing windows a modal window blocks.
+Glob* widgetAt(XY<int> screen) {
+  Canvas* canvas = Canvas::atScreenPoint(screen);
+  if (!canvas)
+    return nullptr;
+  Glob* root = canvas->root();
+  if (Glob* modal = GlobManager::currentModal(); modal && root != modal && !isParentedTo(root, modal))
+    return nullptr;
+  XY<int> at = canvas->getPosition();
+  return root->pick(XY<int>(screen.x - at.x, screen.y - at.y));
+}
+
+void updateHover(Glob* target, XY<int> screen, int modifiers) {
+  RouterState& s = state();
+  if (target == s.hovered)
+    return;
+  Glob* old = s.hovered;
+  s.hovered = target;
+  if (is_good_glob_ptr(old))
+    offer(old, mouseEvent(Event::kMouseLeave, screen, s.buttons, modifiers));
+  if (target)
+    offer(target, mouseEvent(Event::kMouseEnter, screen, s.buttons, modifiers));
+}
+
+void updateCursor(Glob* target, XY<int> screen) {
+  int cursor = 0;
+  if (is_good_glob_ptr(target)) {
+    XY<int> origin = target->screenPosition();
+    cursor = target->contextCursor(XY<int>(screen.x - origin.x, screen.y - origin.y));
+  }
+  glib_setCursor(cursor);
+}
+
+Glob* focusableAncestor(Glob* widget) {
+  for (Glob* w = widget; w; w = w->parent())
+    if (w->canBeIt())
+      return w;
+  return nullptr;
+}
+
+} // namespace
+
+void InputRouter::mouseMoved(XY<int> screen, int modifiers) {
+  RouterState& s = state();
+  s.mouse = screen;
+  Event event = mouseEvent(Event::kMouseMove, screen, s.buttons, modifiers);
+  mouseListeners().issueNotification(event, any());
+  if (interceptedFirst(event))
+    return;
+  Glob* target = s.capture ? s.capture : widgetAt(screen);
+  if (!s.capture) {
+    updateHover(target, screen, modifiers);
+    Tooltips::pointerMoved(target, screen);
+  }
+  updateCursor(target, screen);
+  bubble(target, event);
+}
+
+void InputRouter::mouseButton(XY<int> screen, int button, bool pressed, int modifiers, int clicks) {
+  RouterState& s = state();
+  s.mouse = screen;
+  s.buttons = pressed ? (s.buttons | button) : (s.buttons & ~button);
+  // Down and up events carry every button held, the changed one included, so
+  // that a chord shows as left and right together.
+  Event event = mouseEvent(pressed ? Event::kMouseDown : Event::kMouseUp, screen, s.buttons | button, modifiers);
+  event.clicks = clicks;
+  mouseListeners().issueNotification(event, any());
+  Tooltips::dismiss();
+  if (interceptedFirst(event))
+    return;
+  Glob* target = s.capture ? s.capture : widgetAt(screen);
+  if (pressed && !s.capture) {
+    if (Glob* focusable = focusableAncestor(target))
+      set_kbd_focus(focusable);
+    if (Canvas* canvas = target ? target->canvas() : nullptr)
+      canvas->popToTop();
+  }
+  Glob* taker = bubble(target, event);
+  if (pressed && !s.capture)
+    s.capture = taker ? taker : target;
+  if (s.buttons == 0)
+    s.capture = nullptr;
+}
+
+void InputRouter::mouseWheel(XY<int> screen, int steps, int modifiers) {
+  RouterState& s = state();
+  s.mouse = screen;
+  Event event = mouseEvent(Event::kMouseWheel, screen, s.buttons, modifiers);
+  event.wheel = steps;
+  mouseListeners().issueNotification(event, any());
+  if (interceptedFirst(event))
+    return;
+  bubble(s.capture ? s.capture : widgetAt(screen), event);
+}
+
+namespace {
+
+void deliverKeyEvent(Event const& event) {
+  Tooltips::dismiss();
+  if (interceptedFirst(event))
+    return;
+  Glob* target = get_kbd_focus();
+  Glob* modal = GlobManager::currentModal();
+  if (modal && target != modal && !isParentedTo(target, modal))
+    target = modal;
+  if (!target) {
+    std::vector<Glob*> windows = GlobManager::topLevelWindows();
+    target = windows.empty() ? nullptr : windows.back();
+  }
+  if (bubble(target, event) || event.type != Event::kKeyDown)
+    return;
+  int const bare = event.key & ~kKeyModifierMask;
+  if (bare == kKeyTab)
+    InputRouter::moveFocus((event.modifiers & kKeyShift) == 0);
+}
+
+} // namespace
+
+namespace {
+
+void deliverKey(int type, int key, int modifiers) {
+  Event event;
+  event.type = type;
+  event.key = key | modifiers;
+  event.modifiers = modifiers;
+  event.screenPosition = state().mouse;
+  deliverKeyEvent(event);
+}
+
+} // namespace
+
+void InputRouter::keyPressed(int key, int modifiers) { deliverKey(Event::kKeyDown, key, modifiers); }
+
+void InputRouter::keyReleased(int key, int modifiers) { deliverKey(Event::kKeyUp, key, modifiers); }
+
+void InputRouter::textTyped(std::string_view utf8) {
+  if (utf8.empty())
+    return;
+  Event event;
+  event.type = Event::kTextInput;
+  event.text = LightweightString<char>(utf8);
+  event.screenPosition = state().mouse;
+  deliverKeyEvent(event);
+}
+
+XY<int> InputRouter::mousePosition() { return state().mouse; }
+int InputRouter::buttonsHeld() { return state().buttons; }
+Glob* InputRouter::mouseCapture() { return state().capture; }
+Glob* InputRouter::hoveredWidget() { return state().hovered; }
+
+bool InputRouter::moveFocus(bool forward) {
+  Glob* focus = get_kbd_focus();
+  if (!focus)
+    return false;
+  Glob* next = TabOrderManager::nextFor(focus, forward);
+  return next && next != focus && set_kbd_focus(next);
+}
+
+void InputRouter::forget(Glob* widget) {
+  RouterState& s = state();
+  if (s.capture == widget)
+    s.capture = nullptr;
+  if (s.hovered == widget)
+    s.hovered = nullptr;
+  getEventInterceptStack().remove(widget);
+}
+
+void EventInterceptStack::push(Glob* widget) {
+  if (is_good_glob_ptr(widget)) {
+    remove(widget);
+    stack_.push_back(widget);
+  }
+}
+
+void EventInterceptStack::remove(Glob* widget) { std::erase(stack_, widget); }
+
+Glob* EventInterceptStack::top() const { return stack_.empty() ? nullptr : stack_.back(); }
+
+EventInterceptStack& getEventInterceptStack() {
+  static EventInterceptStack instance;
+  return instance;
+}
+
+void glib_setCursor(int cursorId) {
+  if (cursorId == state().cursor)
+    return;
+  state().cursor = cursorId;
+  screenBackend().cursorChanged(cursorId);
+}
+
+int glib_getCursor() { return state().cursor; }
+
+XY<int> glib_getMousePos() { return state().mouse; }
+
+Zo::Ptr<Zo::Guard> Glib::addMouseListener(Zo::Ptr<iCallbackBase<int, Event>> const& listener) {
+  return mouseListeners().addListener(listener, any());
+}

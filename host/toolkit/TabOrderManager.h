@@ -1,0 +1,42 @@
+#pragma once
+
+#include <zowidgets/host/base/Export.h>
+
+#include <unordered_set>
+#include <vector>
+
+class Glob;
+using TabOrderable = Glob;
+
+// The order in which Tab and Shift-Tab move the keyboard focus through a
+// panel's widgets. Stops are visited by their order number, ties in the order
+// they were added; stops that are hidden, inactive or dead are skipped.
+// Without one, the focusable widgets of a window are visited in tree order.
+class ZO_API TabOrderManager {
+public:
+  void addTabStop(TabOrderable& widget, unsigned order);
+  // Adds every focusable widget under `root`, in tree order, after the stops
+  // already there.
+  void addTabStopsFrom(Glob& root);
+  void clear() {
+    stops_.clear();
+    members_.clear();
+  }
+  bool empty() const noexcept { return stops_.empty(); }
+  bool contains(Glob const* widget) const;
+  // The stop after (or before) `current`, wrapping; null when none.
+  Glob* next(Glob const* current, bool forward) const;
+
+  // The widget Tab moves to from `focus`: by the tab order of the nearest
+  // panel that has one and holds `focus`, else by tree order in its window.
+  static Glob* nextFor(Glob* focus, bool forward);
+
+private:
+  struct Stop {
+    Glob* widget;
+    unsigned order;
+  };
+  std::vector<Stop> stops_;
+  // The stops' widgets, so that adding one to a long order costs little.
+  std::unordered_set<Glob const*> members_;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <zowidgets/host/base/Export.h>
+
+class EventHandler;
+class Glob;
+
+// The toolkit's bookkeeping of live widgets, keyboard focus and the widgets
+// that input is routed to. User-interface thread only.
+namespace GlobRegistry {
+void enrol(Glob* widget);
+// Forgets a dying widget everywhere: focus, pointer capture, hover, modal
+// and intercept stacks, top-level windows.
+void withdraw(Glob* widget);
+bool isLive(Glob const* widget);
+// The live widget whose event-handler part this is; null for a handler that
+// is no live widget (never dereferenced, so a dead one is safe to ask about).
+Glob* liveGlobOf(EventHandler const* handler);
+// Drops the keyboard focus if `widget` holds it, without telling anyone.
+void forgetFocus(Glob* widget);
+} // namespace GlobRegistry

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/values/notify/Broadcaster.h>
+
+// What a scroll bar tells its listeners; its parent hears the same as named
+// messages.
+struct ScrollBarEvent {
+  enum eKind : int { kThumbMoved = 0, kStepBack = 1, kStepForward = 2 };
+  int kind = kThumbMoved;
+  double position = 0.0; // the thumb's position, 0 at the start .. 1 at the end
+};
+
+// A scroll bar: a step button at each end and a track with a thumb whose
+// length is the share of the content that shows. Positions run from 0 (thumb
+// at the left, or at the top of a vertical bar) to 1 (at the other end).
+// Dragging the thumb, or pressing the track beside it (a page), moves it and
+// sends thumbMovedMsg; the end buttons and the wheel send the step messages
+// and leave moving to the owner, who knows what a step is.
+class ZO_API ScrollBar : public Glob, public Broadcaster<ScrollBarEvent> {
+public:
+  static constexpr char const* thumbMovedMsg = "ScrollBarThumbMoved";
+  // The button at the start: left, or top for a vertical bar.
+  static constexpr char const* leftButtonPressedMsg = "ScrollBarStepBack";
+  // The button at the end: right, or bottom for a vertical bar.
+  static constexpr char const* rightButtonPressedMsg = "ScrollBarStepForward";
+
+  struct InitArgs : GlobCreationInfo {
+    using GlobCreationInfo::GlobCreationInfo;
+    InitArgs() = default;
+    InitArgs(GlobCreationInfo const& info) : GlobCreationInfo(info) {}
+    double thumbSize = 1.0; // the share of the content that shows, 0..1
+    double thumbPosition = 0.0;
+  };
+
+  explicit ScrollBar(InitArgs const& args);
+  char const* idstring() const override { return "ScrollBar"; }
+
+  // How thick a scroll bar is at the present scale.
+  static int thickness();
+  // Taller than wide.
+  bool isVertical() const noexcept { return height() > width(); }
+
+  void setThumbSize(double share);
+  double getThumbSize() const noexcept { return thumbSize_; }
+  void setThumbPosition(double position, eRedrawFlag redraw = kRedrawNow);
+  double getThumbPosition() const noexcept { return position_; }
+
+  // Along the bar, in pixels from its start: the track between the buttons,
+  // and the thumb within it.
+  int trackStart() const;
+  int trackLength() const;
+  int thumbLength() const;
+  int thumbStart() const;
+
+  int react(Event const& event) override;
+
+protected:
+  void draw(CanvasRenderer& renderer) override;
+
+private:
+  // A point's distance along the bar from its start.
+  int along(XY<int> point) const;
+  // A box given along and across the bar, in this widget's coordinates.
+  Zo::Box<int> barBox(int from, int to) const;
+  void userMoveThumb(double position);
+  void report(int kind);
+
+  double thumbSize_;
+  double position_;
+  bool dragging_ = false;
+  int grabOffset_ = 0;
+};

@@ -1,0 +1,127 @@
+#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
+
+#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace {
+// The view draws nothing of its own: the panel shows through between rows.
+class ScrollingView : public Glob {
+public:
+  using Glob::Glob;
+  char const* idstring() const override { return "ScrollingView"; }
+
+protected:
+  void drawBackground(CanvasRenderer&) override {}
+};
+} // namespace
+
+VerticalScrollingBase::VerticalScrollingBase(InitArgs const& args) : StandardPanel(args) {
+  view_ = addChild(new ScrollingView(GlobCreationInfo()), UserTopLeft(0, 0));
+  scrollBar_ = createChild<ScrollBar>(ScrollBar::InitArgs(), UserTopRight(0, 0));
+  fitViewToUserArea();
+}
+
+void VerticalScrollingBase::fitViewToUserArea() {
+  Zo::Box<int> const area = getUserArea();
+  int const bar = ScrollBar::thickness();
+  scrollBar_->resize(bar, area.height());
+  view_->resize(std::max(area.width() - bar - UifStd::getWidgetGap(), 0), area.height());
+}
+
+void VerticalScrollingBase::manage(Glob* widget) { managed_.push_back(widget); }
+
+int VerticalScrollingBase::maxOffset() const { return std::max(widgetsHeight_ - view_->height(), 0); }
+
+void VerticalScrollingBase::forgetDeadWidgets() {
+  std::erase_if(managed_, [this](Glob* widget) { return !view_->isChildGlob(widget); });
+}
+
+void VerticalScrollingBase::recalcWidgetsHeight() {
+  forgetDeadWidgets();
+  int height = 0;
+  int shown = 0;
+  for (Glob* widget : managed_)
+    if (widget->isVisible()) {
+      height += widget->height();
+      ++shown;
+    }
+  widgetsHeight_ = height + std::max(shown - 1, 0) * UifStd::getRowGap();
+  scrollBar_->setThumbSize(widgetsHeight_ > 0 ? static_cast<double>(view_->height()) / widgetsHeight_ : 1.0);
+  setScrollOffset(offset_);
+  placeManagedWidgets();
+}
+
+void VerticalScrollingBase::placeManagedWidgets() {
+  forgetDeadWidgets();
+  int top = view_->height() + offset_;
+  for (Glob* widget : managed_) {
+    if (!widget->isVisible())
+      continue;
+    widget->setPosition(XY<int>(0, top - widget->height()));
+    top -= widget->height() + UifStd::getRowGap();
+  }
+  view_->invalidate();
+}
+
+void VerticalScrollingBase::setScrollOffset(int offset) {
+  offset_ = std::clamp(offset, 0, maxOffset());
+  int const range = maxOffset();
+  scrollBar_->setThumbPosition(range > 0 ? static_cast<double>(offset_) / range : 0.0);
+  placeManagedWidgets();
+}
+
+void VerticalScrollingBase::resetView() { setScrollOffset(0); }
+
+void VerticalScrollingBase::revealWidget(Glob* widget) {
+  if (std::find(managed_.begin(), managed_.end(), widget) == managed_.end() || !widget->isVisible())
+    return;
+  // The widget's span, measured down from the top of the rows.
+  int const top = view_->height() + offset_ - (widget->getY() + widget->height());
+  int const bottom = top + widget->height();
+  if (top < offset_)
+    setScrollOffset(top);
+  else if (bottom > offset_ + view_->height())
+    setScrollOffset(bottom - view_->height());
+}
+
+void VerticalScrollingBase::unmanageAllWidgets(bool destroy) {
+  std::vector<Glob*> const widgets = std::move(managed_);
+  managed_.clear();
+  if (destroy)
+    for (Glob* widget : widgets)
+      view_->removeWidget(widget);
+  widgetsHeight_ = 0;
+  recalcWidgetsHeight();
+}
+
+void VerticalScrollingBase::resize(double width, double height) {
+  StandardPanel::resize(width, height);
+  fitViewToUserArea();
+  recalcWidgetsHeight();
+}
+
+int VerticalScrollingBase::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {
+  if (sender != scrollBar_)
+    return StandardPanel::handleMessageEvent(message, sender);
+  int const step = UifStd::getRowHeight();
+  if (message == ScrollBar::thumbMovedMsg)
+    setScrollOffset(static_cast<int>(std::lround(scrollBar_->getThumbPosition() * maxOffset())));
+  else if (message == ScrollBar::leftButtonPressedMsg)
+    setScrollOffset(offset_ - step);
+  else if (message == ScrollBar::rightButtonPressedMsg)
+    setScrollOffset(offset_ + step);
+  else
+    return 0;
+  return 1;
+}
+
+int VerticalScrollingBase::handleMouseEvent(Event const& event) {
+  if (event.type != Event::kMouseWheel || event.wheel == 0)
+    return StandardPanel::handleMouseEvent(event);
+  setScrollOffset(offset_ - event.wheel * UifStd::getRowHeight());
+  return 1;
+}

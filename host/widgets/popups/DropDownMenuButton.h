@@ -1,0 +1,92 @@
+#pragma once
+
+#include <zowidgets/host/widgets/buttons/Button.h>
+#include <zowidgets/host/widgets/popups/Menu.h>
+
+#include <functional>
+#include <vector>
+
+// A button showing the chosen row of a menu, with an arrow at its right. A
+// click drops the menu down beside it; choosing a row shows it on the
+// button, calls the selection hook, and sends dropDownMenuButtonMsg to the
+// parent.
+class ZO_API DropDownMenuButton : public Button {
+public:
+  static constexpr char const* dropDownMenuButtonMsg = "DropDownMenuButtonMsg";
+
+  struct InitArgs : Button::InitArgs {
+    InitArgs() = default;
+    InitArgs(std::vector<MenuItem> items, int selected, XY<int> size)
+        : Button::InitArgs(UIString(), size), items(std::move(items)), selected(selected) {}
+    std::vector<MenuItem> items;
+    int selected = 0;
+  };
+
+  explicit DropDownMenuButton(InitArgs const& args);
+  ~DropDownMenuButton() override;
+  char const* idstring() const override { return "DropDownMenuButton"; }
+
+  void setStrings(std::vector<MenuItem> const& items, int selected, eRedrawFlag redraw = kRedrawNow);
+  void setStrings(std::vector<UIString> const& strings, int selected, eRedrawFlag redraw = kRedrawNow);
+  // Shows row `index`; rows that cannot be chosen are refused.
+  void setSelectedItem(int index, eRedrawFlag redraw = kRedrawNow);
+  int getSelectedItem() const noexcept { return menu_.getSelected(); }
+  LightweightString<wchar_t> getSelectedItemNameW() const;
+  Menu const& getMenu() const noexcept { return menu_; }
+  // Called with the row the user chose, before the parent's message.
+  void setSelectionHook(std::function<void(int)> hook) { selectionHook_ = std::move(hook); }
+
+  // The width of a drop-down button that fits the widest of these strings.
+  static int calcWidth(std::vector<UIString> const& strings, Glib::FontDesc const& font = {});
+
+  void openMenu();
+  void closeMenu();
+  // The open menu's window, or null.
+  MenuWindow* getMenuWindow() const;
+
+protected:
+  void performAction() override;
+  Zo::Box<int> labelBox() const override;
+  void draw(CanvasRenderer& renderer) override;
+
+private:
+  void handleMenuChange(MenuData::Change const& change);
+
+  Menu menu_;
+  MenuWindow* menuWindow_ = nullptr;
+  std::function<void(int)> selectionHook_;
+};
+
+// A drop-down menu button with a title to its left, as one widget. The
+// button's selection message is passed on to this widget's parent.
+class ZO_API TitleMenuButton : public Glob {
+public:
+  struct InitArgs : GlobCreationInfo {
+    InitArgs() = default;
+    InitArgs(UIString title, std::vector<MenuItem> items, int selected, XY<int> size)
+        : GlobCreationInfo(size), title(std::move(title)), items(std::move(items)), selected(selected) {}
+    UIString title;
+    std::vector<MenuItem> items;
+    int selected = 0;
+  };
+
+  explicit TitleMenuButton(InitArgs const& args);
+  char const* idstring() const override { return "TitleMenuButton"; }
+
+  DropDownMenuButton& getBtn() noexcept { return *button_; }
+  int getSelectedItem() const noexcept { return button_->getSelectedItem(); }
+  void setSelectedItem(int index, eRedrawFlag redraw = kRedrawNow) { button_->setSelectedItem(index, redraw); }
+  void setStrings(std::vector<MenuItem> const& items, int selected, eRedrawFlag redraw = kRedrawNow) {
+    button_->setStrings(items, selected, redraw);
+  }
+  int react(Event const& event) override;
+
+protected:
+  void draw(CanvasRenderer& renderer) override;
+
+private:
+  int titleWidth() const;
+
+  LightweightString<wchar_t> title_;
+  DropDownMenuButton* button_ = nullptr;
+};

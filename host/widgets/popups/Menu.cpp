@@ -1,0 +1,227 @@
+#include <zowidgets/host/widgets/popups/Menu.h>
+
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Space above the first row and below the last.
+int verticalPadding() { return UifStd::getIndentWidth() * 2; }
+// The strip left of the text where the selected row's mark goes.
+int markGutter() { return UifStd::getRowHeight() * 3 / 4; }
+int textEndPadding() { return UifStd::getWidgetGap() * 3; }
+
+Glib::FontDesc fontFor(MenuItem const& item) {
+  return item.style == MenuItem::kHeading ? UifStd::getSubheadingFont() : UifStd::getFont();
+}
+
+} // namespace
+
+MenuItem MenuItem::heading(UIString text) {
+  MenuItem item(std::move(text));
+  item.style = kHeading;
+  return item;
+}
+
+MenuItem MenuItem::separator() {
+  MenuItem item;
+  item.style = kSeparator;
+  return item;
+}
+
+Menu::Menu(std::vector<MenuItem> items, int selected) : items_(std::move(items)) { setSelected(selected); }
+
+void Menu::setSelected(int index) {
+  selected_ = index >= 0 && index < size() && item(index).isSelectable() ? index : -1;
+}
+
+int Menu::nextSelectable(int from, int step) const {
+  for (int index = from + step; index >= 0 && index < size(); index += step)
+    if (item(index).isSelectable())
+      return index;
+  return -1;
+}
+
+MenuWindow::MenuWindow(InitArgs const& args)
+    : Glob(args), menu_(args.menu), onChange_(args.onChange), highlighted_(args.menu.getSelected()) {
+  setCanBeIt(true);
+  resize(calcSize(menu_, args.minWidth).x, calcSize(menu_, args.minWidth).y);
+}
+
+int MenuWindow::rowHeight(MenuItem const& item) {
+  return item.style == MenuItem::kSeparator ? UifStd::getRowGap() * 2 + 1 : UifStd::getRowHeight();
+}
+
+XY<int> MenuWindow::calcSize(Menu const& menu, int minWidth) {
+  int textWidth = 0;
+  int height = verticalPadding() * 2;
+  for (MenuItem const& item : menu.items()) {
+    height += rowHeight(item);
+    if (item.style != MenuItem::kSeparator)
+      textWidth =
+          std::max(textWidth,
+                   static_cast<int>(std::ceil(Glib::TextLayout::measure(item.text.getString(), fontFor(item)).width)));
+  }
+  return XY<int>(std::max(minWidth, markGutter() + textWidth + textEndPadding()), height);
+}
+
+MenuWindow* MenuWindow::open(Menu const& menu, XY<int> topLeft, ChangeHandler onChange, int minWidth, Canvas* near,
+                             Palette const* palette) {
+  InitArgs args;
+  args.menu = menu;
+  args.onChange = std::move(onChange);
+  args.minWidth = minWidth;
+  args.size = calcSize(menu, minWidth);
+  args.setPalette(makePopupPalette(palette ? *palette : UifStd::getColourScheme()));
+  args.screenPosition = GlobManager::getSafePosForGlob(near, args.size, XY<int>(topLeft.x, topLeft.y - args.size.y));
+  auto* window = new MenuWindow(args);
+  GlobManager::realize(window);
+  getEventInterceptStack().push(window);
+  window->claimKbdFocus();
+  return window;
+}
+
+void MenuWindow::close(MenuData::Change const& change) {
+  if (closing_)
+    return;
+  closing_ = true;
+  getEventInterceptStack().remove(this);
+  relinquishKbdFocus();
+  GlobManager::requestDeletion(this);
+  ChangeHandler const tell = std::move(onChange_);
+  onChange_ = nullptr;
+  if (tell)
+    tell(change);
+}
+
+Zo::Box<int> MenuWindow::rowBox(int index) const {
+  int top = height() - verticalPadding();
+  for (int row = 0; row < index; ++row)
+    top -= rowHeight(menu_.item(row));
+  return Zo::Box<int>(0, top - rowHeight(menu_.item(index)), width(), top);
+}
+
+int MenuWindow::rowAt(XY<int> point) const {
+  if (point.x < 0 || point.x >= width())
+    return -1;
+  for (int index = 0; index < menu_.size(); ++index)
+    if (rowBox(index).contains(point))
+      return index;
+  return -1;
+}
+
+void MenuWindow::setHighlighted(int index) {
+  if (index == highlighted_)
+    return;
+  // Painting may happen at once, so the new state comes before the damage.
+  int const previous = highlighted_;
+  highlighted_ = index;
+  if (previous >= 0)
+    invalidate(rowBox(previous));
+  if (highlighted_ >= 0)
+    invalidate(rowBox(highlighted_));
+  if (onChange_)
+    onChange_(MenuData::Change{MenuData::Change::kHighlighted, highlighted_});
+}
+
+int MenuWindow::reactToKey(int key) {
+  switch (key & ~kKeyModifierMask) {
+  case kKeyEscape:
+    close(MenuData::Change{MenuData::Change::kCancelled, -1});
+    return 1;
+  case kKeyReturn:
+    if (highlighted_ >= 0)
+      close(MenuData::Change{MenuData::Change::kChosen, highlighted_});
+    return 1;
+  case kKeyDown:
+    if (int const next = menu_.nextSelectable(highlighted_, 1); next >= 0)
+      setHighlighted(next);
+    return 1;
+  case kKeyUp:
+    if (int const previous = menu_.nextSelectable(highlighted_ < 0 ? menu_.size() : highlighted_, -1); previous >= 0)
+      setHighlighted(previous);
+    return 1;
+  case kKeyHome:
+    if (int const first = menu_.nextSelectable(-1, 1); first >= 0)
+      setHighlighted(first);
+    return 1;
+  case kKeyEnd:
+    if (int const last = menu_.nextSelectable(menu_.size(), -1); last >= 0)
+      setHighlighted(last);
+    return 1;
+  default:
+    return 0;
+  }
+}
+
+int MenuWindow::react(Event const& event) {
+  if (closing_)
+    return 1;
+  if (event.type == Event::kKeyDown)
+    return reactToKey(event.key);
+  if (!event.isMouse())
+    return Glob::react(event);
+  int const row = rowAt(event.position);
+  bool const choosable = row >= 0 && menu_.item(row).isSelectable();
+  if (event.type == Event::kMouseMove || event.type == Event::kMouseEnter)
+    setHighlighted(choosable ? row : -1);
+  else if (event.type == Event::kMouseUp && mouse_left_event(event) && choosable)
+    close(MenuData::Change{MenuData::Change::kChosen, row});
+  return 1;
+}
+
+int MenuWindow::intercept(Event const& event) {
+  if (closing_ || event.type != Event::kMouseDown)
+    return 0;
+  if (Zo::Box<int>(0, 0, width(), height()).contains(event.position))
+    return 0;
+  // The press that closes the menu does nothing else.
+  close(MenuData::Change{MenuData::Change::kCancelled, -1});
+  return 1;
+}
+
+void MenuWindow::drawRow(CanvasRenderer& renderer, int index) const {
+  MenuItem const& item = menu_.item(index);
+  Palette const& palette = getPalette();
+  Zo::Box<int> const box = rowBox(index);
+  int const inset = UifStd::getIndentWidth();
+  if (item.style == MenuItem::kSeparator) {
+    double const y = (box.y0 + box.y1) / 2 + 0.5;
+    renderer.renderPrimitive(Glib::LineDescription(XY<double>(markGutter(), y),
+                                                   XY<double>(box.x1 - textEndPadding(), y), 1.0, palette.window(5)));
+    return;
+  }
+  if (item.background.use())
+    renderer.renderPrimitive(Glib::RectDescription(box, item.background));
+  if (index == highlighted_) {
+    Zo::Box<double> const band(box.x0 + inset, box.y0, box.x1 - inset, box.y1);
+    renderer.renderPrimitive(Glib::RoundedRectDescription(band, inset * 1.5, palette.selection()));
+  }
+  Colour text = item.textColour.use() ? item.textColour : palette.text();
+  if (item.style == MenuItem::kHeading && !item.textColour.use())
+    text = palette.subheadingText();
+  else if (!item.active)
+    text = Colour::mix(text, palette.window(), 0.45);
+  if (index == menu_.getSelected()) {
+    double const radius = UifStd::getRowHeight() / 8.0;
+    renderer.renderPrimitive(Glib::EllipseDescription::disc(
+        XY<double>(markGutter() / 2.0 + inset / 2.0, (box.y0 + box.y1) / 2.0), radius, text));
+  }
+  int const textStart = item.style == MenuItem::kHeading ? inset * 2 : markGutter();
+  Zo::Box<double> const area(textStart, box.y0, box.x1 - inset, box.y1);
+  renderer.renderPrimitive(Glib::TextDescription(item.text.getString(), area, fontFor(item), text));
+}
+
+void MenuWindow::draw(CanvasRenderer& renderer) {
+  for (int index = 0; index < menu_.size(); ++index)
+    drawRow(renderer, index);
+  Zo::Box<double> const edge(0.5, 0.5, width() - 0.5, height() - 0.5);
+  renderer.renderPrimitive(Glib::RoundedRectDescription(edge, 0.0, Colour::invalid(), getPalette().window(5)));
+}

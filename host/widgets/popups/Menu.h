@@ -1,0 +1,122 @@
+#pragma once
+
+#include <zowidgets/host/drawing/Colour.h>
+#include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/base/UIString.h>
+
+#include <functional>
+#include <vector>
+
+// One row of a menu: a choice, a heading over a group of choices, or a
+// separator line. Invalid colours fall back to the menu's palette.
+struct ZO_API MenuItem {
+  enum eStyle : int {
+    kNormal = 0,
+    kHeading = 1,   // a label over the rows below it; never chosen
+    kSeparator = 2, // a thin line between groups
+  };
+
+  MenuItem() = default;
+  MenuItem(UIString text, Colour textColour = Colour::invalid(), Colour background = Colour::invalid(),
+           UIString tooltip = {})
+      : text(std::move(text)), textColour(textColour), background(background), tooltip(std::move(tooltip)) {}
+  static MenuItem heading(UIString text);
+  static MenuItem separator();
+
+  // A normal, active row: the only kind the user can choose.
+  bool isSelectable() const noexcept { return style == kNormal && active; }
+
+  UIString text;
+  Colour textColour = Colour::invalid();
+  Colour background = Colour::invalid();
+  UIString tooltip;
+  int style = kNormal;
+  bool active = true;
+};
+
+namespace MenuData {
+// How a shown menu ended, or where its highlight moved.
+struct ZO_API Change {
+  enum eKind : int {
+    kChosen = 0,      // the user chose row `index`
+    kCancelled = 1,   // Escape, or a press outside the menu
+    kHighlighted = 2, // the highlight moved to row `index` (-1: none)
+  };
+  int kind = kChosen;
+  int index = -1;
+};
+} // namespace MenuData
+
+// The rows of a menu and the row currently selected (-1 for none).
+class ZO_API Menu {
+public:
+  Menu() = default;
+  explicit Menu(std::vector<MenuItem> items, int selected = -1);
+
+  std::vector<MenuItem> const& items() const noexcept { return items_; }
+  int size() const noexcept { return static_cast<int>(items_.size()); }
+  MenuItem const& item(int index) const { return items_.at(static_cast<std::size_t>(index)); }
+  // Out-of-range or unselectable rows select nothing.
+  void setSelected(int index);
+  int getSelected() const noexcept { return selected_; }
+  // The nearest selectable row from `from` (excluded) in steps of `step`
+  // (+1 down, -1 up); -1 when there is none.
+  int nextSelectable(int from, int step) const;
+
+private:
+  std::vector<MenuItem> items_;
+  int selected_ = -1;
+};
+
+// A menu shown as a popup window. It takes the keyboard focus while open:
+// Up and Down move the highlight over choosable rows, Return chooses, Escape
+// cancels. A click on a row chooses it; a press anywhere outside the window
+// cancels. Either way the window tells its owner once and deletes itself.
+class ZO_API MenuWindow : public Glob {
+public:
+  using ChangeHandler = std::function<void(MenuData::Change const&)>;
+
+  struct InitArgs : GlobCreationInfo {
+    Menu menu;
+    ChangeHandler onChange;
+    int minWidth = 0;
+  };
+
+  explicit MenuWindow(InitArgs const& args);
+  char const* idstring() const override { return "MenuWindow"; }
+
+  // The size the menu's rows need, at least `minWidth` wide.
+  static XY<int> calcSize(Menu const& menu, int minWidth = 0);
+  // Opens a menu window whose top-left corner is at `topLeft` on the screen,
+  // moved as needed to keep it all on the screen near `near`.
+  static MenuWindow* open(Menu const& menu, XY<int> topLeft, ChangeHandler onChange, int minWidth = 0,
+                          Canvas* near = nullptr, Palette const* palette = nullptr);
+
+  // Ends the menu with `change` (chosen or cancelled); later calls do nothing.
+  void close(MenuData::Change const& change);
+  // Forgets the owner: it hears nothing more.
+  void detach() { onChange_ = nullptr; }
+  bool isClosing() const noexcept { return closing_; }
+  Menu const& menu() const noexcept { return menu_; }
+  int getHighlighted() const noexcept { return highlighted_; }
+  // The row's box in this window, and the row at a point (-1 for none).
+  Zo::Box<int> rowBox(int index) const;
+  int rowAt(XY<int> point) const;
+
+  int react(Event const& event) override;
+  int intercept(Event const& event) override;
+
+protected:
+  void draw(CanvasRenderer& renderer) override;
+
+private:
+  static int rowHeight(MenuItem const& item);
+  void setHighlighted(int index);
+  int reactToKey(int key);
+  void drawRow(CanvasRenderer& renderer, int index) const;
+
+  Menu menu_;
+  ChangeHandler onChange_;
+  int highlighted_ = -1;
+  bool closing_ = false;
+};

@@ -1,0 +1,87 @@
+#include <zowidgets/host/widgets/popups/TipWindowBase.h>
+
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+
+#include <algorithm>
+
+namespace {
+
+// The room the tip takes on each side, for a window lying `relativity` of
+// its anchor: the tip faces the anchor.
+WidgetSurround tipRoom(eWidgetRelativity relativity) {
+  int const depth = TipWindowBase::getTipDepth();
+  switch (relativity) {
+  case kRelativeBelow:
+    return WidgetSurround{0, 0, depth, 0};
+  case kRelativeAbove:
+    return WidgetSurround{0, 0, 0, depth};
+  case kRelativeRight:
+    return WidgetSurround{depth, 0, 0, 0};
+  case kRelativeLeft:
+    return WidgetSurround{0, depth, 0, 0};
+  default:
+    return {};
+  }
+}
+
+} // namespace
+
+TipWindowBase::TipWindowBase(InitArgs const& args) : Glob(args), direction_(args.relativity) {
+  if (!args.hasBorder)
+    setBorder(getDefaultBorder());
+}
+
+int TipWindowBase::getTipDepth() { return std::max(1, UifStd::getIndentWidth()); }
+
+Border TipWindowBase::getDefaultBorder() { return Border(1, std::max(1, UifStd::getIndentWidth() / 2), 0); }
+
+XY<int> TipWindowBase::calcSizeFor(XY<int> const& userArea, eWidgetRelativity relativity, Border const& border) {
+  WidgetSurround const tip = tipRoom(relativity);
+  return XY<int>(userArea.x + border.left() + border.right() + tip.left + tip.right,
+                 userArea.y + border.top() + border.bottom() + tip.top + tip.bottom);
+}
+
+void TipWindowBase::setRelativeDirection(eWidgetRelativity relativity) {
+  if (relativity == direction_)
+    return;
+  direction_ = relativity;
+  layoutChildren();
+  invalidate();
+}
+
+Zo::Box<int> TipWindowBase::getUserArea() const {
+  Border const& b = getBorder();
+  WidgetSurround const tip = tipRoom(direction_);
+  return Zo::Box<int>(b.left() + tip.left, b.bottom() + tip.bottom, width() - b.right() - tip.right,
+                      height() - b.top() - tip.top);
+}
+
+Zo::Box<int> TipWindowBase::getTipBox() const {
+  int const depth = getTipDepth();
+  switch (direction_) {
+  case kRelativeBelow:
+    return Zo::Box<int>(0, height() - depth, width(), height());
+  case kRelativeAbove:
+    return Zo::Box<int>(0, 0, width(), depth);
+  case kRelativeRight:
+    return Zo::Box<int>(0, 0, depth, height());
+  case kRelativeLeft:
+    return Zo::Box<int>(width() - depth, 0, width(), height());
+  default:
+    return {};
+  }
+}
+
+void TipWindowBase::drawBorder(CanvasRenderer& renderer) {
+  Palette const& palette = getPalette();
+  if (int const thickness = getBorder().thickness(); getBorder().type() != 0 && thickness > 0) {
+    Glib::RectDescription frame(Zo::Box<int>(0, 0, width(), height()), Colour::invalid());
+    frame.outline = palette.window(5);
+    frame.outlineWidth = thickness;
+    renderer.renderPrimitive(frame);
+  }
+  if (Zo::Box<int> const tip = getTipBox(); !tip.empty())
+    renderer.renderPrimitive(Glib::RectDescription(tip, palette.selection()));
+}

@@ -1,0 +1,112 @@
+#include "support/WidgetTestSupport.h"
+
+#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+struct VerticalScrollingBaseTest : HeadlessScreenTest {
+  int const row = UifStd::getRowHeight();
+  int const rowGap = UifStd::getRowGap();
+  VerticalScrollingBase* panel = nullptr;
+  std::vector<TextLabel*> rows;
+
+  void SetUp() override {
+    HeadlessScreenTest::SetUp();
+    StandardPanel::InitArgs args(XY<int>(240, 5 * row + 4 * rowGap + 2 * StandardPanel::getDefaultBorder().top()));
+    args.screenPosition = XY<int>(100, 100);
+    panel = new VerticalScrollingBase(args);
+    GlobManager::realize(panel);
+    for (int i = 0; i < 20; ++i) {
+      TextLabel::InitArgs label(XY<int>(panel->getView()->width(), row));
+      label.text = LightweightString<wchar_t>((L"Row " + std::to_wstring(i)).c_str());
+      rows.push_back(panel->createManagedWidget<TextLabel>(label));
+    }
+    panel->recalcWidgetsHeight();
+    panel->resetView();
+  }
+
+  // A row's top, measured down from the top of the view.
+  int topInView(Glob const* widget) const { return panel->getView()->height() - (widget->getY() + widget->height()); }
+  bool fullyShown(Glob const* widget) const {
+    return topInView(widget) >= 0 && topInView(widget) + widget->height() <= panel->getView()->height();
+  }
+};
+
+TEST_F(VerticalScrollingBaseTest, StacksManagedRowsFromTheTop) {
+  EXPECT_EQ(panel->getWidgetsHeight(), 20 * row + 19 * rowGap);
+  EXPECT_EQ(topInView(rows[0]), 0);
+  EXPECT_EQ(topInView(rows[1]), row + rowGap);
+  EXPECT_EQ(panel->getView()->width() + UifStd::getWidgetGap() + ScrollBar::thickness(), panel->getUserArea().width());
+  EXPECT_NEAR(panel->getScrollBar()->getThumbSize(),
+              static_cast<double>(panel->getView()->height()) / panel->getWidgetsHeight(), 1e-9);
+}
+
+TEST_F(VerticalScrollingBaseTest, RevealWidgetScrollsJustEnough) {
+  panel->revealWidget(rows[12]);
+  EXPECT_TRUE(fullyShown(rows[12]));
+  EXPECT_EQ(topInView(rows[12]) + row, panel->getView()->height()) << "at the bottom edge";
+  int const offset = panel->getScrollOffset();
+  panel->revealWidget(rows[11]);
+  EXPECT_EQ(panel->getScrollOffset(), offset) << "already shown";
+  panel->revealWidget(rows[2]);
+  EXPECT_EQ(topInView(rows[2]), 0) << "at the top edge";
+  panel->resetView();
+  EXPECT_EQ(panel->getScrollOffset(), 0);
+  EXPECT_EQ(topInView(rows[0]), 0);
+}
+
+TEST_F(VerticalScrollingBaseTest, TheWheelScrollsARowPerNotchWithinTheRows) {
+  HeadlessInput::wheel(HeadlessInput::pointOn(*rows[0]), -2);
+  EXPECT_EQ(panel->getScrollOffset(), 2 * row);
+  HeadlessInput::wheel(HeadlessInput::pointOn(*panel->getView()), 10);
+  EXPECT_EQ(panel->getScrollOffset(), 0);
+  HeadlessInput::wheel(HeadlessInput::pointOn(*panel->getView()), -1000);
+  EXPECT_EQ(panel->getScrollOffset(), panel->getWidgetsHeight() - panel->getView()->height());
+  EXPECT_EQ(panel->getScrollBar()->getThumbPosition(), 1.0);
+}
+
+TEST_F(VerticalScrollingBaseTest, DraggingTheScrollBarScrollsTheView) {
+  ScrollBar* bar = panel->getScrollBar();
+  XY<int> const grab(bar->width() / 2, bar->height() - 1 - (bar->thumbStart() + bar->thumbLength() / 2));
+  int const slack = bar->trackLength() - bar->thumbLength();
+  HeadlessInput::drag(HeadlessInput::pointOn(*bar, grab), HeadlessInput::pointOn(*bar, grab) - XY<int>(0, slack));
+  EXPECT_EQ(bar->getThumbPosition(), 1.0);
+  EXPECT_EQ(panel->getScrollOffset(), panel->getWidgetsHeight() - panel->getView()->height());
+  EXPECT_TRUE(fullyShown(rows.back()));
+  HeadlessInput::clickOn(*bar, XY<int>(bar->width() / 2, bar->height() - 1 - ScrollBar::thickness() / 2));
+  EXPECT_EQ(panel->getScrollOffset(), panel->getWidgetsHeight() - panel->getView()->height() - row);
+}
+
+TEST_F(VerticalScrollingBaseTest, HiddenRowsTakeNoRoom) {
+  rows[1]->setVisible(false);
+  panel->recalcWidgetsHeight();
+  EXPECT_EQ(panel->getWidgetsHeight(), 19 * row + 18 * rowGap);
+  EXPECT_EQ(topInView(rows[2]), row + rowGap);
+}
+
+TEST_F(VerticalScrollingBaseTest, UnmanagingForgetsOrDeletesTheRows) {
+  panel->unmanageAllWidgets(false);
+  EXPECT_TRUE(panel->getManagedWidgets().empty());
+  EXPECT_TRUE(is_good_glob_ptr(rows[0]));
+  EXPECT_EQ(panel->getWidgetsHeight(), 0);
+  TextLabel::InitArgs label(XY<int>(panel->getView()->width(), row));
+  TextLabel* fresh = panel->createManagedWidget<TextLabel>(label);
+  panel->unmanageAllWidgets(true);
+  EXPECT_FALSE(is_good_glob_ptr(fresh));
+  EXPECT_TRUE(is_good_glob_ptr(rows[0]));
+}
+
+TEST_F(VerticalScrollingBaseTest, ADeletedRowIsForgotten) {
+  panel->getView()->removeWidget(rows[0]);
+  panel->recalcWidgetsHeight();
+  EXPECT_EQ(panel->getManagedWidgets().size(), 19u);
+  EXPECT_EQ(topInView(rows[1]), 0);
+}
+
+} // namespace

@@ -1,0 +1,396 @@
+#include "support/WidgetTestSupport.h"
+
+#include <zowidgets/host/widgets/text/NumericTextBox.h>
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/widgets/text/TextBox.h>
+#include <zowidgets/host/widgets/text/TitleTextBox.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/values/binding/ValAdaptor.h>
+#include <zowidgets/values/notify/ValServer.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace {
+
+using WString = LightweightString<wchar_t>;
+
+// Logs the named messages that reach it.
+class MessageLog : public Glob {
+public:
+  explicit MessageLog(std::vector<std::string>& log) : Glob(GlobCreationInfo(XY<int>(10, 10))), log_(log) {}
+  int react(Event const& event) override {
+    if (!event.isMessage())
+      return 0;
+    log_.push_back(event.message.str());
+    return 1;
+  }
+
+private:
+  std::vector<std::string>& log_;
+};
+
+struct TextBoxTest : HeadlessScreenTest {
+  // Servers outlive the widgets (closed in TearDown) bound to them.
+  ValServer<WString> textServer;
+  ValServer<double> numberServer;
+  StandardPanel* panel = nullptr;
+  TextBox* box = nullptr;
+  std::vector<TextBoxEvent> events;
+
+  void SetUp() override {
+    HeadlessScreenTest::SetUp();
+    panel = openPanel(XY<int>(400, 200), XY<int>(200, 200));
+    box = panel->createWidget<TextBox>(TextBox::InitArgs(GlobCreationInfo(XY<int>(300, UifStd::getRowHeight()))),
+                                       Glob::UserTopLeft(0, 0));
+    box->addListener(Broadcaster<TextBoxEvent>::makeCallback([this](TextBoxEvent const& e) { events.push_back(e); }));
+  }
+
+  // Where a character boundary of a left-aligned box's text lies, in the box.
+  static XY<int> boundary(TextBoxBase const& textBox, std::wstring const& text, std::size_t index) {
+    double const advance = Glib::TextDescription::calcBounds(WString(text.substr(0, index)), UifStd::getFont()).width();
+    return XY<int>(textBox.getFieldBox().x0 + UifStd::getWidgetGap() + static_cast<int>(std::lround(advance)),
+                   textBox.height() / 2);
+  }
+
+  bool drawsBetween(TextBoxBase const& textBox, int x0, int x1);
+
+  void typeInto(Glob& target, std::string const& text) {
+    HeadlessInput::clickOn(target);
+    HeadlessInput::typeText(text);
+  }
+};
+
+TEST_F(TextBoxTest, ClickingTakesTheFocusAndTypingGoesInAtTheCaret) {
+  typeInto(*box, "hello");
+  EXPECT_TRUE(box->hasKbdFocus());
+  EXPECT_EQ(box->getString().str(), L"hello");
+  HeadlessInput::key(kKeyLeft);
+  HeadlessInput::key(kKeyLeft);
+  HeadlessInput::typeText("X");
+  EXPECT_EQ(box->getString().str(), L"helXlo");
+  HeadlessInput::key(kKeyBackspace);
+  HeadlessInput::key(kKeyDelete);
+  EXPECT_EQ(box->getString().str(), L"helo");
+}
+
+TEST_F(TextBoxTest, ShiftArrowsAndCtrlWordMovesSelect) {
+  typeInto(*box, "hello brave world");
+  HeadlessInput::key(kKeyHome);
+  for (int i = 0; i < 5; ++i)
+    HeadlessInput::key(kKeyRight, kKeyShift);
+  EXPECT_EQ(box->editor().selectedText(), L"hello");
+  HeadlessInput::key(kKeyRight, kKeyShift | kKeyCtrl);
+  EXPECT_EQ(box->editor().selectedText(), L"hello ");
+  HeadlessInput::key(kKeyRight, kKeyShift | kKeyCtrl);
+  EXPECT_EQ(box->editor().selectedText(), L"hello brave ");
+  HeadlessInput::key(kKeyEnd, kKeyShift);
+  EXPECT_EQ(box->editor().selectedText(), L"hello brave world");
+  HeadlessInput::key(kKeyLeft, kKeyCtrl);
+  EXPECT_EQ(box->editor().caret(), 12u);
+  EXPECT_FALSE(box->editor().hasSelection());
+}
+
+TEST_F(TextBoxTest, DraggingTheMouseSelectsBetweenPressAndRelease) {
+  std::wstring const text = L"clip name here";
+  typeInto(*box, "clip name here");
+  HeadlessInput::drag(HeadlessInput::pointOn(*box, boundary(*box, text, 5)),
+                      HeadlessInput::pointOn(*box, boundary(*box, text, 9)));
+  EXPECT_EQ(box->editor().selectedText(), L"name");
+  // Typing replaces the dragged selection.
+  HeadlessInput::typeText("title");
+  EXPECT_EQ(box->getString().str(), L"clip title here");
+}
+
+TEST_F(TextBoxTest, ShiftClickExtendsFromTheCaret) {
+  std::wstring const text = L"abcdefgh";
+  typeInto(*box, "abcdefgh");
+  HeadlessInput::click(HeadlessInput::pointOn(*box, boundary(*box, text, 2)));
+  HeadlessInput::click(HeadlessInput::pointOn(*box, boundary(*box, text, 6)), kMouseLeft, kKeyShift);
+  EXPECT_EQ(box->editor().selectedText(), L"cdef");
+}
+
+TEST_F(TextBoxTest, DoubleClickSelectsTheWord) {
+  std::wstring const text = L"first second third";
+  typeInto(*box, "first second third");
+  HeadlessInput::doubleClick(HeadlessInput::pointOn(*box, boundary(*box, text, 8)));
+  EXPECT_EQ(box->editor().selectedText(), L"second");
+}
+
+TEST_F(TextBoxTest, CutCopyAndPasteUseTheClipboard) {
+  OS().setClipboardText(L"");
+  typeInto(*box, "hello world");
+  HeadlessInput::key(kKeyHome);
+  HeadlessInput::key(kKeyRight, kKeyShift | kKeyCtrl);
+  HeadlessInput::key('c', kKeyCtrl);
+  EXPECT_EQ(OS().clipboardText().str(), L"hello ");
+  EXPECT_EQ(box->getString().str(), L"hello world");
+  HeadlessInput::key('x', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"world");
+  HeadlessInput::key(kKeyEnd);
+  HeadlessInput::key('v', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"worldhello ");
+  OS().setClipboardText(L"line one\nline two");
+  HeadlessInput::key('a', kKeyCtrl);
+  HeadlessInput::key('v', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"line one");
+}
+
+TEST_F(TextBoxTest, ARestrictedBoxRefusesLetters) {
+  box->setCharacters(L"0123456789");
+  typeInto(*box, "a1b2c3");
+  EXPECT_EQ(box->getString().str(), L"123");
+  OS().setClipboardText(L"x4y");
+  HeadlessInput::key('v', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"1234");
+}
+
+TEST_F(TextBoxTest, RefusedCharactersAreKeptOut) {
+  box->setCharacters(L"/:", TextBoxBase::kNotAllowed);
+  typeInto(*box, "a/b:c");
+  EXPECT_EQ(box->getString().str(), L"abc");
+}
+
+TEST_F(TextBoxTest, TheSizeLimitStopsTyping) {
+  box->setSizeLimit(3);
+  typeInto(*box, "12345");
+  EXPECT_EQ(box->getString().str(), L"123");
+}
+
+TEST_F(TextBoxTest, TheProgramCanPlaceTheCaretAndSelectEverything) {
+  box->setString(L"abcdef");
+  box->setCursorPosition(2);
+  EXPECT_EQ(box->editor().caret(), 2u);
+  EXPECT_FALSE(box->editor().hasSelection());
+  box->setCursorPosition(99);
+  EXPECT_EQ(box->editor().caret(), 6u);
+  box->highlightAllText();
+  EXPECT_EQ(box->editor().selectedText(), L"abcdef");
+  box->claimKbdFocus();
+  HeadlessInput::typeText("z");
+  EXPECT_EQ(box->getString().str(), L"z");
+}
+
+TEST_F(TextBoxTest, AReadOnlyBoxSelectsAndCopiesButDoesNotChange) {
+  box->setString(L"fixed");
+  box->setEditable(false);
+  typeInto(*box, "zz");
+  HeadlessInput::key(kKeyBackspace);
+  EXPECT_EQ(box->getString().str(), L"fixed");
+  HeadlessInput::key('a', kKeyCtrl);
+  HeadlessInput::key('c', kKeyCtrl);
+  EXPECT_EQ(OS().clipboardText().str(), L"fixed");
+  EXPECT_TRUE(events.empty());
+}
+
+TEST_F(TextBoxTest, ReturnCommitsToTheServer) {
+  box->setDataAdaptor(Zo::Ptr<ValAdaptorBase<WString>>(new ValAdaptor<WString, WString>(&textServer)));
+  typeInto(*box, "shot 1");
+  EXPECT_EQ(textServer.get().str(), L"");
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_EQ(textServer.get().str(), L"shot 1");
+}
+
+TEST_F(TextBoxTest, LosingTheFocusCommitsToTheServer) {
+  TextBox* other = panel->createWidget<TextBox>(TextBox::InitArgs(GlobCreationInfo(XY<int>(100, 20))),
+                                                Glob::Below(UifStd::getRowGap()));
+  box->setDataAdaptor(Zo::Ptr<ValAdaptorBase<WString>>(new ValAdaptor<WString, WString>(&textServer)));
+  typeInto(*box, "take");
+  EXPECT_EQ(textServer.get().str(), L"");
+  HeadlessInput::clickOn(*other);
+  EXPECT_TRUE(other->hasKbdFocus());
+  EXPECT_EQ(textServer.get().str(), L"take");
+}
+
+TEST_F(TextBoxTest, TheServerValueIsShownWithoutAnEvent) {
+  textServer = WString(L"from data");
+  box->setDataAdaptor(Zo::Ptr<ValAdaptorBase<WString>>(new ValAdaptor<WString, WString>(&textServer)));
+  EXPECT_EQ(box->getString().str(), L"from data");
+  textServer = WString(L"changed");
+  EXPECT_EQ(box->getString().str(), L"changed");
+  EXPECT_TRUE(events.empty());
+}
+
+TEST_F(TextBoxTest, ListenersHearChangesAndReturn) {
+  typeInto(*box, "ab");
+  HeadlessInput::key(kKeyBackspace);
+  HeadlessInput::key(kKeyReturn);
+  ASSERT_EQ(events.size(), 4u);
+  EXPECT_EQ(events[0].kind, TextBoxEvent::kTextChanged);
+  EXPECT_EQ(events[0].text.str(), L"a");
+  EXPECT_EQ(events[1].text.str(), L"ab");
+  EXPECT_EQ(events[2].kind, TextBoxEvent::kTextChanged);
+  EXPECT_EQ(events[2].text.str(), L"a");
+  EXPECT_EQ(events[3].kind, TextBoxEvent::kReturnPressed);
+  EXPECT_EQ(events[3].text.str(), L"a");
+  EXPECT_EQ(events[3].source, box);
+}
+
+TEST_F(TextBoxTest, RequestedCallbacksSendMessagesForTheirKinds) {
+  std::vector<std::string> log;
+  auto* target = panel->addChild(new MessageLog(log), Glob::UserBottomRight(0, 0));
+  box->requestCallback("Typed", target, TextBoxEvent::kTextChanged);
+  box->requestCallback("Confirmed", target, TextBoxEvent::kReturnPressed);
+  typeInto(*box, "q");
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_EQ(log, (std::vector<std::string>{"Typed", "Confirmed"}));
+}
+
+TEST_F(TextBoxTest, SetStringRaisesNoEvent) {
+  std::vector<std::string> log;
+  auto* target = panel->addChild(new MessageLog(log), Glob::UserBottomRight(0, 0));
+  box->requestCallback("Any", target, TextBoxEvent::kTextChanged | TextBoxEvent::kReturnPressed);
+  box->setDataAdaptor(Zo::Ptr<ValAdaptorBase<WString>>(new ValAdaptor<WString, WString>(&textServer)));
+  box->setString(L"quiet");
+  EXPECT_EQ(box->getString().str(), L"quiet");
+  EXPECT_TRUE(events.empty());
+  EXPECT_TRUE(log.empty());
+  EXPECT_EQ(textServer.get().str(), L"");
+}
+
+TEST_F(TextBoxTest, ANumericBoxClampsWhatItCommits) {
+  auto* number = panel->createWidget<NumericTextBox>(
+      NumericTextBox::InitArgs(GlobCreationInfo(XY<int>(100, UifStd::getRowHeight()))), Glob::Below(10));
+  number->setValueRange(0.0, 10.0);
+  number->setDataAdaptor(Zo::Ptr<ValAdaptorBase<WString>>(new ValAdaptor<WString, double>(&numberServer)));
+  HeadlessInput::clickOn(*number);
+  EXPECT_EQ(number->getString().str(), L"0");
+  HeadlessInput::key('a', kKeyCtrl);
+  HeadlessInput::typeText("2x5");
+  EXPECT_EQ(number->getString().str(), L"25");
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_EQ(numberServer.get(), 10.0);
+  EXPECT_EQ(number->getString().str(), L"10");
+  HeadlessInput::key('a', kKeyCtrl);
+  HeadlessInput::typeText("-3");
+  HeadlessInput::clickOn(*box);
+  EXPECT_EQ(numberServer.get(), 0.0);
+}
+
+TEST_F(TextBoxTest, UpAndDownStepTheNumberWithinItsRange) {
+  auto* number = panel->createWidget<NumericTextBox>(
+      NumericTextBox::InitArgs(GlobCreationInfo(XY<int>(100, UifStd::getRowHeight()))), Glob::Below(10));
+  number->setValueRange(0.0, 3.0);
+  number->setDataAdaptor(Zo::Ptr<ValAdaptorBase<WString>>(new ValAdaptor<WString, double>(&numberServer)));
+  HeadlessInput::clickOn(*number);
+  HeadlessInput::key(kKeyUp);
+  EXPECT_EQ(number->getString().str(), L"1");
+  EXPECT_EQ(numberServer.get(), 1.0);
+  HeadlessInput::key(kKeyUp);
+  HeadlessInput::key(kKeyUp);
+  HeadlessInput::key(kKeyUp);
+  EXPECT_EQ(numberServer.get(), 3.0);
+  HeadlessInput::key(kKeyDown);
+  EXPECT_EQ(number->getString().str(), L"2");
+  EXPECT_EQ(numberServer.get(), 2.0);
+}
+
+TEST_F(TextBoxTest, AnObfuscatedBoxDrawsNoneOfItsText) {
+  box->setObfuscatedDisplay(true);
+  box->setString(L"hunter");
+  Zo::Image::Surface const first = HeadlessScreen::windowShot(*panel).clone();
+  box->setString(L"Wqm7#j");
+  Zo::Image::Surface const second = HeadlessScreen::windowShot(*panel).clone();
+  EXPECT_EQ(Zo::Image::Surface::maxChannelDifference(first, second), 0);
+  // The same secrets shown plainly do differ, so the pictures above are of
+  // the text.
+  box->setObfuscatedDisplay(false);
+  Zo::Image::Surface const plain = HeadlessScreen::windowShot(*panel).clone();
+  EXPECT_GT(Zo::Image::Surface::maxChannelDifference(second, plain), 0);
+}
+
+TEST_F(TextBoxTest, AnObfuscatedBoxKeepsItsTextOffTheClipboard) {
+  OS().setClipboardText(L"before");
+  box->setObfuscatedDisplay(true);
+  typeInto(*box, "secret");
+  HeadlessInput::key('a', kKeyCtrl);
+  HeadlessInput::key('c', kKeyCtrl);
+  HeadlessInput::key('x', kKeyCtrl);
+  EXPECT_EQ(OS().clipboardText().str(), L"before");
+  EXPECT_EQ(box->getString().str(), L"secret");
+}
+
+TEST_F(TextBoxTest, TheShowPasswordControlRevealsTheText) {
+  box->setObfuscatedDisplay(true);
+  box->setShowPasswordControl(true);
+  box->setString(L"hunter");
+  Zo::Image::Surface const hidden = HeadlessScreen::windowShot(*panel).clone();
+  int const eye = box->getFieldBox().x1 - box->height() / 2;
+  HeadlessInput::clickOn(*box, XY<int>(eye, box->height() / 2));
+  EXPECT_TRUE(box->isPasswordRevealed());
+  EXPECT_GT(Zo::Image::Surface::maxChannelDifference(hidden, HeadlessScreen::windowShot(*panel)), 0);
+  HeadlessInput::clickOn(*box, XY<int>(eye, box->height() / 2));
+  EXPECT_FALSE(box->isPasswordRevealed());
+  EXPECT_EQ(box->getString().str(), L"hunter");
+}
+
+// Whether any pixel of the box's middle row, between two columns, differs
+// from the field's own colour: where text is drawn.
+bool TextBoxTest::drawsBetween(TextBoxBase const& textBox, int x0, int x1) {
+  std::uint32_t const field =
+      widgetPixel(textBox, XY<int>(textBox.getFieldBox().x0 + UifStd::getWidgetGap() / 2, textBox.height() / 2));
+  for (int x = x0; x < x1; ++x)
+    if (widgetPixel(textBox, XY<int>(x, textBox.height() / 2)) != field)
+      return true;
+  return false;
+}
+
+TEST_F(TextBoxTest, AlignmentPlacesTextThatFits) {
+  box->setString(L"WWW");
+  int const half = box->width() / 2;
+  EXPECT_TRUE(drawsBetween(*box, UifStd::getWidgetGap(), half));
+  EXPECT_FALSE(drawsBetween(*box, half, box->width() - UifStd::getWidgetGap()));
+  box->setAlignment(Glib::eTextAlignment::Right);
+  EXPECT_FALSE(drawsBetween(*box, UifStd::getWidgetGap(), half));
+  EXPECT_TRUE(drawsBetween(*box, half, box->width() - UifStd::getWidgetGap()));
+}
+
+TEST_F(TextBoxTest, GhostTextShowsOnlyWhileTheBoxIsEmpty) {
+  int const end = box->width() - UifStd::getWidgetGap();
+  EXPECT_FALSE(drawsBetween(*box, UifStd::getWidgetGap(), end));
+  box->setGhostLabel(L"Search clips");
+  EXPECT_TRUE(drawsBetween(*box, UifStd::getWidgetGap(), end));
+  Zo::Image::Surface const ghost = HeadlessScreen::windowShot(*panel).clone();
+  box->setString(L"x");
+  box->setString(L"");
+  EXPECT_EQ(Zo::Image::Surface::maxChannelDifference(ghost, HeadlessScreen::windowShot(*panel)), 0);
+  box->setString(L"Search clips");
+  EXPECT_GT(Zo::Image::Surface::maxChannelDifference(ghost, HeadlessScreen::windowShot(*panel)), 0);
+}
+
+TEST_F(TextBoxTest, ATitleTextBoxEditsOnlyInItsField) {
+  TitleTextBox::InitArgs args(GlobCreationInfo(XY<int>(300, UifStd::getRowHeight())));
+  args.title = L"Name";
+  args.titleWidth = 80;
+  auto* titled = panel->createWidget<TitleTextBox>(args, Glob::Below(10));
+  EXPECT_EQ(titled->getFieldBox(), Zo::Box<int>(80, 0, 300, UifStd::getRowHeight()));
+  std::wstring const text = L"alpha beta";
+  typeInto(*titled, "alpha beta");
+  HeadlessInput::doubleClick(HeadlessInput::pointOn(*titled, boundary(*titled, text, 2)));
+  EXPECT_EQ(titled->editor().selectedText(), L"alpha");
+}
+
+TEST_F(TextBoxTest, TheCaretStaysInViewInALongText) {
+  std::string const longText(80, 'm');
+  typeInto(*box, longText);
+  Zo::Image::Surface const atEnd = HeadlessScreen::windowShot(*panel).clone();
+  HeadlessInput::key(kKeyHome);
+  EXPECT_EQ(box->editor().caret(), 0u);
+  // Back at the start the text scrolls, so the picture changes.
+  EXPECT_GT(Zo::Image::Surface::maxChannelDifference(atEnd, HeadlessScreen::windowShot(*panel)), 0);
+  // Scrolled to the end, the left edge shows characters far from the start.
+  HeadlessInput::key(kKeyEnd);
+  HeadlessInput::click(HeadlessInput::pointOn(*box, XY<int>(UifStd::getWidgetGap(), box->height() / 2)));
+  EXPECT_GT(box->editor().caret(), 40u);
+}
+
+} // namespace
+
+TEST(TextBoxSurround, TheLightInsetSurroundIsTheEdgeWidthAtEveryScale) {
+  UifStd::setScale(1.0);
+  EXPECT_EQ(TextBoxBase::getLightInsetSurround(), WidgetSurround::all(1));
+  UifStd::setScale(2.0);
+  EXPECT_EQ(TextBoxBase::getLightInsetSurround(), WidgetSurround::all(2));
+  UifStd::setScale(1.0);
+}

@@ -1,0 +1,216 @@
+#include <zowidgets/host/events/Event.h>
+#include <zowidgets/host/widgets/text/TextEditCore.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+TextEditCore editorWith(std::wstring_view text, std::size_t caret) {
+  TextEditCore editor;
+  editor.setText(text);
+  editor.setCaret(caret);
+  return editor;
+}
+
+TEST(TextEditCore, SetTextPutsTheCaretAtTheEndWithNothingSelected) {
+  TextEditCore editor;
+  editor.setText(L"clip one");
+  EXPECT_EQ(editor.caret(), 8u);
+  EXPECT_FALSE(editor.hasSelection());
+}
+
+TEST(TextEditCore, WordRightStopsAtTheStartOfTheNextWord) {
+  TextEditCore editor = editorWith(L"red  green, blue", 0);
+  editor.moveWordRight(false);
+  EXPECT_EQ(editor.caret(), 5u);
+  editor.moveWordRight(false);
+  EXPECT_EQ(editor.caret(), 12u);
+  editor.moveWordRight(false);
+  EXPECT_EQ(editor.caret(), 16u);
+  editor.moveWordRight(false);
+  EXPECT_EQ(editor.caret(), 16u);
+}
+
+TEST(TextEditCore, WordLeftStopsAtTheStartOfTheWordBefore) {
+  TextEditCore editor = editorWith(L"red  green, blue", 16);
+  editor.moveWordLeft(false);
+  EXPECT_EQ(editor.caret(), 12u);
+  editor.moveWordLeft(false);
+  EXPECT_EQ(editor.caret(), 5u);
+  editor.setCaret(7);
+  editor.moveWordLeft(false);
+  EXPECT_EQ(editor.caret(), 5u);
+  editor.moveWordLeft(false);
+  EXPECT_EQ(editor.caret(), 0u);
+  editor.moveWordLeft(false);
+  EXPECT_EQ(editor.caret(), 0u);
+}
+
+TEST(TextEditCore, ExtendingMovesKeepTheAnchor) {
+  TextEditCore editor = editorWith(L"take_2 final", 0);
+  editor.moveWordRight(true);
+  EXPECT_EQ(editor.selectedText(), L"take_2 ");
+  editor.moveLeft(true);
+  EXPECT_EQ(editor.selectedText(), L"take_2");
+  editor.moveEnd(true);
+  EXPECT_EQ(editor.selectedText(), L"take_2 final");
+  EXPECT_EQ(editor.anchor(), 0u);
+}
+
+TEST(TextEditCore, PlainArrowsCollapseASelectionToItsNearEnd) {
+  TextEditCore editor = editorWith(L"abcdef", 1);
+  editor.setCaret(4, true);
+  editor.moveLeft(false);
+  EXPECT_EQ(editor.caret(), 1u);
+  EXPECT_FALSE(editor.hasSelection());
+  editor.setCaret(4, true);
+  editor.moveRight(false);
+  EXPECT_EQ(editor.caret(), 4u);
+  EXPECT_FALSE(editor.hasSelection());
+}
+
+TEST(TextEditCore, SelectWordTakesTheWordOrTheRunOfSpaces) {
+  TextEditCore editor = editorWith(L"scene 12   cut", 0);
+  editor.selectWordAt(2);
+  EXPECT_EQ(editor.selectedText(), L"scene");
+  editor.selectWordAt(7);
+  EXPECT_EQ(editor.selectedText(), L"12");
+  editor.selectWordAt(9);
+  EXPECT_EQ(editor.selectedText(), L"   ");
+  editor.selectWordAt(99);
+  EXPECT_EQ(editor.selectedText(), L"cut");
+}
+
+TEST(TextEditCore, TypingReplacesTheSelection) {
+  TextEditCore editor = editorWith(L"old name", 0);
+  editor.setCaret(3, true);
+  EXPECT_TRUE(editor.insert(L"new"));
+  EXPECT_EQ(editor.text(), L"new name");
+  EXPECT_EQ(editor.caret(), 3u);
+}
+
+TEST(TextEditCore, BackspaceAndDeleteRemoveOneCharacterOrTheSelection) {
+  TextEditCore editor = editorWith(L"abcd", 2);
+  EXPECT_TRUE(editor.deleteBackward());
+  EXPECT_EQ(editor.text(), L"acd");
+  EXPECT_TRUE(editor.deleteForward());
+  EXPECT_EQ(editor.text(), L"ad");
+  editor.setCaret(0);
+  EXPECT_FALSE(editor.deleteBackward());
+  editor.selectAll();
+  EXPECT_TRUE(editor.deleteForward());
+  EXPECT_EQ(editor.text(), L"");
+}
+
+TEST(TextEditCore, OnlyAllowedCharactersEnter) {
+  TextEditCore editor;
+  editor.setCharacters(L"0123456789", TextEditCore::kOnlyAllowed);
+  EXPECT_TRUE(editor.insert(L"a1b2"));
+  EXPECT_EQ(editor.text(), L"12");
+  EXPECT_FALSE(editor.insert(L"xyz"));
+}
+
+TEST(TextEditCore, RefusedCharactersStayOut) {
+  TextEditCore editor;
+  editor.setCharacters(L"/\\:", TextEditCore::kNotAllowed);
+  editor.insert(L"a/b:c");
+  EXPECT_EQ(editor.text(), L"abc");
+}
+
+TEST(TextEditCore, ControlCharactersNeverEnter) {
+  TextEditCore editor;
+  editor.insert(L"one\ntwo\t");
+  EXPECT_EQ(editor.text(), L"onetwo");
+}
+
+TEST(TextEditCore, TheSizeLimitCutsWhatIsTyped) {
+  TextEditCore editor;
+  editor.setSizeLimit(4);
+  editor.insert(L"abcdef");
+  EXPECT_EQ(editor.text(), L"abcd");
+  EXPECT_FALSE(editor.insert(L"x"));
+  // Replacing a selection frees its room first.
+  editor.setCaret(1);
+  editor.setCaret(3, true);
+  EXPECT_TRUE(editor.insert(L"XYZ"));
+  EXPECT_EQ(editor.text(), L"aXYd");
+}
+
+} // namespace
+
+namespace {
+
+struct CommonKeys : ::testing::Test {
+  TextEditCore editor;
+  std::vector<std::string> done;
+  TextEditCore::KeyActions actions{[this] { done.push_back("caret"); }, [this] { done.push_back("edited"); },
+                                   [this] { done.push_back("copy"); }, [this] { done.push_back("paste"); }, true};
+  void SetUp() override { editor.setText(L"one two"); }
+};
+
+TEST_F(CommonKeys, ArrowsMoveByCharacterOrWordAndSayTheCaretMoved) {
+  EXPECT_EQ(editor.applyCommonKey(kKeyLeft, true, actions), 1);
+  EXPECT_EQ(editor.caret(), 6u);
+  EXPECT_EQ(editor.applyCommonKey(kKeyLeft | kKeyCtrl | kKeyShift, true, actions), 1);
+  EXPECT_EQ(editor.caret(), 4u);
+  EXPECT_EQ(editor.anchor(), 6u);
+  EXPECT_EQ(done, (std::vector<std::string>{"caret", "caret"}));
+}
+
+TEST_F(CommonKeys, DeletionNeedsAnEditableBoxAndAChange) {
+  EXPECT_EQ(editor.applyCommonKey(kKeyBackspace, false, actions), 1);
+  EXPECT_EQ(editor.text(), L"one two");
+  EXPECT_EQ(editor.applyCommonKey(kKeyBackspace, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"one tw");
+  EXPECT_EQ(editor.applyCommonKey(kKeyDelete, true, actions), 1); // at the end: nothing to delete
+  EXPECT_EQ(done, std::vector<std::string>{"edited"});
+}
+
+TEST_F(CommonKeys, ClipboardKeysAskTheEditorAndCutOnlyWhereAllowed) {
+  EXPECT_EQ(editor.applyCommonKey('a' | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.selectedText(), L"one two");
+  EXPECT_EQ(editor.applyCommonKey('C' | kKeyCmd, true, actions), 1);
+  actions.mayCut = false;
+  EXPECT_EQ(editor.applyCommonKey('x' | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"one two");
+  actions.mayCut = true;
+  EXPECT_EQ(editor.applyCommonKey('x' | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"");
+  EXPECT_EQ(editor.applyCommonKey('v' | kKeyCtrl, false, actions), 1);
+  EXPECT_EQ(editor.applyCommonKey('v' | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(done, (std::vector<std::string>{"caret", "copy", "copy", "copy", "edited", "paste"}));
+}
+
+TEST_F(CommonKeys, OtherKeysAreTheEditorsOwn) {
+  EXPECT_EQ(editor.applyCommonKey('q' | kKeyCtrl, true, actions), 0);
+  EXPECT_EQ(editor.applyCommonKey('q', true, actions), -1);
+  EXPECT_EQ(editor.applyCommonKey(kKeyHome, true, actions), -1);
+  EXPECT_EQ(editor.applyCommonKey(kKeyReturn, true, actions), -1);
+  EXPECT_TRUE(done.empty());
+}
+
+} // namespace
+
+namespace {
+
+TEST(TextEditCorePress, ASinglePressPlacesTheCaretAndMayDrag) {
+  TextEditCore editor;
+  editor.setText(L"one two");
+  EXPECT_TRUE(editor.pressAt(5, 1, false));
+  EXPECT_EQ(editor.caret(), 5u);
+  EXPECT_FALSE(editor.hasSelection());
+  EXPECT_TRUE(editor.pressAt(1, 1, true));
+  EXPECT_EQ(editor.selectedText(), L"ne t");
+}
+
+TEST(TextEditCorePress, ADoubleClickSelectsTheWordAndStartsNoDrag) {
+  TextEditCore editor;
+  editor.setText(L"one two");
+  EXPECT_FALSE(editor.pressAt(5, 2, false));
+  EXPECT_EQ(editor.selectedText(), L"two");
+}
+
+} // namespace
