@@ -1,9 +1,9 @@
 #pragma once
 
 #include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
-#include <zowidgets/values/params/ChoiceParam.h>
-#include <zowidgets/values/notify/ValClient.h>
 #include <zowidgets/values/binding/ValWidget.h>
+#include <zowidgets/values/notify/ValClient.h>
+#include <zowidgets/values/params/ChoiceParam.h>
 
 #include <map>
 #include <vector>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/builder/TitledGlob.h>
-#include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 class NumericTextBox;
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <zowidgets/host/widgets/text/TextBoxBase.h>
-#include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/TitleGlob.h>
+#include <zowidgets/host/widgets/text/TextBoxBase.h>
 
 #include <algorithm>
 

@@ -2,10 +2,10 @@
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/TitledGlob.h>
 #include <zowidgets/builder/UIBuilderParams.h>
-#include <zowidgets/host/widgets/buttons/Button.h>
-#include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
-#include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
 #include <zowidgets/values/params/Params.h>
 
 #include <algorithm>

@@ -4,8 +4,8 @@
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/DataConvert.h>
 #include <zowidgets/host/base/JSON.h>
-#include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/values/params/Params.h>
 
 #include <cstdlib>

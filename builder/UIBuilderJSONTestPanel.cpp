@@ -1,12 +1,12 @@
 #include <zowidgets/builder/UIBuilderJSONTestPanel.h>
-#include <zowidgets/host/toolkit/Canvas.h>
-#include <zowidgets/host/shell/Command.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/base/JSON.h>
-#include <zowidgets/host/widgets/text/MultiLineTextBox.h>
-#include <zowidgets/host/widgets/buttons/PushButton.h>
-#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/text/MultiLineTextBox.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 namespace {
 

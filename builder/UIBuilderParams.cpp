@@ -1,7 +1,7 @@
 #include <zowidgets/builder/BuilderRules.h>
 #include <zowidgets/builder/UIBuilderParams.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/base/configb.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 UIBuilder::Params::Params(ParamList const& params, WidgetMap const& widgets,
                           std::vector<Zo::Ptr<iPostCondition>> const& postConditions)

@@ -2,8 +2,8 @@
 
 #include <zowidgets/builder/UIBuilder.h>
 #include <zowidgets/host/base/NotifyMsg.h>
-#include <zowidgets/values/params/ActionParam.h>
 #include <zowidgets/values/notify/Callback.h>
+#include <zowidgets/values/params/ActionParam.h>
 
 // What stays of a build: the parameters, the rows and the post-conditions.
 // It tells its listeners of every change, keeps the rows' activity up to

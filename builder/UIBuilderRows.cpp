@@ -1,18 +1,18 @@
 #include <zowidgets/builder/ChoiceParamHost.h>
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/SliderParamHost.h>
-#include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/drawing/HTMLRenderer.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/panels/WidgetGroup.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
-#include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
-#include <zowidgets/host/widgets/popups/Tooltip.h>
-#include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/WidgetGroup.h>
-#include <zowidgets/values/params/Params.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
+#include <zowidgets/values/params/Params.h>
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include <zowidgets/builder/UIBuilderTestPanel.h>
-#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/values/params/Params.h>

@@ -6,11 +6,11 @@
 #include <zowidgets/colour/ComponentTextBox.h>
 #include <zowidgets/colour/EyeDropper.h>
 #include <zowidgets/colour/HSColourWheel.h>
-#include <zowidgets/host/widgets/buttons/Button.h>
-#include <zowidgets/host/widgets/values/Slider.h>
-#include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/WidgetGroup.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 namespace {
 

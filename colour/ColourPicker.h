@@ -2,8 +2,8 @@
 
 #include <zowidgets/containers/DropDownMessages.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
-#include <zowidgets/values/notify/Broadcaster.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
+#include <zowidgets/values/notify/Broadcaster.h>
 
 class ComponentTextBox;
 class HSColourWheel;

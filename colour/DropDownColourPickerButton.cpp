@@ -1,7 +1,7 @@
 #include <zowidgets/colour/DropDownColourPickerButton.h>
 
-#include <zowidgets/host/widgets/values/ColourSwatch.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/values/ColourSwatch.h>
 
 DropDownColourPickerButton::DropDownColourPickerButton(InitArgs const& args)
     : DropDownButton2<ColourPicker>(args), Broadcaster<ColourPickerEvent>(args.callback) {

@@ -5,8 +5,8 @@
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
-#include <zowidgets/host/widgets/popups/Tooltip.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
 
 #include <algorithm>
 

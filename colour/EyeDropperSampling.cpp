@@ -1,7 +1,7 @@
 #include <zowidgets/colour/EyeDropperSampling.h>
 #include <zowidgets/colour/MagnifyTool.h>
-#include <zowidgets/host/drawing/ColourData.h>
 #include <zowidgets/host/base/DataConvert.h>
+#include <zowidgets/host/drawing/ColourData.h>
 #include <zowidgets/host/shell/MediaServices.h>
 #include <zowidgets/host/shell/OS.h>
 

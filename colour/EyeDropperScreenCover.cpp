@@ -1,9 +1,9 @@
 #include <zowidgets/colour/EyeDropperScreenCover.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/shell/MediaServices.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 
 namespace {
 

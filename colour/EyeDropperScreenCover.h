@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
+#include <zowidgets/host/toolkit/Glob.h>
 
 // A window over the whole screen showing what the screen showed when it was
 // made, while the eye dropper captures the mouse: presses anywhere land on

@@ -1,6 +1,6 @@
 #include <zowidgets/colour/HSColourWheel.h>
-#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>

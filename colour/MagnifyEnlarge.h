@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/drawing/ImageSurface.h>
 #include <zowidgets/host/base/XY.h>
+#include <zowidgets/host/drawing/ImageSurface.h>
 
 #include <cstdint>
 

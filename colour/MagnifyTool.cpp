@@ -2,14 +2,14 @@
 #include <zowidgets/colour/MagnifyTool.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/shell/Command.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
-#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/shell/MediaServices.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
-#include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <zowidgets/containers/DropDownMessages.h>
-#include <zowidgets/host/widgets/buttons/Button.h>
-#include <zowidgets/host/toolkit/Canvas.h>
-#include <zowidgets/host/widgets/popups/DropDownButtonBase.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
+#include <zowidgets/host/widgets/popups/DropDownButtonBase.h>
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/widgets/popups/DropDownHostBase.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/popups/DropDownHostBase.h>
 
 // A drop-down window holding one panel of type T, made from T::InitArgs
 // (which derives from GlobCreationInfo) and placed in the user area.

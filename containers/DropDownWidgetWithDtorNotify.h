@@ -2,10 +2,10 @@
 
 #include <zowidgets/containers/DropDownMessages.h>
 #include <zowidgets/host/toolkit/Canvas.h>
-#include <zowidgets/host/widgets/popups/DropDownButtonBase.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/popups/DropDownButtonBase.h>
 
 #include <cmath>
 

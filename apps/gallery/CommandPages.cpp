@@ -4,8 +4,8 @@
 
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
-#include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <algorithm>
 #include <cstdio>

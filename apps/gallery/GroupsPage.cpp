@@ -3,10 +3,10 @@
 #include "PageLayout.h"
 
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
-#include <zowidgets/host/widgets/values/Slider.h>
-#include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/widgets/panels/WidgetGroup.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 namespace {
 

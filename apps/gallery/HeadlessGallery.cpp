@@ -3,8 +3,8 @@
 #include "HtmlIndex.h"
 #include "PageWindows.h"
 
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <chrono>

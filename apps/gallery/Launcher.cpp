@@ -2,12 +2,12 @@
 
 #include "PageLayout.h"
 
-#include <zowidgets/host/toolkit/GlobManager.h>
-#include <zowidgets/host/widgets/buttons/PushButton.h>
-#include <zowidgets/host/shell/ScreenBackend.h>
-#include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/display/DisplayScreen.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 
 #include <algorithm>
 #include <chrono>

@@ -1,8 +1,8 @@
 #include "PageWindows.h"
 
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 
 #include <algorithm>
 

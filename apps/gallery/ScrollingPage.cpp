@@ -2,9 +2,9 @@
 #include "PageLayout.h"
 
 #include <zowidgets/host/toolkit/GlobManager.h>
-#include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 #include <string>
 

@@ -2,9 +2,9 @@
 #include "GalleryModel.h"
 #include "PageLayout.h"
 
+#include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
-#include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
 
 namespace {

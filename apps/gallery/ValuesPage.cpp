@@ -2,12 +2,12 @@
 #include "GalleryModel.h"
 #include "PageLayout.h"
 
-#include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/drawing/Palette.h>
-#include <zowidgets/host/widgets/values/Slider.h>
-#include <zowidgets/host/widgets/text/TextLabel.h>
-#include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/TitleGlob.h>
+#include <zowidgets/host/widgets/text/NumericTextBox.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 namespace {
 

@@ -5,15 +5,15 @@
 #include "HtmlIndex.h"
 #include "PageWindows.h"
 
-#include <zowidgets/host/widgets/buttons/Checkbox.h>
-#include <zowidgets/host/shell/Command.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
-#include <zowidgets/host/widgets/panels/StandardPanel.h>
-#include <zowidgets/host/widgets/text/TextLabel.h>
-#include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
+#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <gtest/gtest.h>
 

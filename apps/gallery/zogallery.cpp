@@ -6,9 +6,9 @@
 #include "Launcher.h"
 #include "PageWindows.h"
 
+#include <zowidgets/host/display/BackendChoice.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/display/BackendChoice.h>
 
 #include <charconv>
 #include <filesystem>

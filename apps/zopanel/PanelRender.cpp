@@ -1,7 +1,7 @@
 #include "PanelRender.h"
 
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/base/JSON.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <cmath>

@@ -10,10 +10,10 @@
 #include "PanelDump.h"
 #include "PanelRender.h"
 
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/events/MessageQueue.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <cerrno>
 #include <cstring>

@@ -11,12 +11,12 @@
 #include "QtApplication.h"
 
 #include <zowidgets/builder/UIBuilderParams.h>
-#include <zowidgets/host/toolkit/Canvas.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/base/JSON.h>
 #include <zowidgets/host/events/MessageQueue.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/values/params/Params.h>
 
 #include <QtGui/QPixmap>

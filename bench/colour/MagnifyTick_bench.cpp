@@ -7,13 +7,13 @@
 
 #include <zowidgets/colour/MagnifyTool.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
-#include <zowidgets/host/toolkit/InputRouter.h>
-#include <zowidgets/host/shell/MediaServices.h>
-#include <zowidgets/host/shell/OS.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/shell/MediaServices.h>
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <benchmark/benchmark.h>
 

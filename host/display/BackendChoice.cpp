@@ -1,9 +1,9 @@
-#include <zowidgets/host/shell/OS.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/display/BackendChoice.h>
 #include <zowidgets/host/display/DisplayScreen.h>
 #include <zowidgets/host/display/detail/DisplayShell.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <cstdlib>
 #include <iostream>

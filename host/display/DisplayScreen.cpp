@@ -1,11 +1,11 @@
-#include <zowidgets/host/toolkit/Canvas.h>
-#include <zowidgets/host/events/Event.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
-#include <zowidgets/host/toolkit/InputRouter.h>
-#include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/display/DisplayScreen.h>
 #include <zowidgets/host/display/detail/NativeWindow.h>
 #include <zowidgets/host/display/detail/X11Screen.h>
+#include <zowidgets/host/events/Event.h>
+#include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
 
 #include <SDL.h>
 

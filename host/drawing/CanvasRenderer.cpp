@@ -1,8 +1,8 @@
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 
+#include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/drawing/detail/PixelCompositor.h>
 #include <zowidgets/host/drawing/detail/RoundedBoxes.h>
-#include <zowidgets/host/drawing/TextLayout.h>
 
 #include <cairo.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/base/DataConvert.h>
 #include <zowidgets/host/base/LightweightString.h>
+#include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/NormalisedRGB.h>
 
 #include <array>

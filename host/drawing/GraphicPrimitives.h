@@ -1,11 +1,11 @@
 #pragma once
 
 #include <zowidgets/host/base/Box.h>
+#include <zowidgets/host/base/LightweightString.h>
+#include <zowidgets/host/base/Ptr.h>
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/Fonts.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
-#include <zowidgets/host/base/LightweightString.h>
-#include <zowidgets/host/base/Ptr.h>
 
 #include <vector>
 

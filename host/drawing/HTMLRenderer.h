@@ -1,9 +1,9 @@
 #pragma once
 
 #include <zowidgets/host/base/Box.h>
+#include <zowidgets/host/base/LightweightString.h>
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/Fonts.h>
-#include <zowidgets/host/base/LightweightString.h>
 
 #include <cstddef>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/base/LightweightString.h>
+#include <zowidgets/host/drawing/Colour.h>
 
 #include <optional>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/base/IdStamp.h>
+#include <zowidgets/host/events/Event.h>
 
 // Receiver of queued messages. Every live handler is in a process-wide
 // registry with its stamp, so a queued message for a handler that has died, or

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/events/EventHandler.h>
 #include <zowidgets/host/base/ExecutableAction.h>
+#include <zowidgets/host/events/EventHandler.h>
 
 #include <chrono>
 #include <cstddef>

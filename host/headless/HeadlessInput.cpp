@@ -1,6 +1,6 @@
+#include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
-#include <zowidgets/host/headless/HeadlessInput.h>
 
 namespace HeadlessInput {
 

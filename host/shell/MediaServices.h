@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/host/base/Box.h>
-#include <zowidgets/host/drawing/ImageSurface.h>
 #include <zowidgets/host/base/Ptr.h>
+#include <zowidgets/host/drawing/ImageSurface.h>
 
 // A copy of part of the screen, as the eye dropper and magnifier read it.
 class ZO_API iHostImage : public iObject {

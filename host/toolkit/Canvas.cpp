@@ -1,8 +1,8 @@
-#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/Glob.h>
 
 #include <algorithm>
 

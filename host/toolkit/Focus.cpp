@@ -1,7 +1,7 @@
-#include <zowidgets/host/toolkit/Glob.h>
-#include <zowidgets/host/toolkit/detail/GlobRegistry.h>
-#include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/events/Timer.h>
+#include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/TabOrderManager.h>
+#include <zowidgets/host/toolkit/detail/GlobRegistry.h>
 
 #include <algorithm>
 

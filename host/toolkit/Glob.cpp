@@ -1,7 +1,7 @@
+#include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/detail/GlobRegistry.h>
-#include <zowidgets/host/drawing/Palette.h>
 
 #include <algorithm>
 #include <cstring>

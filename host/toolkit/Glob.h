@@ -2,11 +2,11 @@
 
 #include <zowidgets/host/base/Box.h>
 #include <zowidgets/host/base/DataChange.h>
-#include <zowidgets/host/toolkit/Drawable.h>
+#include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/events/EventHandler.h>
+#include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/host/toolkit/GlobCreationInfo.h>
-#include <zowidgets/host/base/UIString.h>
 
 #include <functional>
 #include <memory>

@@ -1,5 +1,5 @@
-#include <zowidgets/host/toolkit/GlobCreationInfo.h>
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/toolkit/GlobCreationInfo.h>
 
 GlobCreationInfo::GlobCreationInfo() = default;
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/host/base/LightweightString.h>
-#include <zowidgets/host/toolkit/WidgetPosition.h>
 #include <zowidgets/host/base/configb.h>
+#include <zowidgets/host/toolkit/WidgetPosition.h>
 
 #include <memory>
 

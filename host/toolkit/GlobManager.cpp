@@ -1,10 +1,10 @@
-#include <zowidgets/host/toolkit/Canvas.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
-#include <zowidgets/host/toolkit/detail/GlobRegistry.h>
-#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/toolkit/detail/GlobRegistry.h>
 
 #include <algorithm>
 #include <map>

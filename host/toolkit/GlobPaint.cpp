@@ -1,8 +1,8 @@
-#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/Glob.h>
 
 XY<int> Glob::screenPosition() const {
   Canvas* own = canvas();

@@ -4,12 +4,12 @@
 #include <zowidgets/builder/TitledGlob.h>
 #include <zowidgets/builder/UIBuilderJSONTestPanel.h>
 #include <zowidgets/builder/UIBuilderTestPanel.h>
-#include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/shell/Command.h>
-#include <zowidgets/host/widgets/text/MultiLineTextBox.h>
-#include <zowidgets/host/widgets/buttons/PushButton.h>
-#include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/text/MultiLineTextBox.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 using namespace BuilderTest;
 

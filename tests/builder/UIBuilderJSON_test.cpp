@@ -2,13 +2,13 @@
 
 #include <zowidgets/builder/ChoiceParamHost.h>
 #include <zowidgets/builder/SliderParamHost.h>
+#include <zowidgets/host/base/JSON.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
-#include <zowidgets/host/base/JSON.h>
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 
 using namespace BuilderTest;
 

@@ -4,11 +4,11 @@
 #include <zowidgets/builder/ChoiceParamHost.h>
 #include <zowidgets/builder/SliderParamHost.h>
 #include <zowidgets/builder/TitledGlob.h>
-#include <zowidgets/host/widgets/buttons/Checkbox.h>
-#include <zowidgets/host/widgets/text/NumericTextBox.h>
-#include <zowidgets/host/widgets/buttons/PushButton.h>
-#include <zowidgets/host/widgets/text/TitleTextBox.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/text/NumericTextBox.h>
+#include <zowidgets/host/widgets/text/TitleTextBox.h>
 
 using namespace BuilderTest;
 

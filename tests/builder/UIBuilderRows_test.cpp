@@ -3,14 +3,14 @@
 #include <zowidgets/builder/ChoiceParamHost.h>
 #include <zowidgets/builder/SliderParamHost.h>
 #include <zowidgets/builder/TitledGlob.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/panels/WidgetGroup.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
-#include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
-#include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/WidgetGroup.h>
 
 using namespace BuilderTest;
 

@@ -7,8 +7,8 @@
 #include <zowidgets/colour/HSColourWheel.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
-#include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 #include <cmath>
 #include <cwchar>

@@ -6,9 +6,9 @@
 #include <zowidgets/colour/EyeDropper.h>
 #include <zowidgets/colour/HSColourWheel.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/widgets/values/ColourSwatch.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/values/ColourSwatch.h>
 
 #include <cmath>
 #include <string>

@@ -5,8 +5,8 @@
 #include <zowidgets/colour/MagnifyTool.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/ColourData.h>
-#include <zowidgets/host/widgets/popups/Tooltip.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
 
 #include <cmath>
 #include <filesystem>

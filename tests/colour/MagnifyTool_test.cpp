@@ -3,11 +3,11 @@
 #include <zowidgets/colour/MagnifyTool.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/events/Clock.h>
+#include <zowidgets/host/events/Timer.h>
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/shell/Preferences.h>
-#include <zowidgets/host/widgets/values/Slider.h>
-#include <zowidgets/host/events/Timer.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 #include <cstdlib>
 #include <filesystem>

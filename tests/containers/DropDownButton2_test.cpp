@@ -1,10 +1,10 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/containers/DropDownButton2.h>
-#include <zowidgets/host/widgets/values/ColourSwatch.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
-#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/values/ColourSwatch.h>
 
 #include <array>
 #include <string>

@@ -1,9 +1,9 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/containers/DropDownButtonEx.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <string>
 #include <vector>

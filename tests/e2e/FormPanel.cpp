@@ -4,9 +4,9 @@
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/SliderParamHost.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/values/params/Params.h>
 
 #include <sstream>

@@ -1,9 +1,9 @@
 #include "InputProbe.h"
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 InputProbe::InputProbe(XY<int> size) : Glob(GlobCreationInfo(size)) { setCanBeIt(true); }

@@ -2,14 +2,14 @@
 
 #include <zowidgets/colour/EyeDropper.h>
 #include <zowidgets/colour/MagnifyTool.h>
-#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/drawing/ColourData.h>
 #include <zowidgets/host/shell/Command.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
-#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/shell/MediaServices.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/shell/Preferences.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>

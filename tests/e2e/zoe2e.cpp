@@ -24,17 +24,17 @@
 #include "PickerPanel.h"
 #include "ScreenToolsPanel.h"
 
+#include <zowidgets/host/display/BackendChoice.h>
+#include <zowidgets/host/display/DisplayScreen.h>
+#include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/shell/MediaServices.h>
+#include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
-#include <zowidgets/host/shell/MediaServices.h>
-#include <zowidgets/host/events/MessageQueue.h>
-#include <zowidgets/host/shell/OS.h>
-#include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/display/BackendChoice.h>
-#include <zowidgets/host/display/DisplayScreen.h>
-#include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 
 #include <chrono>
 #include <cstdio>

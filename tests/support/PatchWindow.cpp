@@ -1,8 +1,8 @@
 #include "support/PatchWindow.h"
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 
 namespace {
 

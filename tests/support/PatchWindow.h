@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/host/drawing/Colour.h>
-#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
+#include <zowidgets/host/toolkit/Glob.h>
 
 #include <cstdint>
 #include <functional>

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/headless/HeadlessInput.h>
+#include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
-#include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
-#include <zowidgets/host/headless/HeadlessInput.h>
-#include <zowidgets/host/headless/HeadlessScreen.h>
 
 #include <gtest/gtest.h>
 

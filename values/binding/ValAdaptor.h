@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/host/base/DataConvert.h>
-#include <zowidgets/values/notify/ValClient.h>
 #include <zowidgets/values/binding/ValWidget.h>
+#include <zowidgets/values/notify/ValClient.h>
 
 // How a ValAdaptor<A,B> converts: toData for a widget's edit, toWidget for
 // showing the data. Only the pairings below exist.

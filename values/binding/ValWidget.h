@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/host/base/DataChange.h>
-#include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/host/base/LightweightString.h>
+#include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/values/binding/WidgetBase.h>
 
 #include <vector>

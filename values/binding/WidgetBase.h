@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/base/Ptr.h>
+#include <zowidgets/host/toolkit/Glob.h>
 
 #include <set>
 

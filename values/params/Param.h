@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/host/base/DataConvert.h>
-#include <zowidgets/values/params/GenericParam.h>
 #include <zowidgets/values/notify/ValServer.h>
+#include <zowidgets/values/params/GenericParam.h>
 
 namespace GenericParam {
 

@@ -3,8 +3,8 @@
 #include <zowidgets/host/base/Box.h>
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/Palette.h>
-#include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 
 #include <string>
 

@@ -3,8 +3,8 @@
 #include "SettingsPanelLook.h"
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/toolkit/Glob.h>
 
 // One row of the benchmark's settings panel, drawn as a settings row draws
 // itself: label, slider track and knob, value box with its number.

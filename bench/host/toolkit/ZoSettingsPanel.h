@@ -3,9 +3,9 @@
 #include "SettingsPanelLook.h"
 #include "SettingsRow.h"
 
+#include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
-#include <zowidgets/host/headless/HeadlessScreen.h>
 
 #include <algorithm>
 #include <cstdint>

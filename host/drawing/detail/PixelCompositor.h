@@ -1,10 +1,10 @@
 #pragma once
 
-#include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/base/Export.h>
+#include <zowidgets/host/base/XY.h>
+#include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
-#include <zowidgets/host/base/XY.h>
 
 #include <cstdint>
 #include <vector>

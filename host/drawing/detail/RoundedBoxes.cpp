@@ -1,7 +1,7 @@
 #include <zowidgets/host/drawing/detail/RoundedBoxes.h>
 
-#include <zowidgets/host/drawing/detail/CoverageMask.h>
 #include <zowidgets/host/base/detail/LruCache.h>
+#include <zowidgets/host/drawing/detail/CoverageMask.h>
 
 #include <cairo.h>
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/Fonts.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
-#include <zowidgets/host/base/UIString.h>
-#include <zowidgets/values/notify/Broadcaster.h>
 #include <zowidgets/values/binding/ValWidget.h>
+#include <zowidgets/values/notify/Broadcaster.h>
 
 class Button;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
 
 // The buttons that act when pressed: a plain push button, a link that opens
 // its address through the shell, and a button that runs a named command.

@@ -1,10 +1,10 @@
-#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/Palette.h>
-#include <zowidgets/host/widgets/panels/StandardPanel.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 
 namespace {
 

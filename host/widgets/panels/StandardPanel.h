@@ -1,10 +1,10 @@
 #pragma once
 
+#include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/drawing/Fonts.h>
 #include <zowidgets/host/toolkit/Glob.h>
-#include <zowidgets/host/widgets/popups/Menu.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
-#include <zowidgets/host/base/UIString.h>
+#include <zowidgets/host/widgets/popups/Menu.h>
 
 // A panel: a widget with an optional title bar carrying the standard widgets
 // (close, pin, menu), an optional footer with a "Do it" action, a user area

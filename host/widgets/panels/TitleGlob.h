@@ -1,9 +1,9 @@
 #pragma once
 
-#include <zowidgets/host/drawing/Fonts.h>
-#include <zowidgets/host/toolkit/Glob.h>
-#include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/base/UIString.h>
+#include <zowidgets/host/drawing/Fonts.h>
+#include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/toolkit/Glob.h>
 
 // A row with a legend on the left and one child widget on the right: the
 // base of titled widgets. The child is placed at the right edge, centred

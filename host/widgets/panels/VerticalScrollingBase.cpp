@@ -1,7 +1,7 @@
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/ScrollBar.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/Fonts.h>
 #include <zowidgets/host/toolkit/Glob.h>
-#include <zowidgets/host/base/UIString.h>
 #include <zowidgets/values/notify/Broadcaster.h>
 
 #include <vector>

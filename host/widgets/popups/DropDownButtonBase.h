@@ -1,8 +1,8 @@
 #pragma once
 
+#include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/popups/DropDownHostBase.h>
-#include <zowidgets/host/drawing/Palette.h>
 
 // A latching button that shows a drop-down window beside itself while it is
 // down. It never owns the window: it refers to it through a handle and its

@@ -1,10 +1,10 @@
 #include <zowidgets/host/widgets/popups/Menu.h>
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
-#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/base/UIString.h>
+#include <zowidgets/host/toolkit/Glob.h>
 
 // What a widget's tooltip says.
 struct ZO_API TooltipDetails {

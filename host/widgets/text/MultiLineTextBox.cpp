@@ -1,11 +1,11 @@
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/drawing/Palette.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/ScrollBar.h>
 
 #include <algorithm>
 #include <cmath>

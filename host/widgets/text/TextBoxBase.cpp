@@ -1,8 +1,8 @@
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/widgets/text/TextBoxEvent.h>
 #include <zowidgets/host/widgets/text/TextEditCore.h>
-#include <zowidgets/host/base/UIString.h>
-#include <zowidgets/values/notify/Broadcaster.h>
 #include <zowidgets/values/binding/ValWidget.h>
+#include <zowidgets/values/notify/Broadcaster.h>
 
 #include <vector>
 

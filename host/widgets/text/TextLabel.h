@@ -1,10 +1,10 @@
 #pragma once
 
+#include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/Fonts.h>
-#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
-#include <zowidgets/host/base/UIString.h>
+#include <zowidgets/host/toolkit/Glob.h>
 
 // A line (or, with word wrap, a paragraph) of text that the user reads but
 // does not edit.

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zowidgets/host/drawing/Colour.h>
-#include <zowidgets/values/notify/Broadcaster.h>
 #include <zowidgets/values/binding/ValWidget.h>
+#include <zowidgets/values/notify/Broadcaster.h>
 
 // What a slider tells its listeners: the user moved it, or began or ended a
 // drag. `value` is the value the user asked for.

@@ -16,7 +16,7 @@ constexpr double kTolerance = 1e-9;
 
 std::filesystem::path dataDirectory() {
 #ifdef ZO_SOURCE_DIR
-  return std::filesystem::path(ZO_SOURCE_DIR) / "tests" / "host" / "data";
+  return std::filesystem::path(ZO_SOURCE_DIR) / "tests" / "host" / "drawing" / "data";
 #else
   return std::filesystem::path(__FILE__).parent_path() / "data";
 #endif

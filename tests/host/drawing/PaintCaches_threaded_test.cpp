@@ -3,8 +3,8 @@
 // others fill, use and evict the same caches.
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/drawing/detail/RoundedBoxes.h>
 #include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/drawing/detail/RoundedBoxes.h>
 
 #include "host/drawing/DrawingTestSupport.h"
 

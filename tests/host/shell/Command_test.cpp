@@ -1,6 +1,6 @@
-#include <zowidgets/host/shell/Command.h>
-#include <zowidgets/host/events/EventHandler.h>
 #include <zowidgets/host/drawing/StandardColours.h>
+#include <zowidgets/host/events/EventHandler.h>
+#include <zowidgets/host/shell/Command.h>
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include <zowidgets/host/shell/FilePaths.h>
 #include <zowidgets/host/shell/FileNameRules.h>
+#include <zowidgets/host/shell/FilePaths.h>
 
 #include "host/shell/TempFolder.h"
 

@@ -1,5 +1,5 @@
-#include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/base/configb.h>
+#include <zowidgets/host/shell/Preferences.h>
 
 #include "host/shell/ServicesTestSupport.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zowidgets/host/toolkit/BackgroundTask.h>
 #include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/toolkit/BackgroundTask.h>
 
 #include <atomic>
 #include <chrono>

@@ -1,5 +1,5 @@
-#include <zowidgets/host/toolkit/BackgroundTask.h>
 #include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/toolkit/BackgroundTask.h>
 
 #include "host/toolkit/BackgroundTaskTestSupport.h"
 

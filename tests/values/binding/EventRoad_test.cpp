@@ -2,8 +2,8 @@
 // widget's edit goes through its adaptor to a parameter, through the
 // parameter's constraint, to its handlers and back to every bound widget,
 // with redraws held the whole way.
-#include "values/params/ParamTestSupport.h"
 #include "values/binding/ValueTestSupport.h"
+#include "values/params/ParamTestSupport.h"
 
 #include <gtest/gtest.h>
 

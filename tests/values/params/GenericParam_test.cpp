@@ -1,5 +1,5 @@
-#include "values/params/ParamTestSupport.h"
 #include "values/binding/ValueTestSupport.h"
+#include "values/params/ParamTestSupport.h"
 #include <zowidgets/host/base/ExecutableAction.h>
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #include "support/WidgetTestSupport.h"
 
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <string>
 

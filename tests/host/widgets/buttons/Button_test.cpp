@@ -1,11 +1,11 @@
 #include "support/WidgetTestSupport.h"
 
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/CycleButton.h>
-#include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
 #include <zowidgets/values/notify/ValServer.h>
 

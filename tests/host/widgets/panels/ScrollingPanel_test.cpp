@@ -1,9 +1,9 @@
 #include "support/WidgetTestSupport.h"
 
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
-#include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <string>
 #include <vector>

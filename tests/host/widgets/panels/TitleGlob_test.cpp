@@ -1,9 +1,9 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
-#include <zowidgets/host/widgets/values/Slider.h>
-#include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/TitleGlob.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 #include <cmath>
 

@@ -1,9 +1,9 @@
 #include "support/WidgetTestSupport.h"
 
-#include <zowidgets/host/widgets/values/Slider.h>
-#include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/panels/WidgetGroup.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 namespace {
 

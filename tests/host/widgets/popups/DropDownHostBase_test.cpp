@@ -1,8 +1,8 @@
 #include "support/WidgetTestSupport.h"
 
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/popups/DropDownButtonBase.h>
 #include <zowidgets/host/widgets/popups/DropDownHostBase.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <vector>
 

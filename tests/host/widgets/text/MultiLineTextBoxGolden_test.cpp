@@ -1,9 +1,9 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/drawing/HTMLRenderer.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/drawing/HTMLRenderer.h>
+#include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
-#include <zowidgets/host/shell/OS.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
-#include <zowidgets/host/drawing/TextLayout.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <iterator>
 #include <random>

@@ -1,8 +1,8 @@
 #include "support/WidgetTestSupport.h"
 
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <string>
 

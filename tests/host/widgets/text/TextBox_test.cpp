@@ -1,10 +1,10 @@
 #include "support/WidgetTestSupport.h"
 
-#include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
 #include <zowidgets/values/notify/ValServer.h>
 

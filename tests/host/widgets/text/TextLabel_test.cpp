@@ -1,7 +1,7 @@
 #include "support/WidgetTestSupport.h"
 
-#include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "support/WidgetTestSupport.h"
 
-#include <zowidgets/host/widgets/values/ColourSwatch.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/values/ColourSwatch.h>
 
 namespace {
 

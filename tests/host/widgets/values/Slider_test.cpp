@@ -1,7 +1,7 @@
 #include "support/WidgetTestSupport.h"
 
-#include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
 #include <zowidgets/values/notify/ValServer.h>
 
