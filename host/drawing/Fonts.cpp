@@ -1,6 +1,7 @@
 #include <zowidgets/host/drawing/Fonts.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <memory>
 #include <string_view>
@@ -68,3 +69,32 @@ unsigned mapFontSize(double points, double scale) {
 }
 
 } // namespace Glib
+
+namespace Glib {
+namespace {
+std::atomic<double>& scale() {
+  static std::atomic<double> value{1.0};
+  return value;
+}
+} // namespace
+
+double interfaceScale() { return scale().load(std::memory_order_relaxed); }
+
+void setInterfaceScale(double value) {
+  if (value > 0.0 && std::isfinite(value))
+    scale().store(value, std::memory_order_relaxed);
+}
+} // namespace Glib
+
+int getDefaultFontSize() { return static_cast<int>(Glib::mapFontSize(Glib::kBaseFontSize, Glib::interfaceScale())); }
+
+LightweightString<char> getDefaultFontName(unsigned which) {
+  switch (which) {
+  case 1:
+    return "DejaVu Sans Mono";
+  case 2:
+    return "DejaVu Serif";
+  default:
+    return "DejaVu Sans";
+  }
+}

@@ -58,4 +58,20 @@ ZO_API std::vector<LightweightString<char>> getAvailableFonts();
 // not, gives 0: the default size.
 ZO_API unsigned mapFontSize(double points, double scale = 1.0);
 
+// The size of the interface font at scale 1, in pixels; every layout size
+// of the toolkit derives from it.
+inline constexpr int kBaseFontSize = 13;
+
+// The interface scale: what every size the toolkit draws is multiplied by,
+// fonts first. UifStd::setScale sets it.
+ZO_API double interfaceScale();
+// Scales at or below 0 (or not numbers) are ignored.
+ZO_API void setInterfaceScale(double scale);
+
 } // namespace Glib
+
+// The default font size at the present scale, in pixels.
+ZO_API int getDefaultFontSize();
+// The default families: 0 the interface font, 1 fixed width, 2 serif; other
+// values give the interface font.
+ZO_API LightweightString<char> getDefaultFontName(unsigned which = 0);

@@ -1,9 +1,8 @@
 #include <zowidgets/host/drawing/TextLayout.h>
 
-#include <zowidgets/host/drawing/detail/CoverageMask.h>
 #include <zowidgets/host/base/detail/LruCache.h>
+#include <zowidgets/host/drawing/detail/CoverageMask.h>
 #include <zowidgets/host/drawing/detail/PixelCompositor.h>
-#include <zowidgets/host/toolkit/UifStd.h>
 
 #include <pango/pangocairo.h>
 

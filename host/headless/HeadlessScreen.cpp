@@ -1,6 +1,14 @@
+#include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
-#include <zowidgets/host/headless/HeadlessScreen.h>
+
+namespace {
+// Every program starts on the headless screen until it installs another.
+[[maybe_unused]] bool const madeDefault = (setDefaultScreenBackendMaker([]() -> std::unique_ptr<iScreenBackend> {
+                                             return std::make_unique<HeadlessScreen>();
+                                           }),
+                                           true);
+} // namespace
 
 HeadlessScreen::HeadlessScreen(XY<int> size, double scale) : size_(size), scale_(scale) {}
 

@@ -28,7 +28,11 @@ public:
   virtual Zo::Image::Surface grab(Zo::Box<int> const& area) = 0;
 };
 
-// The backend in use. Until one is installed, a headless screen of the
-// default size.
+// The backend in use. Until one is installed, the default one: the headless
+// screen of the default size, which registers itself as the library loads.
 ZO_API iScreenBackend& screenBackend();
 ZO_API void installScreenBackend(std::unique_ptr<iScreenBackend> backend);
+
+// Makes the backend used when none was installed.
+using ScreenBackendMaker = std::unique_ptr<iScreenBackend> (*)();
+ZO_API void setDefaultScreenBackendMaker(ScreenBackendMaker maker);

@@ -1,9 +1,8 @@
+#include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
-#include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
-#include <zowidgets/host/widgets/popups/Tooltip.h>
 
 #include <algorithm>
 
@@ -20,6 +19,16 @@ struct RouterState {
 RouterState& state() {
   static RouterState instance;
   return instance;
+}
+
+InputRouter::HoverHook& hoverHook() {
+  static InputRouter::HoverHook hook;
+  return hook;
+}
+
+void hoverDismiss() {
+  if (hoverHook().dismiss)
+    hoverHook().dismiss();
 }
 
 GenericNotifier<Event>& mouseListeners() {
@@ -113,7 +122,8 @@ void InputRouter::mouseMoved(XY<int> screen, int modifiers) {
   Glob* target = s.capture ? s.capture : widgetAt(screen);
   if (!s.capture) {
     updateHover(target, screen, modifiers);
-    Tooltips::pointerMoved(target, screen);
+    if (hoverHook().pointerMoved)
+      hoverHook().pointerMoved(target, screen);
   }
   updateCursor(target, screen);
   bubble(target, event);
@@ -128,7 +138,7 @@ void InputRouter::mouseButton(XY<int> screen, int button, bool pressed, int modi
   Event event = mouseEvent(pressed ? Event::kMouseDown : Event::kMouseUp, screen, s.buttons | button, modifiers);
   event.clicks = clicks;
   mouseListeners().issueNotification(event, any());
-  Tooltips::dismiss();
+  hoverDismiss();
   if (interceptedFirst(event))
     return;
   Glob* target = s.capture ? s.capture : widgetAt(screen);
@@ -159,7 +169,7 @@ void InputRouter::mouseWheel(XY<int> screen, int steps, int modifiers) {
 namespace {
 
 void deliverKeyEvent(Event const& event) {
-  Tooltips::dismiss();
+  hoverDismiss();
   if (interceptedFirst(event))
     return;
   Glob* target = get_kbd_focus();
@@ -258,3 +268,5 @@ XY<int> glib_getMousePos() { return state().mouse; }
 Zo::Ptr<Zo::Guard> Glib::addMouseListener(Zo::Ptr<iCallbackBase<int, Event>> const& listener) {
   return mouseListeners().addListener(listener, any());
 }
+
+void InputRouter::setHoverHook(HoverHook hook) { hoverHook() = hook; }

@@ -34,6 +34,15 @@ ZO_API Glob* hoveredWidget();
 ZO_API bool moveFocus(bool forward);
 // A dying widget is forgotten as a target.
 void forget(Glob* widget);
+
+// What shows hints about the widget under the pointer; tooltips install it.
+// `pointerMoved` hears every move the pointer makes while no widget holds
+// it; `dismiss` hears every press and key, before anything else.
+struct HoverHook {
+  void (*pointerMoved)(Glob* under, XY<int> screen) = nullptr;
+  void (*dismiss)() = nullptr;
+};
+ZO_API void setHoverHook(HoverHook hook);
 } // namespace InputRouter
 
 // Widgets that see every mouse and key event first, wherever it happens (the

@@ -50,12 +50,8 @@ UifStd& UifStd::instance() {
   return uifStd;
 }
 
-double UifStd::getScale() { return instance().scale_.load(std::memory_order_relaxed); }
-
-void UifStd::setScale(double scale) {
-  if (scale > 0.0 && std::isfinite(scale))
-    instance().scale_.store(scale, std::memory_order_relaxed);
-}
+double UifStd::getScale() { return Glib::interfaceScale(); }
+void UifStd::setScale(double scale) { Glib::setInterfaceScale(scale); }
 
 int UifStd::getRowHeight() { return scaledMetric(kRowHeightPerFont); }
 int UifStd::getRowGap() { return scaledMetric(kRowGapPerFont); }
@@ -97,17 +93,4 @@ void UifStd::setColourScheme(Palette const& palette) { instance().colourScheme_ 
 int UifStd::getWindowArrangement() { return instance().windowArrangement_.load(std::memory_order_relaxed); }
 void UifStd::setWindowArrangement(int arrangement) {
   instance().windowArrangement_.store(arrangement, std::memory_order_relaxed);
-}
-
-int getDefaultFontSize() { return static_cast<int>(Glib::mapFontSize(UifStd::kBaseFontSize, UifStd::getScale())); }
-
-LightweightString<char> getDefaultFontName(unsigned which) {
-  switch (which) {
-  case 1:
-    return "DejaVu Sans Mono";
-  case 2:
-    return "DejaVu Serif";
-  default:
-    return "DejaVu Sans";
-  }
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/drawing/Fonts.h>
 #include <zowidgets/host/drawing/Palette.h>
-#include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/toolkit/WidgetPosition.h>
 
 #include <atomic>
@@ -44,10 +44,11 @@ private:
 // UifStd::getRowHeight() or UifStd::instance().getRowHeight().
 class ZO_API UifStd {
 public:
-  static constexpr int kBaseFontSize = 13;
+  static constexpr int kBaseFontSize = Glib::kBaseFontSize;
 
   static UifStd& instance();
 
+  // The interface scale, kept with the fonts (Glib::interfaceScale).
   static double getScale();
   // Scales at or below 0 (or not numbers) are ignored.
   static void setScale(double scale);
@@ -82,14 +83,7 @@ public:
 private:
   UifStd() = default;
 
-  std::atomic<double> scale_{1.0};
   std::atomic<int> windowArrangement_{0};
   Theme theme_;
   Palette colourScheme_;
 };
-
-// The default font size at the present scale, in pixels.
-ZO_API int getDefaultFontSize();
-// The default families: 0 the interface font, 1 fixed width, 2 serif; other
-// values give the interface font.
-ZO_API LightweightString<char> getDefaultFontName(unsigned which = 0);

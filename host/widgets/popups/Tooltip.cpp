@@ -1,10 +1,11 @@
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/events/Timer.h>
-#include <zowidgets/host/widgets/popups/Tooltip.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
 
 namespace {
 
@@ -48,6 +49,10 @@ void show() {
 } // namespace
 
 namespace {
+// The input router tells tooltips of every move and press from the start.
+[[maybe_unused]] bool const hooked =
+    (InputRouter::setHoverHook(InputRouter::HoverHook{&Tooltips::pointerMoved, &Tooltips::dismiss}), true);
+
 GlobCreationInfo tooltipInfo(XY<int> size, XY<int> screenPosition) {
   GlobCreationInfo info(size);
   info.setPalette(makePopupPalette(UifStd::getColourScheme()));
