@@ -45,6 +45,19 @@ if(CONFIG)
 endif()
 run_step("Installing" ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix} ${config_args})
 
+# Public headers are installed by room; private ones (detail/) are not.
+set(include_root ${prefix}/include/zowidgets)
+foreach(public_header host/widgets/values/Slider.h values/notify/ValServer.h host/base/Ptr.h)
+  if(NOT EXISTS ${include_root}/${public_header})
+    message(FATAL_ERROR "The public header ${public_header} was not installed")
+  endif()
+endforeach()
+file(GLOB_RECURSE installed_private LIST_DIRECTORIES true ${include_root}/*)
+list(FILTER installed_private INCLUDE REGEX "/detail(/|$)")
+if(installed_private)
+  message(FATAL_ERROR "Private headers were installed: ${installed_private}")
+endif()
+
 # --- find_package -------------------------------------------------------
 set(consumer_build ${WORK_DIR}/consumer-build)
 set(launcher_arg)

@@ -1,0 +1,1 @@
+#include <zowidgets/host/drawing/detail/Mask.h>

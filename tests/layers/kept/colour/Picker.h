@@ -1,0 +1,2 @@
+#pragma once
+#include <zowidgets/host/widgets/text/Box.h>

@@ -1,0 +1,3 @@
+#include <SDL2/SDL.h>
+#include <X11/Xlib.h>
+#include <zowidgets/host/headless/Screen.h>

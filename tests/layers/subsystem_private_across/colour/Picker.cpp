@@ -1,0 +1,1 @@
+#include <zowidgets/builder/detail/Rules.h>

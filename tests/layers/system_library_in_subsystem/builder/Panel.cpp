@@ -1,0 +1,1 @@
+#include <cairo.h>
