@@ -209,6 +209,20 @@ bool EditorPreferences::hasPreference(LightweightString<char> const& key) const 
   return store_->values.in(key);
 }
 
+void EditorPreferences::removePreference(LightweightString<char> const& key) {
+  std::lock_guard lock(store_->mutex);
+  if (store_->values.remove(key))
+    store_->save();
+}
+
+void EditorPreferences::clear() {
+  std::lock_guard lock(store_->mutex);
+  if (store_->values.size() == 0)
+    return;
+  store_->values.clear();
+  store_->save();
+}
+
 void EditorPreferences::setText(LightweightString<char> const& key, LightweightString<wchar_t> const& text) {
   std::lock_guard lock(store_->mutex);
   if (store_->values.in(key) && store_->values.getString(key) == text)

@@ -53,6 +53,12 @@ public:
   void setPreference(LightweightString<char> const& key, char const* value) = delete;
 
   bool hasPreference(LightweightString<char> const& key) const;
+  // Forgets `key`, so its readers get their defaults again; written at once
+  // like a change. Forgetting a key that is not set writes nothing.
+  void removePreference(LightweightString<char> const& key);
+  // Forgets every key, written at once (nothing is written when the store is
+  // already empty).
+  void clear();
 
   // Writes the store if an earlier write failed. True when the file holds
   // every change (or the store lives in memory only).

@@ -1,4 +1,5 @@
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/events/Timer.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/detail/GlobRegistry.h>
@@ -26,6 +27,10 @@ void Glob::setupRootPos(Canvas* relativeTo, XY<int> position) {
 
 Glob::~Glob() {
   GlobRegistry::withdraw(this);
+  // At once rather than at the next tick, so the shared ticker stops with
+  // the last widget that wanted it.
+  if (interest_ & kTimerInterest)
+    TimerTicks::removeInterest(this);
   // Children go first, youngest first, while this widget is still whole.
   while (!children_.empty()) {
     Glob* child = children_.back();

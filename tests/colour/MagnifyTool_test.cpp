@@ -10,29 +10,11 @@
 #include <zowidgets/host/widgets/values/Slider.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <optional>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace {
-
-// The store prefs() opens is made on first use; point it at a scratch folder
-// before any test runs, so that no test writes to the user's own settings.
-// The folder goes when the tests end.
-struct ScratchPreferences {
-  ScratchPreferences()
-      : folder(std::filesystem::temp_directory_path() / ("zowidgets-magnify-" + std::to_string(::getpid()))) {
-    std::filesystem::create_directories(folder);
-    ::setenv("ZOWIDGETS_CONFIG_DIR", folder.c_str(), 1);
-  }
-  ~ScratchPreferences() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
-  std::filesystem::path folder;
-} const scratchPreferences;
 
 // A window of 120 by 120 distinct colours: red from the column, green from
 // the row counted from the top, so that every pixel says where it is; every
@@ -133,7 +115,7 @@ struct MagnifyToolTest : HeadlessScreenTest {
   }
 };
 
-// First in the file: the scratch store has none of the keys yet.
+// Every widget test starts with an empty scratch store.
 TEST_F(MagnifyToolTest, PreferencesDefaultToLevel2AndA200By220Window) {
   for (char const* key : {MagnifyTool::kLevelPreference, MagnifyTool::kWidthPreference, MagnifyTool::kHeightPreference})
     ASSERT_FALSE(prefs().hasPreference(key)) << key << " was set before this test";

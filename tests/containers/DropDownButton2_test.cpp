@@ -367,6 +367,7 @@ protected:
 };
 
 TEST_F(DropDownButton2Test, AnEventArrivingAfterTheButtonDiedIsDropped) {
+  CountingColourButton::eventsHeard = 0;
   window = openPanel(XY<int>(240, 80), XY<int>(200, 600));
   CountingColourButton::InitArgs args(UIString(L"Clip colour"), XY<int>(0, 0),
                                       ClipColourPanel::InitArgs(ClipColourPanel::preferredSize(), UIString()));

@@ -1,9 +1,15 @@
 #include "WidgetTestSupport.h"
+#include "SharedState.h"
 
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <ostream>
+
+HeadlessScreenTest::HeadlessScreenTest() {
+  // Before any fixture's SetUp, which may set a scale of its own.
+  resetSharedState();
+}
 
 void HeadlessScreenTest::SetUp() {
   pump();

@@ -13,9 +13,11 @@
 #include <string>
 
 // A fresh headless screen for each test, with every window it opened closed
-// and the message loop drained afterwards.
+// and the message loop drained afterwards. Each test starts from the shared
+// state of a fresh process (resetSharedState).
 class HeadlessScreenTest : public ::testing::Test {
 protected:
+  HeadlessScreenTest();
   void SetUp() override;
   void TearDown() override;
 

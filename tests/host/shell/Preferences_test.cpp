@@ -2,6 +2,7 @@
 #include <zowidgets/host/shell/Preferences.h>
 
 #include "host/shell/ServicesTestSupport.h"
+#include "support/SharedState.h"
 
 #include <gtest/gtest.h>
 
@@ -18,21 +19,6 @@ using services_test::ScratchFolder;
 using services_test::writeAll;
 
 namespace {
-
-// prefs() must never touch the real configuration of whoever runs the tests.
-class PreferencesSandbox : public ::testing::Environment {
-public:
-  void SetUp() override {
-    folder_ = std::make_unique<ScratchFolder>();
-    ::setenv("ZOWIDGETS_CONFIG_DIR", folder_->path().c_str(), 1);
-  }
-  void TearDown() override { folder_.reset(); }
-
-private:
-  std::unique_ptr<ScratchFolder> folder_;
-};
-
-[[maybe_unused]] ::testing::Environment* const sandbox = ::testing::AddGlobalTestEnvironment(new PreferencesSandbox);
 
 ino_t inodeOf(std::string const& path) {
   struct stat info {};
@@ -117,6 +103,37 @@ TEST_F(PreferencesTest, AChangeReplacesTheFileAndAnUnchangedValueWritesNothing) 
   EXPECT_EQ(inodeOf(path), first);
   store.setPreference("level", 3);
   EXPECT_NE(inodeOf(path), first); // a new file renamed into place, never rewritten in place
+}
+
+TEST_F(PreferencesTest, ARemovedKeyGivesItsDefaultHereAndAfterARestart) {
+  EditorPreferences store(path);
+  store.setPreference("level", 7);
+  store.setPreference("width", 300);
+  store.removePreference("level");
+  EXPECT_FALSE(store.hasPreference("level"));
+  EXPECT_EQ(store.getPreference("level", 2), 2);
+  EditorPreferences restarted(path);
+  EXPECT_FALSE(restarted.hasPreference("level"));
+  EXPECT_EQ(restarted.getPreference("width", 0), 300);
+  // Removing what is not there writes nothing.
+  ino_t const before = inodeOf(path);
+  store.removePreference("level");
+  EXPECT_EQ(inodeOf(path), before);
+}
+
+TEST_F(PreferencesTest, ClearForgetsEveryKeyOnDisk) {
+  EditorPreferences store(path);
+  store.setPreference("level", 7);
+  store.setPreference("name", L"lens");
+  store.clear();
+  EXPECT_FALSE(store.hasPreference("level"));
+  EXPECT_FALSE(store.hasPreference("name"));
+  EditorPreferences restarted(path);
+  EXPECT_FALSE(restarted.hasPreference("level"));
+  EXPECT_FALSE(restarted.hasPreference("name"));
+  ino_t const before = inodeOf(path);
+  store.clear();
+  EXPECT_EQ(inodeOf(path), before);
 }
 
 TEST_F(PreferencesTest, MissingFoldersAreMade) {
@@ -231,6 +248,7 @@ TEST(PreferencesStore, PrefsLivesInTheConfiguredFolder) {
 }
 
 TEST(PreferencesStore, ConfigIntReadsPrefsAndClamps) {
+  resetSharedState();
   EXPECT_EQ(config_int("track_button_glow", 0, INT_MIN, INT_MAX), 0);
   EXPECT_EQ(config_int("track_button_glow", 50, 0, 10), 10);
   prefs().setPreference("track_button_glow", 1);

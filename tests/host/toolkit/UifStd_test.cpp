@@ -1,6 +1,8 @@
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
+#include "support/SharedState.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,6 +12,7 @@ namespace {
 // Every test leaves the process-wide appearance as it found it.
 class UifStdTest : public ::testing::Test {
 protected:
+  void SetUp() override { resetSharedState(); }
   void TearDown() override {
     UifStd::setScale(1.0);
     UifStd::setColourScheme(Palette());
