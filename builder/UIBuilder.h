@@ -9,6 +9,9 @@
 namespace JSON {
 class Element;
 }
+namespace GenericParam {
+template <class T> class Param;
+}
 
 // Turns a list of parameters, or a JSON description, into rows of bound
 // widgets down a panel. A builder lives for one build; what outlives it is
@@ -114,6 +117,10 @@ private:
   // Rows shown under opposite conditions on one parameter share a slot.
   void mergeAlternateRows(Zo::Ptr<JSON::Element> const& entries, std::vector<Glob*> const& rows);
   void setLegendWidthFor(std::vector<UIString> const& legends);
+  // An adaptor for a row of `param`. On the description path the parameter
+  // dies once its row is made, so the row's widgets share a value of their
+  // own, made from the parameter's: the form stays a working form.
+  template <class Adaptor, class B> Zo::Ptr<Adaptor> makeAdaptor(GenericParam::Param<B>& param);
 
   StandardPanel* panel_;
   ParamList params_;
@@ -126,6 +133,9 @@ private:
   std::vector<Zo::Ptr<iPostCondition>> postConditions_;
   std::vector<Glob*> parents_;
   std::map<LightweightString<char>, bool> initiallyVisible_;
+  bool rowsKeepTheirValues_ = false;
+  // The value the widgets of the row being made share, on the description path.
+  Zo::Ptr<iObject> rowValue_;
 };
 
 // Run after every change of a built panel's parameters, with the whole list.

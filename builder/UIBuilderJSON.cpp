@@ -11,8 +11,10 @@
 #include <cstdlib>
 
 // A description makes its parameters only to hand them to the row makers:
-// nothing keeps them, so each dies once its row is made and the form is
-// static. Code that needs live values builds from a parameter list.
+// nothing keeps them, so each dies once its row is made, and rules and saved
+// state have no model to act on. Each row keeps a value of its own instead,
+// so the form still answers its user. Code that needs live parameters builds
+// from a parameter list.
 
 using namespace GenericParam;
 using JSONElementPtr = Zo::Ptr<JSON::Element>;
@@ -218,6 +220,7 @@ Zo::Ptr<UIBuilder::Params> UIBuilder::build(JSONElementPtr const& root) {
   if (entries && panel_) {
     Drawable::Suspender hold;
     calcMaxLegendWidth(root);
+    rowsKeepTheirValues_ = true;
     std::vector<Glob*> rows;
     for (unsigned short i = 0; i < entries->getNumChildren(); ++i) {
       JSONElementPtr const entry = entries->getChild(i);
@@ -237,6 +240,7 @@ Zo::Ptr<UIBuilder::Params> UIBuilder::build(JSONElementPtr const& root) {
         widget = makeLabelParam(entry, position, surround_);
       else
         widget = makeTextRow(legendOf(entry), position);
+      rowValue_ = Zo::Ptr<iObject>();
       rows.push_back(widget ? widget->parent() : nullptr);
       wireJSONRules(entry);
     }

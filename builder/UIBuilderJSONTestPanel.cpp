@@ -62,9 +62,16 @@ StandardPanel* UIBuilderJSONTestPanel::getBuiltPanel() const {
 }
 
 void UIBuilderJSONTestPanel::build() {
-  Zo::Ptr<JSON::Element> const root = JSON::parse(description_->getString());
+  LightweightString<wchar_t> const text = description_->getString();
+  JSON::ParseError error;
+  Zo::Ptr<JSON::Element> const root = JSON::parse(text, error);
   if (!root) {
-    status_->setString(UIString(L"The description is not valid JSON."));
+    // Where the parser stopped, in words and with the caret, so the user can
+    // mend it there.
+    status_->setString(
+        UIString(LightweightString<wchar_t>(L"The description is not valid JSON: ") + toWide(error.describe())));
+    description_->placeCaret(error.offsetIn(text.view()));
+    set_kbd_focus(description_);
     return;
   }
   if (StandardPanel* previous = getBuiltPanel())

@@ -45,6 +45,21 @@ template <> struct SliderRowRules<double> {
 
 } // namespace
 
+template <class Adaptor, class B> Zo::Ptr<Adaptor> UIBuilder::makeAdaptor(Param<B>& param) {
+  Zo::Ptr<Adaptor> adaptor(new Adaptor(nullptr));
+  if (!rowsKeepTheirValues_) {
+    adaptor->registerWith(&param.getServer());
+    return adaptor;
+  }
+  Zo::Ptr<ValServer<B>> value = rowValue_.dynamicCast<ValServer<B>>();
+  if (!value) {
+    value = Zo::Ptr<ValServer<B>>(new ValServer<B>(param.getValue()));
+    rowValue_ = value;
+  }
+  adaptor->shareServer(value);
+  return adaptor;
+}
+
 void UIBuilder::finishRow(Zo::Ptr<iParam> const& param, Glob* widget) {
   UIString const& tooltip = param->getTooltip();
   if (!tooltip.empty())
@@ -62,7 +77,7 @@ Glob* UIBuilder::makeBoolWidget(Zo::Ptr<iParam> const& param, WidgetPosition con
   auto* checkbox = createWidget<Checkbox>(args, isWidgetInitiallyVisible(param), position, surround);
   if (!checkbox)
     return nullptr;
-  checkbox->setDataAdaptor(Zo::Ptr<ValAdaptorBase<bool>>(new ValAdaptor<bool, bool>(&boolParam.getServer())));
+  checkbox->setDataAdaptor(makeAdaptor<ValAdaptor<bool, bool>>(boolParam));
   finishRow(param, checkbox);
   panel_->tabOrder().addTabStop(*checkbox, kAppendTabStop);
   return checkbox;
@@ -112,17 +127,15 @@ Glob* UIBuilder::makeSliderRow(Zo::Ptr<iParam> const& param, WidgetPosition cons
     box->setAlignment(Glib::eTextAlignment::Right);
   }
   if (intParam) {
-    slider->setDataAdaptor(Zo::Ptr<ValAdaptorBase<double>>(new ValAdaptor<double, int>(&intParam->getServer())));
+    slider->setDataAdaptor(makeAdaptor<ValAdaptor<double, int>>(*intParam));
     if (box)
-      box->setDataAdaptor(Zo::Ptr<ValAdaptorBase<LightweightString<wchar_t>>>(
-          new ValAdaptor<LightweightString<wchar_t>, int>(&intParam->getServer())));
+      box->setDataAdaptor(makeAdaptor<ValAdaptor<LightweightString<wchar_t>, int>>(*intParam));
     if (box && intParam->hasRange)
       box->setValueRange(intParam->min, intParam->max);
   } else {
-    slider->setDataAdaptor(Zo::Ptr<ValAdaptorBase<double>>(new ValAdaptor<double, double>(&doubleParam->getServer())));
+    slider->setDataAdaptor(makeAdaptor<ValAdaptor<double, double>>(*doubleParam));
     if (box)
-      box->setDataAdaptor(Zo::Ptr<ValAdaptorBase<LightweightString<wchar_t>>>(
-          new ValAdaptor<LightweightString<wchar_t>, double>(&doubleParam->getServer())));
+      box->setDataAdaptor(makeAdaptor<ValAdaptor<LightweightString<wchar_t>, double>>(*doubleParam));
     if (box && doubleParam->hasRange)
       box->setValueRange(doubleParam->min, doubleParam->max);
   }
@@ -150,7 +163,7 @@ Glob* UIBuilder::makeChoiceWidget(Zo::Ptr<iParam> const& param, WidgetPosition c
   auto* row = createWidget<ChoiceParamHost>(args, isWidgetInitiallyVisible(param), position, surround);
   if (!row)
     return nullptr;
-  row->setDataAdaptor(Zo::Ptr<ValAdaptorBase<unsigned int>>(new ChoiceParamAdaptor(&choiceParam.getServer())));
+  row->setDataAdaptor(makeAdaptor<ChoiceParamAdaptor>(choiceParam));
   finishRow(param, row);
   panel_->tabOrder().addTabStop(row->getMenuButton()->getBtn(), kAppendTabStop);
   return row;
@@ -179,8 +192,7 @@ Glob* UIBuilder::makeTextWidget(Zo::Ptr<iParam> const& param, WidgetPosition con
     box->setObfuscatedDisplay(true);
     box->setShowPasswordControl((textParam.getFlags() & TextParam::kShowPasswordControl) != 0);
   }
-  box->setDataAdaptor(Zo::Ptr<ValAdaptorBase<LightweightString<wchar_t>>>(
-      new ValAdaptor<LightweightString<wchar_t>, LightweightString<wchar_t>>(&textParam.getServer())));
+  box->setDataAdaptor(makeAdaptor<ValAdaptor<LightweightString<wchar_t>, LightweightString<wchar_t>>>(textParam));
   if (textParam.getAdvance())
     box->addListener(Broadcaster<TextBoxEvent>::makeCallback([box](TextBoxEvent const& event) {
       if (event.kind == TextBoxEvent::kReturnPressed)

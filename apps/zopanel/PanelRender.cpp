@@ -11,9 +11,7 @@ BuiltDescription buildDescription(LightweightString<wchar_t> const& text, PanelO
   JSON::ParseError error;
   Zo::Ptr<JSON::Element> const root = JSON::parse(text, error);
   if (!root) {
-    result.error = error.line > 0 ? "line " + std::to_string(error.line) + ", column " + std::to_string(error.column) +
-                                        ": " + error.message
-                                  : error.message;
+    result.error = error.describe();
     return result;
   }
   Zo::Ptr<JSON::Element> const entries = root->getChild(static_cast<unsigned short>(0));

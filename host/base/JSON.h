@@ -5,7 +5,9 @@
 #include <zowidgets/host/base/JSONPersistable.h>
 #include <zowidgets/host/base/LightweightString.h>
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 // Reading and writing JSON. parse() and parseFile() give the root element of
 // a document, or null for text that is not exactly one JSON value (RFC 8259,
@@ -26,6 +28,12 @@ struct ZO_API ParseError {
   int line = 0;
   int column = 0;
   std::string message;
+
+  // "line 3, column 7: " and the message; the message alone without a place.
+  std::string describe() const;
+  // Where line and column point, counted in characters of `text`; 0 without
+  // a place.
+  std::size_t offsetIn(std::wstring_view text) const;
 };
 // The same, saying what is wrong when the result is null.
 ZO_API Zo::Ptr<Element> parse(LightweightString<wchar_t> const& text, ParseError& error) noexcept;

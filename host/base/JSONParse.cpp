@@ -237,6 +237,25 @@ Zo::Ptr<Element> parse(LightweightString<wchar_t> const& text) noexcept {
   }
 }
 
+std::string ParseError::describe() const {
+  if (line <= 0)
+    return message;
+  return "line " + std::to_string(line) + ", column " + std::to_string(column) + ": " + message;
+}
+
+std::size_t ParseError::offsetIn(std::wstring_view text) const {
+  if (line <= 0)
+    return 0;
+  std::size_t start = 0;
+  for (int at = 1; at < line; ++at) {
+    std::size_t const lineBreak = text.find(L'\n', start);
+    if (lineBreak == std::wstring_view::npos)
+      return text.size();
+    start = lineBreak + 1;
+  }
+  return std::min(start + static_cast<std::size_t>(std::max(column - 1, 0)), text.size());
+}
+
 Zo::Ptr<Element> parse(LightweightString<wchar_t> const& text, ParseError& error) noexcept {
   error = {};
   try {

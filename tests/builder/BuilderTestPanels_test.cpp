@@ -68,8 +68,24 @@ TEST_F(BuilderTestPanels, BuildingAgainReplacesThePanelAndBadJSONIsReported) {
   StandardPanel* kept = panel->getBuiltPanel();
   panel->build();
   pump();
-  EXPECT_EQ(panel->getStatus()->getString().getString(), L"The description is not valid JSON.");
+  EXPECT_EQ(panel->getStatus()->getString().getString(),
+            L"The description is not valid JSON: line 1, column 11: Invalid value.");
   EXPECT_EQ(panel->getBuiltPanel(), kept);
+}
+
+TEST_F(BuilderTestPanels, ABrokenDescriptionPutsTheCaretWhereTheParserStopped) {
+  UIBuilderJSONTestPanel* panel = UIBuilderJSONTestPanel::open();
+  MultiLineTextBox* box = panel->getDescriptionBox();
+  box->setString(L"{\"rows\": [\n  {\"type\": \"bool\"}\n  {\"type\": \"int\"}\n]}");
+  box->placeCaret(0);
+  panel->build();
+  pump();
+  EXPECT_EQ(panel->getStatus()->getString().getString(),
+            L"The description is not valid JSON: line 3, column 3: Missing a comma or ']' after an array element.");
+  // Line 3, column 3: after the first line (11 characters with its break),
+  // the second (19) and two spaces.
+  EXPECT_EQ(box->editor().caret(), 11u + 19u + 2u);
+  EXPECT_EQ(get_kbd_focus(), box);
 }
 
 TEST_F(BuilderTestPanels, TheTestPanelBuildsEveryKindWithRulesAndABuildAction) {

@@ -81,9 +81,12 @@ TEST_F(UIBuilderJSON, ParametersDieWithTheirRowsSoRulesAndStateHaveNoEffect) {
   configb saved;
   built->saveState(saved);
   EXPECT_EQ(saved.size(), 0u);
-  // The widget goes on showing its first value with nothing behind it.
+  // The row's value is its own: no parameter manages it.
   Checkbox* b = rowWidget<Checkbox>(*built, "b");
-  EXPECT_EQ(b->getDataAdaptor().dynamicCast<ValClient<bool>>()->getServer(), nullptr);
+  ValServer<bool>* value = b->getDataAdaptor().dynamicCast<ValClient<bool>>()->getServer();
+  ASSERT_NE(value, nullptr);
+  EXPECT_EQ(value->getManager(), nullptr);
+  EXPECT_TRUE(value->get());
 }
 
 TEST_F(UIBuilderJSON, ActiveIfIsStoredButNeverRunAndLimitsAreDropped) {

@@ -11,8 +11,12 @@ public:
   explicit ValClient(ValServer<T>* server) { registerWith(server); }
   ValClient(ValClient const&) = delete;
   ValClient& operator=(ValClient const&) = delete;
-  // The guard goes first, before anything its callback could touch.
-  ~ValClient() override { guard_.reset(); }
+  // The guard goes first, before anything its callback could touch; a kept
+  // server then dies with no client left to tell.
+  ~ValClient() override {
+    guard_.reset();
+    kept_.reset();
+  }
 
   virtual void registerWith(ValServer<T>* server) {
     if (server == server_)
@@ -20,13 +24,24 @@ public:
     server_ = server;
     if (!server) {
       guard_.reset();
-      return;
+    } else {
+      using Callback = MethodCallback<ValClient, ValServerEvent<T>, int>;
+      typename ValServer<T>::Client client(
+          Zo::Ptr<iCallbackBase<int, ValServerEvent<T>>>(new Callback(this, &ValClient::handleValueChange)),
+          NotifyMsgTypeDictionary::instance().anyType());
+      guard_ = server->registerInternal(client);
     }
-    using Callback = MethodCallback<ValClient, ValServerEvent<T>, int>;
-    typename ValServer<T>::Client client(
-        Zo::Ptr<iCallbackBase<int, ValServerEvent<T>>>(new Callback(this, &ValClient::handleValueChange)),
-        NotifyMsgTypeDictionary::instance().anyType());
-    guard_ = server->registerInternal(client);
+    // A kept server is let go only once no longer listened to.
+    if (kept_.get() != server)
+      kept_.reset();
+  }
+
+  // Registers with a server that this client also keeps alive: clients that
+  // share one this way keep it until the last of them goes, so a value can
+  // outlive the model that first held it.
+  void shareServer(Zo::Ptr<ValServer<T>> const& server) {
+    registerWith(server.get());
+    kept_ = server;
   }
 
   virtual void valChangedNtfy() {}
@@ -64,4 +79,5 @@ public:
 private:
   Zo::Ptr<Zo::Guard> guard_;
   ValServer<T>* server_ = nullptr;
+  Zo::Ptr<ValServer<T>> kept_;
 };

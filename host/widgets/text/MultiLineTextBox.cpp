@@ -174,6 +174,11 @@ void MultiLineTextBox::setString(LightweightString<wchar_t> const& text) {
   caretMoved();
 }
 
+void MultiLineTextBox::placeCaret(std::size_t position) {
+  editor_.setCaret(std::min(position, editor_.size()));
+  caretMoved();
+}
+
 LightweightString<wchar_t> MultiLineTextBox::getString() const { return LightweightString<wchar_t>(editor_.text()); }
 
 void MultiLineTextBox::insertAtCaret(std::wstring_view text) {

@@ -95,6 +95,9 @@ public:
   void setString(LightweightString<wchar_t> const& text);
   LightweightString<wchar_t> getString() const;
   TextEditCore const& editor() const noexcept { return editor_; }
+  // Puts the caret before the character at `position` (clamped to the text),
+  // with no selection, and scrolls its line into view.
+  void placeCaret(std::size_t position);
   // Types `text` at the caret, in place of the selection, as the user would;
   // each line break in it (\n, \r\n or \r) starts a new line.
   void insertAtCaret(std::wstring_view text);

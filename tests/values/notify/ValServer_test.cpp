@@ -116,6 +116,42 @@ TEST(ValClient, ServerDestroyedWithClientsSaysFarewellOnceThenReadsDefault) {
   EXPECT_TRUE(client.phases.empty());
 }
 
+// A server that dies with its last client: the farewell is never needed.
+struct CountedServer : ValServer<int> {
+  explicit CountedServer(int value, int& deaths) : ValServer<int>(value), deaths(deaths) {}
+  ~CountedServer() override { ++deaths; }
+  int& deaths;
+};
+
+TEST(ValClient, ASharedServerLivesWhileAnyOfItsClientsDoes) {
+  int deaths = 0;
+  Zo::Ptr<ValServer<int>> server(new CountedServer(4, deaths));
+  auto first = std::make_unique<PhaseLoggingClient<int>>();
+  auto second = std::make_unique<PhaseLoggingClient<int>>();
+  first->shareServer(server);
+  second->shareServer(server);
+  server = nullptr;
+  *first = 9; // goes through the server to the other client
+  EXPECT_EQ(static_cast<int>(*second), 9);
+  EXPECT_EQ(second->phases, (std::vector<int>{0}));
+  first.reset();
+  EXPECT_EQ(deaths, 0);
+  EXPECT_EQ(static_cast<int>(*second), 9);
+  second.reset();
+  EXPECT_EQ(deaths, 1);
+}
+
+TEST(ValClient, RegisteringElsewhereLetsAKeptServerGo) {
+  int deaths = 0;
+  ValServer<int> other(2);
+  PhaseLoggingClient<int> client;
+  client.shareServer(Zo::Ptr<ValServer<int>>(new CountedServer(1, deaths)));
+  EXPECT_EQ(static_cast<int>(client), 1);
+  client.registerWith(&other);
+  EXPECT_EQ(deaths, 1);
+  EXPECT_EQ(static_cast<int>(client), 2);
+}
+
 TEST(ValServer, FarewellCarriesPhaseTwoAndTypeFour) {
   auto server = std::make_unique<ValServer<int>>(6);
   Zo::Ptr<EventLog> log(new EventLog);
