@@ -9,9 +9,22 @@
 
 #include <SDL.h>
 
+#include <cctype>
+#include <filesystem>
 #include <map>
+#include <string>
 
 namespace {
+
+// The running program's file name, as window managers name its windows.
+std::string const& programName() {
+  static std::string const name = [] {
+    std::error_code failed;
+    std::string const file = std::filesystem::read_symlink("/proc/self/exe", failed).filename().string();
+    return file.empty() ? std::string("zowidgets") : file;
+  }();
+  return name;
+}
 
 // How long the combined loop waits for queued work before looking at the
 // windows again.
@@ -132,6 +145,19 @@ struct DisplayScreen::State {
     if (unsigned long const native = nativeX11Window(window))
       x11->setCursor(native, cursor);
   }
+  // Windows without a title of their own (menus, tips) carry the program's
+  // name, so that no window on the desktop is nameless.
+  void showTitle(Canvas const& canvas, SDL_Window* window) const {
+    LightweightString<wchar_t> const title = canvas.title();
+    SDL_SetWindowTitle(window, title.empty() ? programName().c_str() : title.toUTF8().c_str());
+  }
+  void showClass(SDL_Window* window) const {
+    if (unsigned long const native = nativeX11Window(window)) {
+      std::string className = programName();
+      className[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(className[0])));
+      x11->setWindowClass(native, programName(), className);
+    }
+  }
 };
 
 std::unique_ptr<DisplayScreen> DisplayScreen::open() {
@@ -177,6 +203,8 @@ void DisplayScreen::canvasMapped(Canvas& canvas) {
   if (!window)
     return;
   state_->windows[&canvas] = window;
+  state_->showTitle(canvas, window);
+  state_->showClass(window);
   state_->showCursor(window);
   canvasPainted(canvas, Zo::Box<int>(0, 0, canvas.getSize().x, canvas.getSize().y));
 }
@@ -211,6 +239,12 @@ void DisplayScreen::canvasRaised(Canvas& canvas) {
   auto found = state_->windows.find(&canvas);
   if (found != state_->windows.end())
     SDL_RaiseWindow(found->second);
+}
+
+void DisplayScreen::canvasRetitled(Canvas& canvas) {
+  auto found = state_->windows.find(&canvas);
+  if (found != state_->windows.end())
+    state_->showTitle(canvas, found->second);
 }
 
 void DisplayScreen::canvasPainted(Canvas& canvas, Zo::Box<int> const& damage) {

@@ -21,6 +21,7 @@ public:
   double screenScale() const override { return scale_; }
   void canvasPainted(Canvas&, Zo::Box<int> const&) override { ++paints_; }
   void cursorChanged(int cursorId) override { cursor_ = cursorId; }
+  void canvasRetitled(Canvas&) override { ++retitles_; }
   Zo::Image::Surface grab(Zo::Box<int> const& area) override;
 
   Zo::Image::Surface screenshot() { return grab(Zo::Box<int>(0, 0, size_.x, size_.y)); }
@@ -32,6 +33,8 @@ public:
   void setDesktopColour(Colour const& colour) { desktop_ = colour; }
   int cursor() const noexcept { return cursor_; }
   int paintsShown() const noexcept { return paints_; }
+  // How often a shown window's title changed.
+  int titleChangesShown() const noexcept { return retitles_; }
 
 private:
   XY<int> size_;
@@ -39,6 +42,7 @@ private:
   Colour desktop_{0.2, 0.22, 0.25};
   int cursor_ = 0;
   int paints_ = 0;
+  int retitles_ = 0;
 };
 
 // The headless screen in use, making and installing one (default size) if

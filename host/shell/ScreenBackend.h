@@ -21,6 +21,8 @@ public:
   virtual void canvasMoved(Canvas&) {}
   virtual void canvasResized(Canvas&) {}
   virtual void canvasRaised(Canvas&) {}
+  // The canvas's title (Canvas::title) changed.
+  virtual void canvasRetitled(Canvas&) {}
   // `damage` (canvas coordinates) has new pixels.
   virtual void canvasPainted(Canvas&, Zo::Box<int> const& damage) = 0;
   virtual void cursorChanged(int cursorId) = 0;

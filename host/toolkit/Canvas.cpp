@@ -85,6 +85,13 @@ void Canvas::popToTop() {
     screenBackend().canvasRaised(*this);
 }
 
+LightweightString<wchar_t> Canvas::title() const { return root_ ? root_->windowTitle() : LightweightString<wchar_t>(); }
+
+void Canvas::titleChanged() {
+  if (mapped_)
+    screenBackend().canvasRetitled(*this);
+}
+
 void Canvas::addDamage(Zo::Box<int> const& box) {
   Zo::Box<int> clipped = box.intersect(Zo::Box<int>(0, 0, size_.x, size_.y));
   if (clipped.empty())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zowidgets/host/base/Box.h>
+#include <zowidgets/host/base/LightweightString.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
 
 class Glob;
@@ -31,6 +32,10 @@ public:
   void unmap();
   // Puts this window in front of every other.
   void popToTop();
+  // The window's title for the desktop: the root widget's windowTitle().
+  LightweightString<wchar_t> title() const;
+  // Tells the screen that title() changed.
+  void titleChanged();
 
   Zo::Image::Surface const& surface() const noexcept { return surface_; }
 

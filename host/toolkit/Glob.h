@@ -34,6 +34,9 @@ public:
   ~Glob() override;
 
   virtual char const* idstring() const { return "Glob"; }
+  // What the desktop shows for this widget's window when it is a top-level
+  // one: a panel's title. Empty for most widgets.
+  virtual LightweightString<wchar_t> windowTitle() const { return {}; }
 
   // --- Tree ---------------------------------------------------------------
   Glob* parent() const noexcept { return parent_; }

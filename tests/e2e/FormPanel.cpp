@@ -42,7 +42,14 @@ std::string quoted(LightweightString<wchar_t> const& text) {
 
 } // namespace
 
-FormPanel::FormPanel(XY<int> screenPosition) {
+// The same three rows as the parameters below.
+wchar_t const* const kDescription = LR"({"rows": [
+  {"type": "text", "name": "title", "legend": "Title"},
+  {"type": "int", "name": "count", "legend": "Count", "min": 0, "max": 100, "default": 20},
+  {"type": "int", "name": "mode", "legend": "Mode", "values": {"Fast": 1, "Balanced": 2, "Best": 3}, "choice": "1"}
+]})";
+
+FormPanel::FormPanel(XY<int> screenPosition, Source source) {
   int const row = UifStd::getRowHeight();
   std::vector<ChoiceParam::Choice> modes{{L"Fast", {}, 1, true}, {L"Balanced", {}, 2, true}, {L"Best", {}, 3, true}};
   params_ = ParamList{Zo::Ptr<iParam>(new TextParam(L"Title", "title", {}, L"")),
@@ -52,9 +59,14 @@ FormPanel::FormPanel(XY<int> screenPosition) {
                                                             StandardPanel::kTitle, StandardPanel::getDefaultBorder()));
   args.screenPosition = screenPosition;
   args.standardWidgets = StandardPanel::kTitle;
-  args.title = UIString(L"Form");
+  args.title = UIString(source == Source::kParameters ? L"Form" : L"Form from a description");
   panel_ = new StandardPanel(args);
-  built_ = UIBuilder::build(params_, panel_, 0);
+  if (source == Source::kParameters) {
+    built_ = UIBuilder::build(params_, panel_, 0);
+  } else {
+    params_.clear();
+    built_ = UIBuilder::buildFromJSON(kDescription, panel_);
+  }
   GlobManager::realize(panel_);
 }
 
@@ -70,10 +82,7 @@ std::string FormPanel::stateJson(std::string (*toScreen)(Zo::Box<int> const&)) c
   Slider const& slider = *count->getSlider();
   DropDownMenuButton& button = mode->getMenuButton()->getBtn();
   std::ostringstream out;
-  out << "{\"title\":" << quoted(params_[0]->getValueAsString())
-      << ",\"count\":" << quoted(params_[1]->getValueAsString())
-      << ",\"mode\":" << quoted(params_[2]->getValueAsString())
-      << ",\"box\":" << quoted(count->getTextBox()->getString())
+  out << valuesJson() << ",\"box\":" << quoted(count->getTextBox()->getString())
       << ",\"textbox\":" << toScreen(text->getFieldBox().translated(text->screenPosition()))
       << ",\"thumb\":" << toScreen(trackPoint(slider, slider.getPosition()))
       << ",\"at80\":" << toScreen(trackPoint(slider, 80)) << ",\"menubutton\":" << toScreen(screenBoxOf(button))
@@ -83,4 +92,17 @@ std::string FormPanel::stateJson(std::string (*toScreen)(Zo::Box<int> const&)) c
       out << (i ? "," : "") << toScreen(menu->rowBox(i).translated(menu->screenPosition()));
   out << "]}";
   return out.str();
+}
+
+std::string FormPanel::valuesJson() const {
+  if (!params_.empty())
+    return "{\"title\":" + quoted(params_[0]->getValueAsString()) +
+           ",\"count\":" + quoted(params_[1]->getValueAsString()) +
+           ",\"mode\":" + quoted(params_[2]->getValueAsString());
+  auto* text = static_cast<TitleTextBox*>(rowChild(*built_, "title"));
+  auto* count = static_cast<SliderParamHost*>(rowChild(*built_, "count"));
+  auto* mode = static_cast<ChoiceParamHost*>(rowChild(*built_, "mode"));
+  return "{\"title\":" + quoted(text->getString()) + ",\"count\":\"" +
+         std::to_string(static_cast<int>(count->getSlider()->getPosition())) + "\",\"mode\":\"" +
+         std::to_string(mode->getWidgetValue()) + "\"";
 }

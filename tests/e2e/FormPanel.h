@@ -4,13 +4,16 @@
 
 #include <string>
 
-// A panel built from parameters, for the end-to-end cases that act on a
-// built form as a person would: it reports the parameters' values and where
-// its widgets are on the screen.
+// A built form, for the end-to-end cases that act on it as a person would:
+// it reports its values and where its widgets are on the screen. Built from
+// parameters, the values are the parameters'; built from a description,
+// which keeps no parameters, they are what the rows show.
 class FormPanel {
 public:
+  enum class Source { kParameters, kDescription };
+
   // Opens the panel at a screen position (bottom-left corner, bottom-up).
-  explicit FormPanel(XY<int> screenPosition);
+  FormPanel(XY<int> screenPosition, Source source);
   ~FormPanel();
   FormPanel(FormPanel const&) = delete;
   FormPanel& operator=(FormPanel const&) = delete;
@@ -20,6 +23,8 @@ public:
   std::string stateJson(std::string (*toScreen)(Zo::Box<int> const&)) const;
 
 private:
+  std::string valuesJson() const;
+
   StandardPanel* panel_ = nullptr;
   GenericParam::ParamList params_;
   Zo::Ptr<UIBuilder::Params> built_;

@@ -13,6 +13,7 @@ needed=(Xvfb xdotool)
 case $case_name in
 root_colour | eyedropper | magnifier | picker) needed+=(xsetroot) ;;
 screenshot) needed+=(import compare) ;;
+titles) needed+=(xprop) ;;
 scale) needed+=(identify) ;;
 esac
 for tool in "${needed[@]}"; do
@@ -69,6 +70,7 @@ trap '' PIPE
 extra=()
 case $case_name in
 form_*) extra=(--form) ;;
+jsonform_*) extra=(--form-json) ;;
 eyedropper | magnifier) extra=(--screen-tools) ;;
 picker) extra=(--picker) ;;
 esac
@@ -209,6 +211,19 @@ resize)
   expect "desktop above the window" "$(ask "pixel $((new_x + new_w / 2)) $((new_y - 1))")" "$black"
   echo "ok: the window grew from ${w}x$h to ${new_w}x$new_h"
   ;;
+titles)
+  # Each window carries its panel's title and the program's class, so that
+  # window managers and tools find it.
+  program_name=$(basename "$program")
+  expect "windows titled e2e" "$(xdotool search --name '^e2e$' | wc -l)" 1
+  expect "the e2e window's class" "$(xdotool search --classname "^$program_name\$" | grep -c "^$(xdotool search --name '^e2e$')$")" 1
+  expect "the class name" "$(xprop -id "$(xdotool search --name '^e2e$')" WM_CLASS)" \
+    "WM_CLASS(STRING) = \"$program_name\", \"${program_name^}\""
+  ask 'retitle Night shot' >/dev/null
+  sleep 0.3
+  expect "windows titled Night shot" "$(xdotool search --name '^Night shot$' | wc -l)" 1
+  expect "windows still titled e2e" "$(xdotool search --name '^e2e$' | wc -l)" 0
+  ;;
 clipboard)
   expect "copied" "$(ask 'copy Grüße 42')" '{"copied":"Grüße 42"}'
   # Another client reads it: the clipboard is the session's, not the process's.
@@ -221,16 +236,16 @@ scale)
   expect "window size against the same panel at scale 1" "$window_w $window_h" \
     "$(identify -format '%[fx:2*w] %[fx:2*h]' "$work/headless.png")"
   ;;
-form_text)
+form_text | jsonform_text)
   read -r x y <<<"$(centre "$(ask form)" textbox)"
   xdotool mousemove "$x" "$y" click 1
   sleep 0.2
   xdotool type --delay 60 'Night shot'
   xdotool key Return
   sleep 0.3
-  expect "title parameter" "$(field "$(ask form)" title)" 'Night shot'
+  expect "title" "$(field "$(ask form)" title)" 'Night shot'
   ;;
-form_slider)
+form_slider | jsonform_slider)
   form=$(ask form)
   expect "count before" "$(field "$form" count)" 20
   read -r x y <<<"$(centre "$form" thumb)"
@@ -247,7 +262,7 @@ form_slider)
   [ "$count" -ge 78 ] && [ "$count" -le 82 ] || fail "count after the drag is $count, not about 80"
   expect "numeric box beside the slider" "$(field "$form" box)" "$count"
   ;;
-form_menu)
+form_menu | jsonform_menu)
   read -r x y <<<"$(centre "$(ask form)" menubutton)"
   xdotool mousemove "$x" "$y" click 1
   sleep 0.4
@@ -260,7 +275,7 @@ form_menu)
   xdotool mousemove "$x" "$y" click 1
   sleep 0.4
   form=$(ask form)
-  expect "mode parameter" "$(field "$form" mode)" 3
+  expect "mode" "$(field "$form" mode)" 3
   expect "menu closed" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
   ;;
 eyedropper)

@@ -5,7 +5,9 @@
 //               toolkit's screen reading
 //   copy TEXT   puts TEXT on the session's clipboard
 //   grow        makes the panel two rows wider and one row taller
-//   form        the values and widget places of the built form (--form)
+//   retitle T   gives the panel the title T
+//   form        the values and widget places of the built form (--form,
+//               --form-json)
 //   dropper     the eye dropper's place, capture and picked colours
 //               (--screen-tools)
 //   magnify L   opens a magnifier at the pointer at level L (--screen-tools)
@@ -15,7 +17,8 @@
 // With --shot FILE it instead paints the same panel on the headless screen,
 // saves that window's picture and exits, for comparison with the display.
 // With --paste it prints the session's clipboard text and exits. With --form
-// a panel built from parameters opens beside the first; with --screen-tools
+// a panel built from parameters opens beside the first (with --form-json,
+// the same form built from a description); with --screen-tools
 // a panel with an eye dropper opens above it; with --picker a colour picker
 // opens beside it.
 
@@ -136,6 +139,11 @@ void answer(Session& session, std::string const& line) {
     int const row = UifStd::getRowHeight();
     session.panel->resize(session.panel->width() + row * 2, session.panel->height() + row);
     std::cout << stateJson(session) << std::endl;
+  } else if (command == "retitle") {
+    std::string text;
+    std::getline(words >> std::ws, text);
+    session.panel->setTitle(UIString(toWide(text)));
+    std::cout << "{\"title\":" << jsonString(text) << "}" << std::endl;
   } else if (command == "form") {
     std::cout << (session.form ? session.form->stateJson(&jsonBox) : std::string("{\"error\":\"no form\"}"))
               << std::endl;
@@ -195,9 +203,11 @@ int main(int argc, char** argv) {
   }
   Session session;
   openPanel(session);
-  if (hasFlag(argc, argv, "--form")) {
+  if (hasFlag(argc, argv, "--form") || hasFlag(argc, argv, "--form-json")) {
     int const row = UifStd::getRowHeight();
-    session.form = std::make_unique<FormPanel>(XY<int>(row * 26, row * 8));
+    session.form = std::make_unique<FormPanel>(XY<int>(row * 26, row * 8), hasFlag(argc, argv, "--form")
+                                                                               ? FormPanel::Source::kParameters
+                                                                               : FormPanel::Source::kDescription);
   }
   if (hasFlag(argc, argv, "--screen-tools")) {
     int const row = UifStd::getRowHeight();

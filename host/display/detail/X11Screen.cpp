@@ -75,6 +75,19 @@ void copyPixels(XImage* image, Zo::Image::Surface& out, int dx, int dy) {
   }
 }
 
+// Our windows belong to the window library's own connection and can be gone
+// by the time a request on this one about them (a cursor, a class) arrives:
+// that error is expected and ignored. Every other goes to the handler that
+// was in place, whose default ends the program.
+Display* ourConnection = nullptr;
+XErrorHandler previousErrorHandler = nullptr;
+
+int ignoreVanishedWindows(Display* display, XErrorEvent* error) {
+  if (display == ourConnection && error->error_code == BadWindow)
+    return 0;
+  return previousErrorHandler ? previousErrorHandler(display, error) : 0;
+}
+
 } // namespace
 
 struct X11Screen::State {
@@ -87,6 +100,9 @@ std::unique_ptr<X11Screen> X11Screen::open() {
   Display* display = XOpenDisplay(nullptr);
   if (!display)
     return nullptr;
+  ourConnection = display;
+  if (XErrorHandler const previous = XSetErrorHandler(&ignoreVanishedWindows); previous != &ignoreVanishedWindows)
+    previousErrorHandler = previous;
   auto state = std::make_unique<State>();
   state->display = display;
   state->sharedMemory = XShmQueryExtension(display) == True;
@@ -99,6 +115,8 @@ X11Screen::~X11Screen() {
   for (auto const& [id, cursor] : state_->cursors)
     XFreeCursor(state_->display, cursor);
   XCloseDisplay(state_->display);
+  if (ourConnection == state_->display)
+    ourConnection = nullptr;
 }
 
 XY<int> X11Screen::size() const {
@@ -180,6 +198,14 @@ XY<int> X11Screen::pointer() const {
   XQueryPointer(state_->display, DefaultRootWindow(state_->display), &root, &child, &rootX, &rootY, &windowX, &windowY,
                 &mask);
   return XY<int>(rootX, rootY);
+}
+
+void X11Screen::setWindowClass(unsigned long window, std::string const& name, std::string const& className) {
+  XClassHint hint;
+  hint.res_name = const_cast<char*>(name.c_str());
+  hint.res_class = const_cast<char*>(className.c_str());
+  XSetClassHint(state_->display, window, &hint);
+  XFlush(state_->display);
 }
 
 void X11Screen::setCursor(unsigned long window, int cursorId) {

@@ -4,6 +4,7 @@
 #include <zowidgets/host/drawing/ImageSurface.h>
 
 #include <memory>
+#include <string>
 
 // The X11 services the window library lacks: the desktop's pixels anywhere,
 // the pointer outside our windows, font cursors and the display's density.
@@ -26,6 +27,9 @@ public:
   XY<int> pointer() const;
   // Shows the shape for a cursor id (see docs/host-display.md) on an X window.
   void setCursor(unsigned long window, int cursorId);
+  // The window's WM_CLASS: the program's name and class, by which window
+  // managers and tools group and find its windows.
+  void setWindowClass(unsigned long window, std::string const& name, std::string const& className);
 
 private:
   struct State;

@@ -57,6 +57,8 @@ void StandardPanel::setTitle(UIString const& title, Glib::FontDesc const& font, 
   handleTitleChange();
   if (redraw == kRedrawNow)
     invalidate(getTitleArea());
+  if (Canvas* own = canvas(); own && own->root() == this)
+    own->titleChanged();
 }
 
 void StandardPanel::setDoItLabel(UIString const& label) {

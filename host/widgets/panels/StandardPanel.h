@@ -32,6 +32,8 @@ public:
 
   explicit StandardPanel(InitArgs const& args);
   char const* idstring() const override { return "StandardPanel"; }
+  // The panel's title, which its window carries on a real display.
+  LightweightString<wchar_t> windowTitle() const override { return title_.getString(); }
 
   template <class T>
   T* createWidget(typename T::InitArgs const& args, WidgetPosition const& position, WidgetSurround surround = {}) {

@@ -43,6 +43,31 @@ TEST_F(CanvasTest, AWindowShowsOnTheScreenWhereItWasPut) {
   EXPECT_EQ(rgbOf(screenPixel(XY<int>(5, 5))), rgbOf(Colour(0.2, 0.22, 0.25))); // the desktop
 }
 
+TEST_F(CanvasTest, AWindowCarriesItsPanelsTitleAndTheScreenHearsItChange) {
+  StandardPanel* panel = openPanel(XY<int>(100, 50), XY<int>(10, 20), StandardPanel::kTitle, UIString(L"Levels"));
+  ASSERT_NE(panel->canvas(), nullptr);
+  EXPECT_EQ(panel->canvas()->title(), L"Levels");
+  int const changes = screen().titleChangesShown();
+  panel->setTitle(UIString(L"Curves"));
+  EXPECT_EQ(panel->canvas()->title(), L"Curves");
+  EXPECT_EQ(screen().titleChangesShown(), changes + 1);
+  // A panel inside the window is not the window.
+  StandardPanel::InitArgs inner(XY<int>(40, 20));
+  inner.title = UIString(L"Inner");
+  inner.standardWidgets = StandardPanel::kTitle;
+  auto* child = panel->createChild<StandardPanel>(inner, Glob::BottomLeft(0, 0));
+  child->setTitle(UIString(L"Still inner"));
+  EXPECT_EQ(panel->canvas()->title(), L"Curves");
+  EXPECT_EQ(screen().titleChangesShown(), changes + 1);
+}
+
+TEST_F(CanvasTest, AWindowOfAPlainWidgetHasNoTitleOfItsOwn) {
+  StandardPanel* panel = openPanel(XY<int>(100, 50));
+  EXPECT_TRUE(panel->canvas()->title().empty());
+  auto* swatch = panel->addChild(new Swatch(XY<int>(20, 10), red), Glob::BottomLeft(0, 0));
+  EXPECT_TRUE(swatch->windowTitle().empty());
+}
+
 TEST_F(CanvasTest, AChangeRepaintsOnlyWhatChanged) {
   StandardPanel* panel = openPanel(XY<int>(200, 100));
   auto* a = static_cast<Swatch*>(panel->addChild(new Swatch(XY<int>(20, 20), red), Glob::BottomLeft(0, 0)));
