@@ -1,6 +1,6 @@
 #include <zowidgets/builder/ChoiceParamHost.h>
 
-ChoiceParamHost::ChoiceParamHost(InitArgs const& args) : ValWidget<unsigned int>(args) {
+ChoiceParamHost::ChoiceParamHost(InitArgs const& args) : Glob(args) {
   std::vector<MenuItem> items;
   items.reserve(args.choices.size());
   for (GenericParam::ChoiceParam::Choice const& choice : args.choices) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
 #include <zowidgets/values/binding/ValWidget.h>
 #include <zowidgets/values/notify/ValClient.h>
@@ -11,7 +12,7 @@
 // The row of a choice parameter: a titled menu button with one row per
 // choice, bound to the parameter's number. Choices are numbered freely, so
 // the row keeps both directions of the number-to-row mapping.
-class ZO_API ChoiceParamHost : public ValWidget<unsigned int> {
+class ZO_API ChoiceParamHost : public Glob, public ValWidget<unsigned int> {
 public:
   struct InitArgs : GlobCreationInfo {
     InitArgs() = default;

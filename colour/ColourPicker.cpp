@@ -70,15 +70,13 @@ void ColourPicker::Server::assignQuietly(ColourData const& colour) {
 }
 
 ColourPicker::ColourPicker(InitArgs const& args)
-    : ColourDataValWidget(args), Broadcaster<ColourPickerEvent>(args.callback), server_(args.colour),
-      flags_(args.flags) {
+    : StandardPanel(args), Broadcaster<ColourPickerEvent>(args.callback), server_(args.colour), flags_(args.flags) {
   init();
   setDataAdaptor(args.dataAdaptor);
 }
 
 ColourPicker::ColourPicker(Palette const& palette, unsigned flags)
-    : ColourDataValWidget(GlobCreationInfo(calcSize(flags)).setPalette(palette).setBorder(pickerBorder())),
-      flags_(flags) {
+    : StandardPanel(GlobCreationInfo(calcSize(flags)).setPalette(palette).setBorder(pickerBorder())), flags_(flags) {
   server_.updateAndNotify(ColourData(1.0, 1.0, 1.0, ColourSpace::HSV, (flags & kAlpha) ? 1.0 : 0.0));
   init();
 }
@@ -169,7 +167,7 @@ void ColourPicker::addRGBRows() {
     Slider* slider = addSlider(*rgbGroup_, getSliderColour(id), *box);
     slider->setDataAdaptor(SliderAdaptor(new RGBComponentAdaptor(component, &server_)));
     box->setDataAdaptor(TextAdaptor(new ColourComponentAdaptor(component, ColourSpace::RGB, &server_)));
-    tabOrder_.addTabStopsFrom(*box);
+    tabOrder().addTabStopsFrom(*box);
     rgbBoxes_[component] = box;
     rgbSliders_[component] = slider;
     above = box;
@@ -189,9 +187,9 @@ void ColourPicker::addHSLControls() {
   int const wheelSize = calcColourWheelSize();
   wheel_ = hslGroup_->createChild<HSColourWheel>(
       HSColourWheel::InitArgs(GlobCreationInfo(XY<int>(wheelSize, wheelSize))), Above(0, lightnessSlider_, kAlignEnd));
-  tabOrder_.addTabStopsFrom(*hexBox_);
+  tabOrder().addTabStopsFrom(*hexBox_);
   for (int component = 0; component < 3; ++component)
-    tabOrder_.addTabStopsFrom(*hsvBoxes_[component]);
+    tabOrder().addTabStopsFrom(*hsvBoxes_[component]);
 }
 
 void ColourPicker::addAlphaRow() {
@@ -202,7 +200,7 @@ void ColourPicker::addAlphaRow() {
   alphaSlider_ = addSlider(*alphaGroup_, kNeutralSliderColour, *alphaBox_);
   alphaSlider_->setDataAdaptor(SliderAdaptor(new AlphaSliderAdaptor(&server_)));
   alphaBox_->setDataAdaptor(TextAdaptor(new AlphaTextAdaptor(&server_)));
-  tabOrder_.addTabStopsFrom(*alphaBox_);
+  tabOrder().addTabStopsFrom(*alphaBox_);
 }
 
 // The dropper sends its samples to its parent, so it is the panel's own
@@ -269,7 +267,7 @@ void ColourPicker::setColour() {
 }
 
 void ColourPicker::setActive(bool active, eRedrawFlag redraw) {
-  ColourDataValWidget::setActive(active, redraw);
+  StandardPanel::setActive(active, redraw);
   applyActivity(active);
 }
 
@@ -305,7 +303,7 @@ int ColourPicker::react(Event const& event) {
     applyEyeDropperSample(event.message);
     return 1;
   }
-  return ColourDataValWidget::react(event);
+  return StandardPanel::react(event);
 }
 
 // A sample is opaque: the screen has no alpha to offer. A message without

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <zowidgets/containers/DropDownMessages.h>
-#include <zowidgets/host/toolkit/TabOrderManager.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 #include <zowidgets/values/notify/Broadcaster.h>
 
@@ -24,12 +24,10 @@ struct ColourPickerEvent {
 // part is bound to one colour the panel holds, so an edit anywhere shows
 // everywhere. A user's edit goes out through the panel's data adaptor, if it
 // has one, and to its listeners; a colour from outside is only shown.
-//
-// The panel is a value widget of its own (host panels and value widgets are
-// both widgets, so it cannot be both): it keeps its own tab order.
-class ZO_API ColourPicker : public ColourDataValWidget,
-                            public ColourDataValClient,
-                            public Broadcaster<ColourPickerEvent> {
+class ZO_API ColourPicker : public StandardPanel,
+                            public Broadcaster<ColourPickerEvent>,
+                            public ColourDataValWidget,
+                            public ColourDataValClient {
 public:
   // Mode bits: what takes part in activation and redraws.
   enum eFlags : unsigned {
@@ -104,7 +102,6 @@ public:
   void setActive(bool active, eRedrawFlag redraw) override;
   // Takes the eye dropper's samples; the rest goes to the widget.
   int react(Event const& event) override;
-  TabOrderManager* getTabOrder() override { return &tabOrder_; }
 
 private:
   // The colour the panel holds; it can be assigned without telling anyone.
@@ -132,7 +129,6 @@ private:
   Server server_;
   unsigned flags_;
   int writingOutward_ = 0;
-  TabOrderManager tabOrder_;
   WidgetGroup2* rgbGroup_ = nullptr;
   WidgetGroup2* hslGroup_ = nullptr;
   WidgetGroup2* alphaGroup_ = nullptr;

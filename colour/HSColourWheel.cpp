@@ -154,20 +154,26 @@ void renderClipped(CanvasRenderer& renderer, Description const& description, Zo:
   renderer.addModifiedArea(clipped);
 }
 
+StandardPanel::InitArgs frameless(StandardPanel::InitArgs args) {
+  if (!args.hasBorder)
+    args.setBorder(Border());
+  return args;
+}
+
 } // namespace
 
 Zo::Image::Surface HSColourWheel::lastWheelImage_;
 NormalisedRGB HSColourWheel::lastBgColour_;
 
 HSColourWheel::HSColourWheel(InitArgs const& args)
-    : ColourDataValWidget(args), border_(static_cast<unsigned short>(UifStd::getWidgetGap())), hitRight_(args.size.x),
-      hitTop_(args.size.y) {
+    : StandardPanel(frameless(args)), border_(static_cast<unsigned short>(UifStd::getWidgetGap())),
+      hitRight_(args.size.x), hitTop_(args.size.y) {
   computeGeometry();
 }
 
 HSColourWheel::HSColourWheel(Canvas* canvas, unsigned short size, double value, unsigned short border)
-    : ColourDataValWidget(GlobCreationInfo(size, size).setPalette(UifStd::getColourScheme())), displayValue_(value),
-      value_(value), border_(border), hitRight_(size), hitTop_(size) {
+    : StandardPanel(frameless(GlobCreationInfo(size, size).setPalette(UifStd::getColourScheme()))),
+      displayValue_(value), value_(value), border_(border), hitRight_(size), hitTop_(size) {
   computeGeometry();
   if (canvas && canvas->root())
     canvas->root()->addWidget(this);
@@ -308,7 +314,7 @@ void HSColourWheel::setCol(Colour const& colour) {
 
 void HSColourWheel::setPalette(Palette const& palette) {
   image_ = Zo::Image::Surface();
-  ColourDataValWidget::setPalette(palette);
+  StandardPanel::setPalette(palette);
 }
 
 void HSColourWheel::resize(double width, double height) {
@@ -317,7 +323,7 @@ void HSColourWheel::resize(double width, double height) {
   // Held, so that the repaint comes once the geometry is new.
   Drawable::Suspender holdRedraws;
   ColourData const saved = getWidgetValue();
-  ColourDataValWidget::resize(width, height);
+  StandardPanel::resize(width, height);
   computeGeometry();
   image_ = Zo::Image::Surface();
   double x = 0.0;
@@ -329,7 +335,7 @@ void HSColourWheel::resize(double width, double height) {
 void HSColourWheel::setActive(bool active, eRedrawFlag redraw) {
   if (!active)
     dragging_ = false; // a drag does not outlive the widget's use
-  ColourDataValWidget::setActive(active, redraw);
+  StandardPanel::setActive(active, redraw);
 }
 
 int HSColourWheel::contextCursor(XY<int> point) const {
@@ -344,11 +350,11 @@ int HSColourWheel::contextCursor(XY<int> point) const {
 
 int HSColourWheel::react(Event const& event) {
   if (event.isMouse())
-    return handleMouseEvent(event) ? 1 : 0;
-  return ColourDataValWidget::react(event);
+    return handleMouseEvent(event);
+  return StandardPanel::react(event);
 }
 
-bool HSColourWheel::handleMouseEvent(Event const& event) {
+int HSColourWheel::handleMouseEvent(Event const& event) {
   XY<double> point = cursor_ + centre_;
   if (handleMouseCursorEvent(event, point.x, point.y)) {
     point -= centre_;

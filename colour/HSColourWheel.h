@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/base/Box.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 
 class Canvas;
@@ -21,12 +22,15 @@ class CanvasRenderer;
 // Pictures are cached per widget and, across all wheels, the last one built:
 // a wheel of the same picture size on the same background shares it without
 // computing anything. The brightness is not part of that key.
-class ZO_API HSColourWheel : public ColourDataValWidget {
+//
+// A panel without a frame unless one is asked for: the gap around the disc
+// is the wheel's own border.
+class ZO_API HSColourWheel : public StandardPanel, public ColourDataValWidget {
 public:
-  struct InitArgs : GlobCreationInfo {
-    using GlobCreationInfo::GlobCreationInfo;
+  struct InitArgs : StandardPanel::InitArgs {
+    using StandardPanel::InitArgs::InitArgs;
     InitArgs() = default;
-    InitArgs(GlobCreationInfo const& info) : GlobCreationInfo(info) {}
+    InitArgs(GlobCreationInfo const& info) : StandardPanel::InitArgs(info) {}
   };
 
   // The change types an edit carries: the start of a gesture, its
@@ -105,8 +109,8 @@ public:
   void resize(double width, double height) override;
   void setActive(bool active, eRedrawFlag redraw) override;
   int react(Event const& event) override;
-  // True when the event moved or grabbed the cursor.
-  virtual bool handleMouseEvent(Event const& event);
+  // 1 when the event moved or grabbed the cursor.
+  int handleMouseEvent(Event const& event) override;
 
   void setNewWidgetValue(ColourData& value, eRedrawFlag redraw) override;
   void setEnabledState(bool enabled) override { setActive(enabled, kRedrawNow); }

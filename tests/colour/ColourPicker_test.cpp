@@ -87,6 +87,29 @@ TEST_F(ColourPickerTest, IsLaidOutFromTheRowHeight) {
   EXPECT_EQ(lightness->getX() + lightness->width(), picker->getHSLGroup()->getUserArea().x1);
 }
 
+TEST_F(ColourPickerTest, ThePickerAndItsWheelArePanelsAndValueWidgets) {
+  ColourPicker* picker = openPicker(ColourPicker::kDefaultFlags, ColourData(0.2, 0.4, 0.6));
+  Glob* asWidget = picker;
+  EXPECT_NE(dynamic_cast<StandardPanel*>(asWidget), nullptr);
+  EXPECT_NE(dynamic_cast<ValWidget<ColourData>*>(asWidget), nullptr);
+  // The panel's own frame: a drawn edge of the standard panel border.
+  EXPECT_EQ(picker->getBorder().type(), StandardPanel::getDefaultBorder().type());
+  EXPECT_EQ(picker->getBorder().thickness(), StandardPanel::getDefaultBorder().thickness());
+  HSColourWheel* wheel = picker->getWheel();
+  Glob* wheelWidget = wheel;
+  EXPECT_NE(dynamic_cast<StandardPanel*>(wheelWidget), nullptr);
+  EXPECT_NE(dynamic_cast<ValWidget<ColourData>*>(wheelWidget), nullptr);
+  // The wheel has no frame: the gap round its disc is its own.
+  EXPECT_EQ(wheel->getBorder().type(), 0);
+  // The panel's tab order runs through its boxes: Tab from the red box
+  // reaches the green one.
+  ComponentTextBox* red = picker->getComponentBox(ColourData::kComponent0);
+  ASSERT_NE(picker->getTabOrder(), nullptr);
+  HeadlessInput::clickOn(*red);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), picker->getComponentBox(ColourData::kComponent1));
+}
+
 TEST_F(ColourPickerTest, WithoutTheAlphaFlagThereIsNoAlphaGroupAndTheHeightIsOneGroupLower) {
   ColourPicker* plain = openPicker(ColourPicker::kDefaultFlags, ColourData());
   ColourPicker* withAlpha =

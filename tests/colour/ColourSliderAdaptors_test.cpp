@@ -61,10 +61,10 @@ TEST(LuminanceAdaptor, AnHSVColourStaysInHSV) {
   EXPECT_EQ(server.get(), ColourData(50.0, 0.5, 0.2, ColourSpace::HSV));
 }
 
-// A slider-like widget that remembers what it was told to show.
+// The value side of a slider-like widget, remembering what it was told to
+// show.
 class ShownNumber : public ValWidget<double> {
 public:
-  ShownNumber() : ValWidget<double>(GlobCreationInfo(XY<int>(10, 10))) {}
   void setNewWidgetValue(double& value, eRedrawFlag) override { number = value; }
   double getWidgetValue() override { return number; }
   double number = -1.0;

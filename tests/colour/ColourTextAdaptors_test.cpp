@@ -183,10 +183,9 @@ TEST(AlphaTextAdaptor, TypedAlphaIsScaledAndCapped) {
 
 // --- Notification -----------------------------------------------------------
 
-// A text widget that remembers what it was told to show.
+// The value side of a text widget, remembering what it was told to show.
 class ShownText : public ValWidget<WString> {
 public:
-  ShownText() : ValWidget<WString>(GlobCreationInfo(XY<int>(10, 10))) {}
   void setNewWidgetValue(WString& value, eRedrawFlag redraw) override {
     text = value.str();
     lastRedraw = redraw;

@@ -13,7 +13,4 @@ public:
   using ValClient<ColourData>::operator=;
 };
 
-class ZO_API ColourDataValWidget : public ValWidget<ColourData> {
-public:
-  using ValWidget<ColourData>::ValWidget;
-};
+class ZO_API ColourDataValWidget : public ValWidget<ColourData> {};

@@ -23,11 +23,11 @@ public:
 // A named base for string adaptors written by hand.
 class ZO_API ValAdaptorWStringT : public ValAdaptorBase<LightweightString<wchar_t>> {};
 
-// The widget side of a binding: a widget that shows and edits a T.
+// The widget side of a binding: what shows and edits a T. A widget takes it
+// on beside its widget base (class Slider : public Glob, public
+// ValWidget<double>), so a panel can be a value widget as well.
 template <class T> class ZO_API ValWidget : public WidgetBase {
 public:
-  explicit ValWidget(GlobCreationInfo const& info = GlobCreationInfo()) : WidgetBase(info) {}
-
   // Binds, then shows the data at once without a redraw of its own. A null
   // adaptor only clears the binding.
   virtual void setDataAdaptor(Zo::Ptr<ValAdaptorBase<T>> const& adaptor) {
@@ -59,10 +59,7 @@ public:
 };
 
 // Base for buttons that show a value in their label.
-template <class T> class ZO_API ButtonWidget : public ValWidget<T> {
-public:
-  using ValWidget<T>::ValWidget;
-};
+template <class T> class ZO_API ButtonWidget : public ValWidget<T> {};
 
 template <class A> void ValAdaptorBase<A>::setNewWidgetValue(A value, eRedrawFlag redraw) {
   // A widget may unbind while being told; walk a snapshot.

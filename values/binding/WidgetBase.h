@@ -1,7 +1,6 @@
 #pragma once
 
 #include <zowidgets/host/base/Ptr.h>
-#include <zowidgets/host/toolkit/Glob.h>
 
 #include <set>
 
@@ -18,12 +17,17 @@ private:
   std::set<WidgetBase*> widgets_;
 };
 
-// A widget that an adaptor binds to. Header-only, like the rest of the value
-// binding, so that the host's own widgets can be value widgets.
-class ZO_API WidgetBase : public Glob {
+// The value side of a widget: what an adaptor binds to. It is not a widget
+// itself, so that any widget can take it on beside its own base: a widget
+// class derives from Glob, StandardPanel or another widget, and from
+// ValWidget<T>. Header-only, like the rest of the value binding, so that the
+// host's own widgets can be value widgets.
+class ZO_API WidgetBase {
 public:
-  explicit WidgetBase(GlobCreationInfo const& info = GlobCreationInfo()) : Glob(info) {}
-  ~WidgetBase() override { setAdaptor(nullptr); }
+  WidgetBase() = default;
+  WidgetBase(WidgetBase const&) = delete;
+  WidgetBase& operator=(WidgetBase const&) = delete;
+  virtual ~WidgetBase() { setAdaptor(nullptr); }
 
   // Leaves the old adaptor's set and joins the new one's; null only unbinds.
   void setAdaptor(Zo::Ptr<AdaptorBase> const& adaptor) {

@@ -66,8 +66,8 @@ PressTracker::Reaction PressTracker::react(Event const& event, XY<int> size) {
 }
 
 Button::Button(InitArgs const& args)
-    : ButtonWidget<LightweightString<wchar_t>>(args), label_(args.label.getString()), message_(args.message),
-      icon_(args.icon), style_(args.style), glyph_(args.glyph), latching_(args.latching), autoResize_(args.autoResize) {
+    : Glob(args), label_(args.label.getString()), message_(args.message), icon_(args.icon), style_(args.style),
+      glyph_(args.glyph), latching_(args.latching), autoResize_(args.autoResize) {
   setCanBeIt(true);
   if (getSize().y == 0)
     resize(getSize().x, calcHeight());

@@ -4,6 +4,7 @@
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/Fonts.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
+#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/values/binding/ValWidget.h>
 #include <zowidgets/values/notify/Broadcaster.h>
 
@@ -48,7 +49,7 @@ private:
 // so an adaptor can drive the text. A press reaches the button's callbacks,
 // then, if the button has a message, its parent through Glob::sendMsg.
 // Latching buttons stay down after a click until clicked again.
-class ZO_API Button : public ButtonWidget<LightweightString<wchar_t>> {
+class ZO_API Button : public Glob, public ButtonWidget<LightweightString<wchar_t>> {
 public:
   enum eStyle : int {
     kStyleFlat = 0,   // face only when hovered, pressed or latched

@@ -18,7 +18,7 @@ int indicatorSide() { return UifStd::getRowHeight() * 3 / 5; }
 } // namespace
 
 Checkbox::Checkbox(InitArgs const& args)
-    : ValWidget<bool>(args), label_(args.label.getString()), appearance_(args.appearance), checked_(args.checked) {
+    : Glob(args), label_(args.label.getString()), appearance_(args.appearance), checked_(args.checked) {
   setCanBeIt(true);
   if (getSize().y == 0)
     resize(getSize().x, UifStd::getRowHeight());

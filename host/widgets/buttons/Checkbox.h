@@ -1,5 +1,6 @@
 #pragma once
 
+#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 
 class Checkbox;
@@ -14,7 +15,7 @@ struct ZO_API CheckboxEvent {
 
 // An on/off choice with a label. Bound through an adaptor, a click asks the
 // data to change; the box shows whatever the data then says.
-class ZO_API Checkbox : public ValWidget<bool> {
+class ZO_API Checkbox : public Glob, public ValWidget<bool> {
 public:
   enum eAppearance : int {
     kTickBox = 0, // a box with a tick in it

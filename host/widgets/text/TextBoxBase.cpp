@@ -24,8 +24,7 @@ Glib::TextDescription textIn(std::wstring const& text, Zo::Box<double> const& bo
 
 } // namespace
 
-TextBoxBase::TextBoxBase(InitArgs const& args)
-    : ValWidget<LightweightString<wchar_t>>(args), ghostLabel_(args.ghostLabel), editable_(args.editable) {
+TextBoxBase::TextBoxBase(InitArgs const& args) : Glob(args), ghostLabel_(args.ghostLabel), editable_(args.editable) {
   setCanBeIt(true);
 }
 
@@ -116,12 +115,12 @@ int TextBoxBase::react(Event const& event) {
       textEdited();
     return 1;
   default:
-    return ValWidget<LightweightString<wchar_t>>::react(event);
+    return Glob::react(event);
   }
 }
 
 void TextBoxBase::handleKbdFocus(bool gained) {
-  ValWidget<LightweightString<wchar_t>>::handleKbdFocus(gained);
+  Glob::handleKbdFocus(gained);
   if (!gained) {
     dragging_ = false;
     commit(false);

@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/widgets/text/TextBoxEvent.h>
 #include <zowidgets/host/widgets/text/TextEditCore.h>
 #include <zowidgets/values/binding/ValWidget.h>
@@ -15,7 +16,7 @@
 // presses Return or the box loses the keyboard focus; listeners hear every
 // change the user makes (TextBoxEvent::kTextChanged) and Return
 // (TextBoxEvent::kReturnPressed). Text set by the program raises no event.
-class ZO_API TextBoxBase : public ValWidget<LightweightString<wchar_t>>, public Broadcaster<TextBoxEvent> {
+class ZO_API TextBoxBase : public Glob, public ValWidget<LightweightString<wchar_t>>, public Broadcaster<TextBoxEvent> {
 public:
   using eCharacterRestriction = TextEditCore::eCharacterRestriction;
   using enum TextEditCore::eCharacterRestriction;

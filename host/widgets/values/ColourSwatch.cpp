@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-ColourSwatch::ColourSwatch(InitArgs const& args) : ValWidget<ColourData>(args), colour_(args.colour) {
+ColourSwatch::ColourSwatch(InitArgs const& args) : Glob(args), colour_(args.colour) {
   if (getSize().y == 0)
     resize(getSize().x, UifStd::getRowHeight());
   if (getSize().x == 0)

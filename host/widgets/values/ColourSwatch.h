@@ -1,12 +1,13 @@
 #pragma once
 
 #include <zowidgets/host/drawing/ColourData.h>
+#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/values/binding/ValWidget.h>
 
 // A patch of one colour. Transparency shows against a checkerboard, and an
 // outline keeps dark colours visible on a dark panel. Its value is the
 // ColourData it shows, so an adaptor can drive it.
-class ZO_API ColourSwatch : public ValWidget<ColourData> {
+class ZO_API ColourSwatch : public Glob, public ValWidget<ColourData> {
 public:
   struct InitArgs : GlobCreationInfo {
     InitArgs() = default;

@@ -14,9 +14,8 @@ constexpr double kContinuousStepFraction = 0.01;
 } // namespace
 
 Slider::Slider(InitArgs const& args)
-    : ValWidget<double>(args), min_(std::min(args.minValue, args.maxValue)),
-      max_(std::max(args.minValue, args.maxValue)), increment_(std::max(args.increment, 0.0)),
-      value_(constrain(args.initialValue)), thumbColour_(args.thumbColour) {
+    : Glob(args), min_(std::min(args.minValue, args.maxValue)), max_(std::max(args.minValue, args.maxValue)),
+      increment_(std::max(args.increment, 0.0)), value_(constrain(args.initialValue)), thumbColour_(args.thumbColour) {
   setCanBeIt(true);
 }
 

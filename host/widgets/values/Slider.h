@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zowidgets/host/drawing/Colour.h>
+#include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/values/binding/ValWidget.h>
 #include <zowidgets/values/notify/Broadcaster.h>
 
@@ -18,7 +19,7 @@ struct SliderEvent {
 // it has the focus. When bound, a user's edit goes to the data through
 // requestSetNewDataValue and the slider shows only what comes back; unbound,
 // it moves itself.
-class ZO_API Slider : public ValWidget<double>, public Broadcaster<SliderEvent> {
+class ZO_API Slider : public Glob, public ValWidget<double>, public Broadcaster<SliderEvent> {
 public:
   struct InitArgs : GlobCreationInfo {
     using GlobCreationInfo::GlobCreationInfo;

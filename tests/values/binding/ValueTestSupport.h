@@ -4,8 +4,8 @@
 
 #include <vector>
 
-// A stand-in widget: shows whatever its adaptor tells it, and records each
-// time it was told and whether it was asked to redraw.
+// A stand-in for a widget's value side: shows whatever its adaptor tells it,
+// and records each time it was told and whether it was asked to redraw.
 template <class T> class FakeValWidget : public ValWidget<T> {
 public:
   void setNewWidgetValue(T& value, eRedrawFlag redraw) override {
