@@ -112,7 +112,7 @@ private:
   // What every row maker does once its row is made.
   void finishRow(Zo::Ptr<iParam> const& param, Glob* widget);
   void wireRules(Zo::Ptr<iParam> const& param);
-  Glob* makeTextRow(UIString const& legend, WidgetPosition const& position);
+  Glob* makeTextRow(UIString const& legend, WidgetPosition const& position, WidgetSurround const& surround);
   void wireJSONRules(Zo::Ptr<JSON::Element> const& entry);
   // Rows shown under opposite conditions on one parameter share a slot.
   void mergeAlternateRows(Zo::Ptr<JSON::Element> const& entries, std::vector<Glob*> const& rows);

@@ -31,6 +31,13 @@ double numberOf(JSONElementPtr const& entry, char const* key, double fallback) {
   return entry->getNumber(key, fallback);
 }
 
+// "values" is an object of numbered choices; anything else under that key
+// (an array, say) reads as absent, as a key of the wrong type does.
+JSONElementPtr choicesOf(JSONElementPtr const& entry) {
+  JSONElementPtr values = entry->getChild("values");
+  return values && !values->isArray() ? values : JSONElementPtr();
+}
+
 // The text of a rule key, "id=pattern", as the pieces it names.
 AttribValuePair pairOf(JSONElementPtr const& entry, char const* key) {
   return AttribValuePair(entry->getString(key), '=');
@@ -102,7 +109,7 @@ Glob* UIBuilder::makeFloatParam(JSONElementPtr const& entry, WidgetPosition cons
 Glob* UIBuilder::makeChoiceParam(JSONElementPtr const& entry, WidgetPosition const& position,
                                  WidgetSurround const& surround) {
   std::vector<ChoiceParam::Choice> choices;
-  if (JSONElementPtr const values = entry->getChild("values"))
+  if (JSONElementPtr const values = choicesOf(entry))
     for (JSON::Element::NumericAttrib const& attrib : values->getNumericAttribs()) {
       ChoiceParam::Choice choice;
       choice.label = UIString(LightweightString<wchar_t>::fromUTF8(attrib.name));
@@ -209,10 +216,10 @@ void UIBuilder::mergeAlternateRows(JSONElementPtr const& entries, std::vector<Gl
 }
 
 // An entry of no known type: its legend as a line of text.
-Glob* UIBuilder::makeTextRow(UIString const& legend, WidgetPosition const& position) {
+Glob* UIBuilder::makeTextRow(UIString const& legend, WidgetPosition const& position, WidgetSurround const& surround) {
   TextLabel::InitArgs args(XY<int>(width_, UifStd::getRowHeight()));
   args.text = legend;
-  return createWidget<TextLabel>(args, true, position, surround_);
+  return createWidget<TextLabel>(args, true, position, surround);
 }
 
 Zo::Ptr<UIBuilder::Params> UIBuilder::build(JSONElementPtr const& root) {
@@ -224,22 +231,25 @@ Zo::Ptr<UIBuilder::Params> UIBuilder::build(JSONElementPtr const& root) {
     std::vector<Glob*> rows;
     for (unsigned short i = 0; i < entries->getNumChildren(); ++i) {
       JSONElementPtr const entry = entries->getChild(i);
+      // The first row sits at the top left; each later one keeps a row gap
+      // from the one above.
       WidgetPosition const position = i == 0 ? Glob::UserTopLeft(0, 0) : Glob::Below(0, nullptr, kAlignStart);
+      WidgetSurround const surround = i == 0 ? WidgetSurround::none() : UifStd::getRowSeparator(kRelativeAbove);
       LightweightString<char> const type = entry->getString("type");
       Glob* widget = nullptr;
       if (type == "bool")
-        widget = makeBoolParam(entry, position, surround_);
+        widget = makeBoolParam(entry, position, surround);
       else if (type == "int")
-        widget = entry->getChild("values") ? makeChoiceParam(entry, position, surround_)
-                                           : makeIntParam(entry, position, surround_);
+        widget =
+            choicesOf(entry) ? makeChoiceParam(entry, position, surround) : makeIntParam(entry, position, surround);
       else if (type == "text")
-        widget = makeTextParam(entry, position, surround_);
+        widget = makeTextParam(entry, position, surround);
       else if (type == "float")
-        widget = makeFloatParam(entry, position, surround_);
+        widget = makeFloatParam(entry, position, surround);
       else if (type == "label")
-        widget = makeLabelParam(entry, position, surround_);
+        widget = makeLabelParam(entry, position, surround);
       else
-        widget = makeTextRow(legendOf(entry), position);
+        widget = makeTextRow(legendOf(entry), position, surround);
       rowValue_ = Zo::Ptr<iObject>();
       rows.push_back(widget ? widget->parent() : nullptr);
       wireJSONRules(entry);

@@ -362,6 +362,10 @@ int HSColourWheel::handleMouseEvent(Event const& event) {
       grabOffset_ = XY<int>(static_cast<int>(point.x - cursor_.x), static_cast<int>(point.y - cursor_.y));
     // The cursor follows the mouse's motion, not the mouse itself.
     point -= XY<double>(grabOffset_.x, grabOffset_.y);
+    // Picking up the cursor ends anything the parent was carrying.
+    if (justGrabbed_)
+      if (Glob* owner = parent())
+        owner->drop(0);
     setFromXY(point.x, point.y, mouse_down_event(event) ? kGestureStart : kGestureContinue);
     return true;
   }
@@ -375,6 +379,7 @@ int HSColourWheel::handleMouseEvent(Event const& event) {
 bool HSColourWheel::handleMouseCursorEvent(Event const& event, double& x, double& y) {
   if (!isActive())
     return false;
+  justGrabbed_ = false;
   int const mouseX = mouse_get_current_x(event);
   int const mouseY = mouse_get_current_y(event);
   bool const leftOrRight = mouse_left_event(event) || mouse_right_event(event);
@@ -382,6 +387,7 @@ bool HSColourWheel::handleMouseCursorEvent(Event const& event, double& x, double
     x = mouseX;
     y = mouseY;
     dragging_ = true;
+    justGrabbed_ = true;
     return true;
   };
   if (mouse_down_event(event) && leftOrRight) {

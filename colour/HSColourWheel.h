@@ -142,6 +142,8 @@ private:
   XY<double> cursor_{0.0, 0.0};
   XY<int> grabOffset_{0, 0};
   bool dragging_ = false;
+  // Set by the event that picked the cursor up, until the next mouse event.
+  bool justGrabbed_ = false;
   // Where a chord press takes the cursor, both edges inclusive.
   int hitLeft_ = 0;
   int hitRight_ = 0;

@@ -20,8 +20,8 @@ struct ZO_API DropDownButtonInitArgs : Button::InitArgs {
 // A button whose panel is a top-level window of its own, made by
 // generateDropDown() each time it is shown. The button refers to the panel
 // by handle and stamp and learns that it has gone only from the panel's
-// DropDownMsg::kPanelGone. Not latching, a press toggles the panel; latching,
-// down shows it and up removes it.
+// DropDownMsg::kPanelGone. Not latching, a press toggles the panel and is
+// reported as state 1 either way; latching, down shows it and up removes it.
 template <class T> class ZO_API DropDownButton : public Button {
 public:
   struct InitArgs : DropDownButtonInitArgs {
@@ -62,8 +62,10 @@ public:
       return;
     }
     if (host_.isLive() && !isLatching()) {
+      // The press that closes the panel is still reported as a press: the
+      // button shows state 1 until the panel's farewell or the next press.
       removeMenuFromScreen();
-      setState(0, flag);
+      setState(1, flag);
       return;
     }
     if (!host_.isLive())
@@ -165,6 +167,10 @@ protected:
     drawDropDownChevron(renderer, Zo::Box<int>(labelBox().x1, 0, width(), height()), labelColour(),
                         panel && sideFacing(screenBoxOf(*this), screenBoxOf(*panel)) == kRelativeAbove);
   }
+
+  // A button that does not latch reports a press that closed its panel as
+  // state 1 too; any button looks down only while its panel shows.
+  bool showsStateDown() const override { return Button::showsStateDown() && host_.isLive(); }
 
   void drawBorder(CanvasRenderer& renderer) override {
     Button::drawBorder(renderer);

@@ -38,14 +38,13 @@ public:
   bool isMovable() const noexcept { return movable_; }
   bool isAttached() const noexcept { return attached_; }
 
-  // Detached, the panel is independent of its button: movable, closed only
-  // by its own means, and carried along by the drag in progress.
+  // Either way the button hears "detach" and lets the panel go, which then
+  // has no modal context. Detached, the panel is independent of its button:
+  // movable, closed only by its own means, and carried along by the drag in
+  // progress.
   virtual void setAttached(bool attached) {
-    if (attached == attached_)
-      return;
     attached_ = attached;
-    if (!attached)
-      Glob::sendMsg(owner_.get(), DropDownMsg::kDetach, this);
+    Glob::sendMsg(owner_.get(), DropDownMsg::kDetach, this);
     setMovable(!attached);
     unsetModalContextGlob();
     this->invalidate();
@@ -93,6 +92,12 @@ public:
         own->move(event.screenPosition - grip_);
     }
     return 0;
+  }
+
+  // A child that takes the mouse for itself ends a move of the panel.
+  void drop(int reason) override {
+    pressed_ = moving_ = false;
+    T::drop(reason);
   }
 
   int react(Event const& event) override {

@@ -23,7 +23,7 @@ BuiltDescription buildDescription(LightweightString<wchar_t> const& text, PanelO
                                          : 18 * UifStd::getRowHeight();
   unsigned short const count = UIBuilder::getNumParams(root);
   int const rowsHeight = count * (UifStd::getRowHeight() + UifStd::getRowGap());
-  unsigned const standardWidgets = options.title.empty() ? 0 : StandardPanel::kTitle;
+  unsigned const standardWidgets = options.title.empty() ? 0u : unsigned(StandardPanel::kTitle);
   StandardPanel::InitArgs args(
       StandardPanel::calcPanelSize(XY<int>(rowWidth, rowsHeight), standardWidgets, StandardPanel::getDefaultBorder()));
   args.standardWidgets = standardWidgets;

@@ -165,6 +165,8 @@ void Glob::setPalette(Palette const& palette) {
 
 int Glob::react(Event const&) { return 0; }
 
+void Glob::drop(int) {}
+
 int Glob::contextCursor(XY<int>) const { return 0; }
 
 int Glob::sendMsg(Glob* target, LightweightString<char> const& message, Glob* sender) {

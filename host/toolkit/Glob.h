@@ -183,6 +183,10 @@ public:
   // The deepest visible, active widget under a point in this widget's
   // coordinates; null when the point is outside.
   virtual Glob* pick(XY<int> point);
+  // Puts down whatever this widget is carrying (a move of its window, a
+  // dragged item) because a child took the mouse for itself; `reason` says
+  // why, 0 for a child's own drag. Nothing is carried by default.
+  virtual void drop(int reason);
   virtual int contextCursor(XY<int> point) const;
   void setCanBeIt(bool focusable) { canBeIt_ = focusable; }
   bool canBeIt() const noexcept { return canBeIt_ && isShowing() && isActive(); }

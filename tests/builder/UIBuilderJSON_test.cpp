@@ -67,7 +67,7 @@ TEST_F(UIBuilderJSON, TheWorkedExampleBuildsFourRowsAndMergesTheAlternates) {
 
   // Row 2 shares row 1's slot, and the panel loses one row's height and gap.
   EXPECT_EQ(built->getWidget("m")->getY(), built->getWidget("n")->getY());
-  EXPECT_EQ(top(built->getWidget("t")), built->getWidget("m")->getY());
+  EXPECT_EQ(top(built->getWidget("t")), built->getWidget("m")->getY() - UifStd::getRowGap());
   EXPECT_EQ(panel->height(), heightBefore - pitch());
 }
 
@@ -187,6 +187,33 @@ TEST_F(UIBuilderJSON, AKeyOfTheWrongTypeCountsAsAbsent) {
   EXPECT_EQ(rowWidget<SliderParamHost>(*built, "n")->getTextBox()->getString(), L"-1");
 }
 
+TEST_F(UIBuilderJSON, ValuesThatAreAnArrayMakeNoChoiceRow) {
+  Zo::Ptr<UIBuilder::Params> built =
+      build(LR"({"rows": [{"type": "int", "name": "n", "legend": "N", "values": [1, 2], "default": 5}]})");
+  EXPECT_EQ(rowWidget<ChoiceParamHost>(*built, "n"), nullptr);
+  SliderParamHost* n = rowWidget<SliderParamHost>(*built, "n");
+  ASSERT_NE(n, nullptr);
+  EXPECT_EQ(n->getTextBox()->getString(), L"5");
+}
+
+TEST_F(UIBuilderJSON, TheFirstRowHasNoSurroundAndLaterRowsKeepARowGapAbove) {
+  Zo::Ptr<UIBuilder::Params> built = build(LR"({"rows": [{"type": "bool", "name": "a", "legend": "A"},
+    {"type": "bool", "name": "b", "legend": "B"}, {"type": "other", "legend": "Some text"},
+    {"type": "label", "name": "c", "legend": "C"}]})");
+  Glob* a = built->getWidget("a");
+  Glob* b = built->getWidget("b");
+  Glob* c = built->getWidget("c");
+  EXPECT_EQ(a->getWidgetSurround(), WidgetSurround::none());
+  EXPECT_EQ(b->getWidgetSurround(), UifStd::getRowSeparator(kRelativeAbove));
+  EXPECT_EQ(top(a), panel->getUserArea().y1);
+  EXPECT_EQ(top(b), a->getY() - UifStd::getRowGap());
+  // The line of text between b and c keeps the same gap on both sides.
+  ASSERT_EQ(panel->getChildren().size(), 4u);
+  Glob const* text = panel->getChildren()[2];
+  EXPECT_EQ(top(text), b->getY() - UifStd::getRowGap());
+  EXPECT_EQ(top(c), text->getY() - UifStd::getRowGap());
+}
+
 TEST_F(UIBuilderJSON, ChoicesFollowTheirAttributesAndTheChoiceText) {
   Zo::Ptr<UIBuilder::Params> built = build(LR"({"rows": [
     {"type": "int", "name": "first", "values": {"Low": 10, "Mid": 20, "High": 30}},
@@ -260,7 +287,7 @@ TEST_F(UIBuilderJSON, ARunReachingTheFirstEntryIsLeftAlone) {
     {"type": "bool", "name": "x1", "visible if": "k=1"},
     {"type": "bool", "name": "x2", "visible if": "k=2"}]})");
   EXPECT_EQ(panel->height(), heightBefore);
-  EXPECT_EQ(top(built->getWidget("x2")), built->getWidget("x1")->getY());
+  EXPECT_EQ(top(built->getWidget("x2")), built->getWidget("x1")->getY() - UifStd::getRowGap());
 }
 
 TEST_F(UIBuilderJSON, AlternatesOnDifferentParametersOrWithTheSamePatternAreNotMerged) {

@@ -199,3 +199,33 @@ TEST_F(HSColourWheelInput, MovingTheCursorRepaintsOnlyAroundItsOldAndNewPlaces) 
 }
 
 } // namespace
+
+// A window that counts what it was told to put down.
+class CarryingPanel : public StandardPanel {
+public:
+  using StandardPanel::StandardPanel;
+  void drop(int reason) override { drops.push_back(reason); }
+  std::vector<int> drops;
+};
+
+TEST_F(HSColourWheelInput, PickingUpTheCursorTellsTheParentToDropWhatItCarriesOnce) {
+  StandardPanel::InitArgs args(XY<int>(240, 240));
+  args.screenPosition = XY<int>(600, 300);
+  auto* carrier = new CarryingPanel(args);
+  GlobManager::realize(carrier);
+  auto* own = carrier->createWidget<HSColourWheel>(HSColourWheel::InitArgs(GlobCreationInfo(XY<int>(200, 200))),
+                                                   Glob::UserTopLeft(10, 10));
+  own->setDataAdaptor(adaptor);
+  XY<double> const centre = own->getCentre();
+  auto at = [&](int x, int y) {
+    return HeadlessInput::pointOn(*own, XY<int>(static_cast<int>(centre.x) + x, static_cast<int>(centre.y) + y));
+  };
+  // A click away from the cursor picks nothing up.
+  HeadlessInput::click(at(50, 50));
+  EXPECT_TRUE(carrier->drops.empty());
+  // A drag of the cursor: the press drops, the moves and the release do not.
+  HeadlessInput::drag(at(0, 0), at(30, 20));
+  EXPECT_EQ(carrier->drops, std::vector<int>{0});
+  GlobManager::requestDeletion(carrier);
+  pump();
+}

@@ -200,11 +200,11 @@ Colour Button::labelColour() const {
 
 void Button::drawFace(CanvasRenderer& renderer) const {
   Palette const buttonPalette = makeButtonPalette(getPalette());
-  bool const down = tracker_.isPressed() || state_ != 0;
+  bool const down = tracker_.isPressed() || showsStateDown();
   if (style_ == kStyleLink || (style_ == kStyleFlat && !down && !tracker_.isHovered()))
     return;
   Colour face = faceColour_.use() ? faceColour_ : buttonPalette.window();
-  if (state_ != 0)
+  if (showsStateDown())
     face = getPalette().selection();
   if (!isActive())
     face = Colour::mix(face, getPalette().window(), 0.5);

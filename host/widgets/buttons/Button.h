@@ -115,6 +115,8 @@ protected:
   void draw(CanvasRenderer& renderer) override;
   // The label area; menu buttons keep room for their arrow.
   virtual Zo::Box<int> labelBox() const;
+  // Whether the state is drawn as a button held down; any state but 0 is.
+  virtual bool showsStateDown() const { return state_ != 0; }
   void drawFace(CanvasRenderer& renderer) const;
   void drawLabel(CanvasRenderer& renderer, Zo::Box<int> const& box) const;
   Colour labelColour() const;
