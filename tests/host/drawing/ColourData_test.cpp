@@ -14,13 +14,8 @@ namespace {
 
 constexpr double kTolerance = 1e-9;
 
-std::filesystem::path dataDirectory() {
-#ifdef ZO_SOURCE_DIR
-  return std::filesystem::path(ZO_SOURCE_DIR) / "tests" / "host" / "drawing" / "data";
-#else
-  return std::filesystem::path(__FILE__).parent_path() / "data";
-#endif
-}
+// Absolute, so that the tests find it from any working folder.
+std::filesystem::path dataDirectory() { return std::filesystem::path(ZO_TESTS_DIR) / "host" / "drawing" / "data"; }
 
 // Rows of six numbers from a table written by make_hsv_reference.py.
 std::vector<std::array<double, 6>> readTable(char const* name) {

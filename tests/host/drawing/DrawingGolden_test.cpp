@@ -19,7 +19,9 @@ namespace {
 constexpr double kSheetWidth = 360.0;
 constexpr double kSheetHeight = 260.0;
 
-std::filesystem::path goldenFolder() { return std::filesystem::path(__FILE__).parent_path() / "data" / "drawing"; }
+std::filesystem::path goldenFolder() {
+  return std::filesystem::path(ZO_TESTS_DIR) / "host" / "drawing" / "data" / "drawing";
+}
 
 // Sheet coordinates are measured from the top-left at scale 1, which reads
 // more naturally for a layout; they are scaled and flipped to the

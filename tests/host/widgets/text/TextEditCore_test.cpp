@@ -154,7 +154,7 @@ struct CommonKeys : ::testing::Test {
 TEST_F(CommonKeys, ArrowsMoveByCharacterOrWordAndSayTheCaretMoved) {
   EXPECT_EQ(editor.applyCommonKey(kKeyLeft, true, actions), 1);
   EXPECT_EQ(editor.caret(), 6u);
-  EXPECT_EQ(editor.applyCommonKey(kKeyLeft | kKeyCtrl | kKeyShift, true, actions), 1);
+  EXPECT_EQ(editor.applyCommonKey(int(kKeyLeft) | kKeyCtrl | kKeyShift, true, actions), 1);
   EXPECT_EQ(editor.caret(), 4u);
   EXPECT_EQ(editor.anchor(), 6u);
   EXPECT_EQ(done, (std::vector<std::string>{"caret", "caret"}));
