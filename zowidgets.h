@@ -47,6 +47,7 @@
 #include <zowidgets/host/base/LastValServer.h>
 #include <zowidgets/host/base/LightweightString.h>
 #include <zowidgets/host/base/LightweightVector.h>
+#include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/base/NotifyMsg.h>
 #include <zowidgets/host/base/NotifyMsgTypeDictionary.h>
 #include <zowidgets/host/base/NumberText.h>
@@ -88,6 +89,7 @@
 #include <zowidgets/host/shell/ShellBackend.h>
 #include <zowidgets/host/toolkit/BackgroundTask.h>
 #include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/CursorCodes.h>
 #include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/GlobCreationInfo.h>

@@ -1,5 +1,6 @@
 #include <zowidgets/colour/DropDownColourPickerButton.h>
 
+#include <zowidgets/host/toolkit/CursorCodes.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/values/ColourSwatch.h>
 
@@ -19,6 +20,7 @@ DropDownColourPickerButton::DropDownColourPickerButton(InitArgs const& args)
   int const indent = UifStd::getIndentWidth();
   ColourSwatch::InitArgs swatch(XY<int>(labelBox().width() - 2 * indent, height() - 2 * indent), picker.colour);
   swatch_ = createChild<ColourSwatch>(swatch, LeftCentre(indent, 0));
+  setDefaultMouseCursor(kCursorHand);
 }
 
 void DropDownColourPickerButton::setColour(NormalisedRGB const& colour) {
@@ -36,6 +38,8 @@ void DropDownColourPickerButton::setDataAdaptor(Zo::Ptr<ValAdaptorBase<ColourDat
 }
 
 int DropDownColourPickerButton::handleColourChange(ColourPickerEvent const& event) {
+  if (suppressColourChanges_)
+    return 0;
   swatch_->setColour(event.colour);
   broadcast(event);
   return 0;

@@ -30,8 +30,11 @@ public:
   Zo::Ptr<ValAdaptorBase<ColourData>> const& getColourDataAdaptor() const noexcept { return dataAdaptor_; }
   ColourSwatch* getSwatch() const noexcept { return swatch_; }
 
-  // The picker's edits: shown on the swatch and passed on.
+  // The picker's edits: shown on the swatch and passed on, unless suppressed
+  // (while the owner sets the colour itself, say).
   int handleColourChange(ColourPickerEvent const& event);
+  void setSuppressColourChanges(bool suppress) noexcept { suppressColourChanges_ = suppress; }
+  bool areColourChangesSuppressed() const noexcept { return suppressColourChanges_; }
 
   // An inactive button closes its picker.
   void setActive(bool active, eRedrawFlag redraw) override;
@@ -43,4 +46,5 @@ protected:
 private:
   ColourSwatch* swatch_ = nullptr;
   Zo::Ptr<ValAdaptorBase<ColourData>> dataAdaptor_;
+  bool suppressColourChanges_ = false;
 };

@@ -2,6 +2,7 @@
 #include <zowidgets/colour/EyeDropperSampling.h>
 #include <zowidgets/colour/EyeDropperScreenCover.h>
 #include <zowidgets/colour/MagnifyTool.h>
+#include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
@@ -30,8 +31,13 @@ MagnifyTool* CursorCapturer::getMagnifier() const { return static_cast<MagnifyTo
 void CursorCapturer::enableCapture() {
   if (capturing_)
     return;
-  getEventInterceptStack().push(this);
+  interceptStamp_ = getEventInterceptStack().push(this, EventInterceptStack::kMouseAndKeys);
+  if (!interceptStamp_.valid()) {
+    LogBoth(kEnableFailure);
+    return;
+  }
   capturing_ = true;
+  glib_enableMouseContextLogic(false);
   ZoTooltipsEnable(false);
   glib_setCursor(kCaptureCursor);
   guards_.push_back(Glib::addMouseListener(Zo::Ptr<iCallbackBase<int, Event>>(
@@ -50,11 +56,17 @@ void CursorCapturer::enableCapture() {
 void CursorCapturer::disableCapture() {
   if (!capturing_)
     return;
-  getEventInterceptStack().remove(this);
-  capturing_ = false;
+  // An entry someone else took away leaves the capture on, as a sign that
+  // the stack was disturbed; the rest is given back all the same.
+  if (getEventInterceptStack().pop(interceptStamp_))
+    capturing_ = false;
+  else
+    LogBoth(kDisableFailure);
+  interceptStamp_ = IdStamp::null();
   guards_.clear();
+  glib_enableMouseContextLogic(true);
   ZoTooltipsEnable(true);
-  glib_setCursor(0);
+  glib_setCursor(kCursorDefault);
   areaStart_ = XY<double>(-1.0, -1.0);
   for (GlobHandle* window : {&magnifier_, &cover_}) {
     if (Glob* shown = window->get())

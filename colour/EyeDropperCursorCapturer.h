@@ -1,6 +1,8 @@
 #pragma once
 
 #include <zowidgets/colour/EyeDropperImageButton.h>
+#include <zowidgets/host/base/IdStamp.h>
+#include <zowidgets/host/toolkit/CursorCodes.h>
 #include <zowidgets/host/widgets/popups/DropDownHostBase.h>
 #include <zowidgets/values/notify/NotifierBase.h>
 
@@ -24,8 +26,10 @@ class ZO_API CursorCapturer : public ImageButton {
 public:
   enum captureStyleType : int { kSampleOnPress = 0, kAreaStyle = 1 };
   enum eSampleMode : int { kSampleColour = 0, kSampleRange = 1 };
-  // The crosshair of the host's cursor shapes.
-  static constexpr int kCaptureCursor = 3;
+  static constexpr int kCaptureCursor = kCursorCapture;
+  // What the log says when the intercept stack refuses or loses the button.
+  static constexpr char kEnableFailure[] = "Failed to enabled cursor capture.";
+  static constexpr char kDisableFailure[] = "Failed to disable cursor capture.";
   static constexpr int kLensLevel = 8;
 
   using InitArgs = ImageButton::InitArgs;
@@ -78,6 +82,7 @@ private:
   GlobHandle cover_;
   XY<double> areaStart_{-1.0, -1.0};
   int sampleMode_ = kSampleColour;
+  IdStamp interceptStamp_ = IdStamp::null();
   std::array<double, 6> range_{};
   std::vector<Zo::Ptr<Zo::Guard>> guards_;
 };

@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/base/Box.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
+#include <zowidgets/host/toolkit/CursorCodes.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 
@@ -40,8 +41,8 @@ public:
   static constexpr DataChangeType kResetByClick = static_cast<DataChangeType>(3);
 
   // The host's cursor codes: the ordinary one, and the one over the cursor.
-  static constexpr int kPlainCursorCode = 16;
-  static constexpr int kGrabCursorCode = 21;
+  static constexpr int kPlainCursorCode = kCursorArrow;
+  static constexpr int kGrabCursorCode = kCursorGrab;
 
   // The border is a widget gap; the picture is drawn at brightness 1.
   explicit HSColourWheel(InitArgs const& args);

@@ -55,6 +55,8 @@ public:
 
   void setModalContextGlob(Glob* context) {
     modalContext_ = GlobHandle(context);
+    // Asked again, the panel goes back to the top of the stack.
+    getEventInterceptStack().remove(this);
     getEventInterceptStack().push(this);
   }
   void unsetModalContextGlob() {

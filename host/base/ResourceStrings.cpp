@@ -2,10 +2,10 @@
 
 #include <zowidgets/host/base/DataConvert.h>
 #include <zowidgets/host/base/JSON.h>
+#include <zowidgets/host/base/Log.h>
 
 #include <algorithm>
 #include <charconv>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <mutex>
@@ -59,7 +59,7 @@ fs::path findTableFolder() {
     if (fs::exists(folder / "en.json", error))
       return folder;
   }
-  std::fprintf(stderr, "zowidgets: no string tables found; resource texts show as placeholders\n");
+  LogBoth("no string tables found; resource texts show as placeholders");
   return {};
 }
 
@@ -86,7 +86,7 @@ std::optional<StringTable> readTable(fs::path const& file) {
   Zo::Ptr<JSON::Element> root = JSON::parseFile(toWide(file.string()));
   std::optional<StringTable> table = root ? tableFrom(*root) : std::nullopt;
   if (!table)
-    std::fprintf(stderr, "zowidgets: string table '%s' is malformed; it is not used\n", file.c_str());
+    LogBoth("string table '" + file.string() + "' is malformed; it is not used");
   return table;
 }
 

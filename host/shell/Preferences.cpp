@@ -1,6 +1,7 @@
 #include <zowidgets/host/shell/Preferences.h>
 
 #include <zowidgets/host/base/DataConvert.h>
+#include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/base/configb.h>
 
 #include <cerrno>
@@ -26,7 +27,7 @@ constexpr char kRootKey[] = "preferences";
 constexpr char kFileName[] = "preferences.conf";
 constexpr char kCorruptSuffix[] = ".corrupt";
 
-void warn(std::string const& message) { std::fprintf(stderr, "zowidgets: %s\n", message.c_str()); }
+void warn(std::string const& message) { LogBoth(message); }
 
 std::string systemError() { return std::strerror(errno); }
 

@@ -1,9 +1,9 @@
 #include <zowidgets/host/toolkit/BackgroundTask.h>
 
+#include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/events/MessageQueue.h>
 
 #include <cmath>
-#include <cstdio>
 #include <deque>
 #include <exception>
 #include <thread>
@@ -48,10 +48,10 @@ void BackgroundTaskBase::execute() {
   try {
     run();
   } catch (std::exception const& error) {
-    std::fprintf(stderr, "zowidgets: background task failed: %s\n", error.what());
+    LogBoth(std::string("background task failed: ") + error.what());
     setStatus(kFailed);
   } catch (...) {
-    std::fprintf(stderr, "zowidgets: background task failed\n");
+    LogBoth("background task failed");
     setStatus(kFailed);
   }
   std::lock_guard report(reportLock_);

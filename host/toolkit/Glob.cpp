@@ -2,6 +2,8 @@
 #include <zowidgets/host/events/Timer.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
+
+#include <zowidgets/host/toolkit/CursorCodes.h>
 #include <zowidgets/host/toolkit/detail/GlobRegistry.h>
 
 #include <algorithm>
@@ -167,7 +169,13 @@ int Glob::react(Event const&) { return 0; }
 
 void Glob::drop(int) {}
 
-int Glob::contextCursor(XY<int>) const { return 0; }
+// A widget that names no cursor shows its parent's, so that the parts of a
+// compound widget (a swatch inside a button) show the whole's.
+int Glob::contextCursor(XY<int> point) const {
+  if (defaultCursor_ != kCursorDefault || !parent_)
+    return defaultCursor_;
+  return parent_->contextCursor(point + position_);
+}
 
 int Glob::sendMsg(Glob* target, LightweightString<char> const& message, Glob* sender) {
   if (!is_good_glob_ptr(target))

@@ -187,7 +187,12 @@ public:
   // dragged item) because a child took the mouse for itself; `reason` says
   // why, 0 for a child's own drag. Nothing is carried by default.
   virtual void drop(int reason);
+  // The pointer's shape over a point of this widget (an eCursorCode): its
+  // default mouse cursor, or when it has none its parent's choice, unless a
+  // widget knows better.
   virtual int contextCursor(XY<int> point) const;
+  void setDefaultMouseCursor(int cursorCode) noexcept { defaultCursor_ = cursorCode; }
+  int getDefaultMouseCursor() const noexcept { return defaultCursor_; }
   void setCanBeIt(bool focusable) { canBeIt_ = focusable; }
   bool canBeIt() const noexcept { return canBeIt_ && isShowing() && isActive(); }
   bool claimKbdFocus();
@@ -260,6 +265,7 @@ private:
   bool visible_ = true;
   bool active_ = true;
   bool canBeIt_ = false;
+  int defaultCursor_ = 0;
   bool persistable_ = true;
   bool dirty_ = false;
   bool resizable_ = true;

@@ -14,6 +14,7 @@ struct RouterState {
   Glob* capture = nullptr;
   Glob* hovered = nullptr;
   int cursor = 0;
+  bool contextCursors = true;
 };
 
 RouterState& state() {
@@ -66,7 +67,7 @@ Glob* bubble(Glob* start, Event const& event) {
 }
 
 bool interceptedFirst(Event const& event) {
-  Glob* interceptor = getEventInterceptStack().top();
+  Glob* interceptor = getEventInterceptStack().topFor(event);
   return interceptor && offer(interceptor, event, true);
 }
 
@@ -95,6 +96,8 @@ void updateHover(Glob* target, XY<int> screen, int modifiers) {
 }
 
 void updateCursor(Glob* target, XY<int> screen) {
+  if (!state().contextCursors)
+    return;
   int cursor = 0;
   if (is_good_glob_ptr(target)) {
     XY<int> origin = target->screenPosition();
@@ -238,16 +241,34 @@ void InputRouter::forget(Glob* widget) {
   getEventInterceptStack().remove(widget);
 }
 
-void EventInterceptStack::push(Glob* widget) {
-  if (is_good_glob_ptr(widget)) {
-    remove(widget);
-    stack_.push_back(widget);
-  }
+IdStamp EventInterceptStack::push(Glob* widget, unsigned mask) {
+  if (!is_good_glob_ptr(widget) || contains(widget))
+    return IdStamp::null();
+  stack_.push_back(Entry{widget, mask, IdStamp()});
+  return stack_.back().stamp;
 }
 
-void EventInterceptStack::remove(Glob* widget) { std::erase(stack_, widget); }
+bool EventInterceptStack::pop(IdStamp const& stamp) {
+  return stamp.valid() && std::erase_if(stack_, [&](Entry const& entry) { return entry.stamp == stamp; }) != 0;
+}
 
-Glob* EventInterceptStack::top() const { return stack_.empty() ? nullptr : stack_.back(); }
+void EventInterceptStack::remove(Glob* widget) {
+  std::erase_if(stack_, [&](Entry const& entry) { return entry.widget == widget; });
+}
+
+bool EventInterceptStack::contains(Glob const* widget) const {
+  return std::any_of(stack_.begin(), stack_.end(), [&](Entry const& entry) { return entry.widget == widget; });
+}
+
+Glob* EventInterceptStack::top() const { return stack_.empty() ? nullptr : stack_.back().widget; }
+
+Glob* EventInterceptStack::topFor(Event const& event) const {
+  unsigned const kind = event.isMouse() ? kMouse : kKeys;
+  for (auto entry = stack_.rbegin(); entry != stack_.rend(); ++entry)
+    if (entry->mask & kind)
+      return entry->widget;
+  return nullptr;
+}
 
 EventInterceptStack& getEventInterceptStack() {
   static EventInterceptStack instance;
@@ -262,6 +283,10 @@ void glib_setCursor(int cursorId) {
 }
 
 int glib_getCursor() { return state().cursor; }
+
+void glib_enableMouseContextLogic(bool enable) { state().contextCursors = enable; }
+
+bool glib_mouseContextLogicEnabled() { return state().contextCursors; }
 
 XY<int> glib_getMousePos() { return state().mouse; }
 

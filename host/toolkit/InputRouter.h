@@ -1,6 +1,8 @@
 #pragma once
 
+#include <zowidgets/host/base/IdStamp.h>
 #include <zowidgets/host/events/Event.h>
+#include <zowidgets/host/toolkit/CursorCodes.h>
 #include <zowidgets/values/notify/GenericNotifier.h>
 
 #include <string_view>
@@ -45,24 +47,43 @@ struct HoverHook {
 ZO_API void setHoverHook(HoverHook hook);
 } // namespace InputRouter
 
-// Widgets that see every mouse and key event first, wherever it happens (the
-// eye dropper captures the pointer this way). The most recently pushed one is
-// asked first; if its intercept() uses the event, nothing else sees it.
+// Widgets that see mouse or key events first, wherever they happen (the eye
+// dropper captures the pointer this way). Each entry has a mask of the kinds
+// it takes; of the entries whose mask covers an event, the most recently
+// pushed is asked, and if its intercept() uses the event nothing else sees it.
 class ZO_API EventInterceptStack {
 public:
-  void push(Glob* widget);
+  enum eMask : unsigned { kMouse = 256, kKeys = 512, kMouseAndKeys = kMouse | kKeys };
+
+  // A stamp for the new entry; the null stamp, and no entry, for a dead
+  // widget or one that has an entry already.
+  IdStamp push(Glob* widget, unsigned mask = kMouseAndKeys);
+  // Removes the entry with this stamp; false when there is none.
+  bool pop(IdStamp const& stamp);
+  // Removes the widget's entry, if any.
   void remove(Glob* widget);
+  bool contains(Glob const* widget) const;
   Glob* top() const;
+  // The entry that is offered `event` first, or null.
+  Glob* topFor(Event const& event) const;
   bool empty() const noexcept { return stack_.empty(); }
 
 private:
-  std::vector<Glob*> stack_;
+  struct Entry {
+    Glob* widget;
+    unsigned mask;
+    IdStamp stamp;
+  };
+  std::vector<Entry> stack_;
 };
 ZO_API EventInterceptStack& getEventInterceptStack();
 
-// Cursor ids: 0 is the arrow; others are the host's shapes (see
-// docs/host-toolkit.md).
+// Cursor ids are eCursorCode values.
 ZO_API void glib_setCursor(int cursorId);
+// With mouse context logic off, moving over widgets no longer changes the
+// cursor: whoever turned it off sets the cursor alone. On by default.
+ZO_API void glib_enableMouseContextLogic(bool enable);
+ZO_API bool glib_mouseContextLogicEnabled();
 ZO_API int glib_getCursor();
 ZO_API XY<int> glib_getMousePos();
 

@@ -178,3 +178,31 @@ TEST_F(DropDownColourPickerButtonTest, DeactivatingTheButtonClosesItsPicker) {
 }
 
 } // namespace
+
+TEST_F(DropDownColourPickerButtonTest, ThePointerIsAHandOverTheButtonAndItsSwatch) {
+  EXPECT_EQ(button->getDefaultMouseCursor(), kCursorHand);
+  HeadlessInput::moveTo(HeadlessInput::pointOn(*button->getSwatch()));
+  EXPECT_EQ(screen().cursor(), kCursorHand);
+  HeadlessInput::moveTo(HeadlessInput::pointOn(*window, XY<int>(window->width() - 4, 4)));
+  EXPECT_EQ(screen().cursor(), kCursorDefault);
+}
+
+TEST_F(DropDownColourPickerButtonTest, SuppressedColourChangesLeaveTheSwatchAndListenersAlone) {
+  button->setColour(NormalisedRGB(0.0f, 0.0f, 1.0f));
+  ColourData const before = button->getSwatch()->getColour();
+  ColourPicker* picker = openPicker();
+  ASSERT_NE(picker, nullptr);
+  button->setSuppressColourChanges(true);
+  EXPECT_TRUE(button->areColourChangesSuppressed());
+  retype(*picker->getComponentBox(ColourData::kComponent0), "255");
+  pump();
+  EXPECT_DOUBLE_EQ(picker->getColour().getRed(), 1.0);
+  EXPECT_EQ(button->getSwatch()->getColour(), before);
+  EXPECT_TRUE(events.empty());
+
+  button->setSuppressColourChanges(false);
+  retype(*picker->getComponentBox(ColourData::kComponent1), "255");
+  pump();
+  EXPECT_EQ(button->getSwatch()->getColour(), picker->getColour());
+  ASSERT_EQ(events.size(), 1u);
+}

@@ -3,6 +3,7 @@
 
 #include <zowidgets/colour/EyeDropper.h>
 #include <zowidgets/colour/MagnifyTool.h>
+#include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/ColourData.h>
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -301,6 +302,100 @@ TEST_F(EyeDropperTest, ADropperThatDiesWhileCapturingGivesTheMouseBack) {
   EXPECT_TRUE(ZoTooltipsEnabled());
   EXPECT_FALSE(is_good_glob_ptr(lens));
   EXPECT_EQ(screen().cursor(), 0);
+}
+
+// Keeps what is written to the log while it lives.
+struct LogRecorder {
+  LogRecorder() : id(addLogSink([this](std::string_view line) { lines.emplace_back(line); })) {
+    testing::internal::CaptureStderr();
+  }
+  ~LogRecorder() {
+    testing::internal::GetCapturedStderr();
+    removeLogSink(id);
+  }
+  std::vector<std::string> lines;
+  int id;
+};
+
+TEST_F(EyeDropperTest, CaptureTurnsOffTheMouseContextAndShowsTheCaptureCursor) {
+  HeadlessInput::clickOn(*dropper);
+  EXPECT_EQ(screen().cursor(), kCursorCapture);
+  EXPECT_FALSE(glib_mouseContextLogicEnabled());
+  // Over a widget with a cursor of its own, the capture cursor stays.
+  HeadlessInput::moveTo(HeadlessInput::pointOn(*other));
+  EXPECT_EQ(screen().cursor(), kCursorCapture);
+  HeadlessInput::key(kKeyEscape);
+  EXPECT_TRUE(glib_mouseContextLogicEnabled());
+  EXPECT_EQ(screen().cursor(), kCursorDefault);
+}
+
+TEST_F(EyeDropperTest, AButtonTheStackRefusesLogsThatCaptureFailed) {
+  LogRecorder log;
+  ASSERT_TRUE(getEventInterceptStack().push(dropper).valid()); // someone else put it there
+  HeadlessInput::clickOn(*dropper);
+  EXPECT_FALSE(dropper->enabled());
+  EXPECT_EQ(log.lines, std::vector<std::string>{"Failed to enabled cursor capture."});
+  EXPECT_EQ(dropper->getMagnifier(), nullptr);
+  EXPECT_TRUE(ZoTooltipsEnabled());
+  EXPECT_TRUE(glib_mouseContextLogicEnabled());
+  getEventInterceptStack().remove(dropper);
+}
+
+TEST_F(EyeDropperTest, AnEntryTakenOffTheStackByOthersLogsThatReleaseFailedAndStaysCapturing) {
+  startCapture();
+  LogRecorder log;
+  MagnifyTool* lens = dropper->getMagnifier();
+  getEventInterceptStack().remove(dropper);
+  dropper->disableCapture();
+  EXPECT_EQ(log.lines, std::vector<std::string>{"Failed to disable cursor capture."});
+  EXPECT_TRUE(dropper->enabled());
+  // Everything else is given back.
+  EXPECT_FALSE(is_good_glob_ptr(lens));
+  EXPECT_TRUE(ZoTooltipsEnabled());
+  EXPECT_TRUE(glib_mouseContextLogicEnabled());
+  // Still marked as capturing, it tries again when it goes, and fails again.
+  GlobManager::requestDeletion(dropper);
+  pump();
+  EXPECT_EQ(log.lines.size(), 2u);
+}
+
+// Departures from the capture as first described, each on purpose:
+
+// A press at screen x = 0 starts an area like any other; only a negative x
+// means "no press yet".
+TEST_F(EyeDropperTest, DepartureAPressAtTheLeftEdgeOfTheScreenStartsAnArea) {
+  PatchWindow patch(Zo::Box<int>(0, 300, 40, 340), [](int, int) { return opaque(250, 10, 10); });
+  startCapture();
+  HeadlessInput::moveTo(XY<int>(0, 320));
+  HeadlessInput::press();
+  EXPECT_EQ(dropper->getAreaStart(), XY<double>(0.0, 320.0));
+  HeadlessInput::moveTo(XY<int>(3, 322));
+  EXPECT_EQ(dropper->getAreaToSample(), Zo::Box<double>(0, 320, 4, 323));
+  EXPECT_EQ(dropper->getMagnifier()->getHighlight(), Zo::Box<double>(0, 320, 4, 323));
+  HeadlessInput::release();
+  ASSERT_EQ(messages().size(), 1u);
+  EXPECT_EQ(colourIn(messages()[0]), (Rgb{250, 10, 10}));
+}
+
+// A release with no press of its own (the press fell on the button) ends the
+// capture without a sample.
+TEST_F(EyeDropperTest, DepartureAReleaseWithNoPressSendsNothing) {
+  startCapture();
+  HeadlessInput::moveTo(HeadlessInput::pointOn(*dropper));
+  HeadlessInput::press();
+  HeadlessInput::moveTo(XY<int>(650, 350));
+  HeadlessInput::release();
+  EXPECT_FALSE(dropper->enabled());
+  EXPECT_TRUE(messages().empty());
+}
+
+// Before a press the area is the pointer's pixel, not a box from (-1, -1).
+TEST_F(EyeDropperTest, DepartureBeforeAPressTheAreaIsThePointersPixel) {
+  startCapture();
+  HeadlessInput::moveTo(XY<int>(640, 360));
+  EXPECT_LT(dropper->getAreaStart().x, 0.0);
+  EXPECT_EQ(dropper->getAreaToSample(), Zo::Box<double>(640, 360, 641, 361));
+  HeadlessInput::key(kKeyEscape);
 }
 
 TEST_F(EyeDropperTest, TheDropperIsNamedAndShowsItsPicture) {

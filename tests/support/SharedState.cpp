@@ -3,6 +3,7 @@
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
 
@@ -43,5 +44,7 @@ void resetSharedState() {
   UifStd::setWindowArrangement(0);
   UifStd::getTheme() = initialTheme;
   ZoTooltipsEnable(true);
+  glib_enableMouseContextLogic(true);
+  glib_setCursor(kCursorDefault);
   set_kbd_focus(nullptr);
 }

@@ -1,5 +1,7 @@
 #include <zowidgets/host/display/detail/X11Screen.h>
 
+#include <zowidgets/host/toolkit/CursorCodes.h>
+
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/cursorfont.h>
@@ -19,20 +21,14 @@ constexpr double kReferenceDpi = 96.0;
 
 unsigned fontCursorShape(int cursorId) {
   switch (cursorId) {
-  case 1:
-    return XC_xterm;
-  case 2:
+  case kCursorHand:
     return XC_hand2;
-  case 3:
-    return XC_crosshair;
-  case 4:
-    return XC_sb_h_double_arrow;
-  case 5:
-    return XC_sb_v_double_arrow;
-  case 6:
+  case kCursorGrab:
     return XC_fleur;
-  case 7:
-    return XC_watch;
+  case kCursorResizeVertical:
+    return XC_sb_v_double_arrow;
+  case kCursorCapture:
+    return XC_crosshair;
   default:
     return XC_left_ptr;
   }

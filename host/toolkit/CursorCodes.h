@@ -1,0 +1,13 @@
+#pragma once
+
+// The pointer shapes a widget may ask for through contextCursor() or
+// glib_setCursor(). Each backend shows the nearest shape it has; 0 leaves the
+// window's own arrow.
+enum eCursorCode : int {
+  kCursorDefault = 0,
+  kCursorArrow = 16,
+  kCursorHand = 20,           // something to click
+  kCursorGrab = 21,           // something to drag
+  kCursorResizeVertical = 23, // an edge to drag up or down
+  kCursorCapture = 26,        // picking a point anywhere on the screen
+};
