@@ -102,6 +102,9 @@
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/CycleButton.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/lists/ScrollList.h>
+#include <zowidgets/host/widgets/lists/ScrollListGridViewBase.h>
+#include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/TitleGlob.h>

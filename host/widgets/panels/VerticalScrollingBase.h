@@ -46,8 +46,11 @@ public:
   int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override;
   int handleMouseEvent(Event const& event) override;
 
-private:
+protected:
+  // Takes a widget already in the view into the stack.
   void manage(Glob* widget);
+
+private:
   // Drops managed widgets that were deleted behind our back.
   void forgetDeadWidgets();
   void fitViewToUserArea();
