@@ -105,6 +105,9 @@
 #include <zowidgets/host/widgets/lists/ScrollList.h>
 #include <zowidgets/host/widgets/lists/ScrollListGridViewBase.h>
 #include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
+#include <zowidgets/host/widgets/lists/TreeView.h>
+#include <zowidgets/host/widgets/lists/VirtualRowsBase.h>
+#include <zowidgets/host/widgets/lists/iTreeViewAdaptor.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/TitleGlob.h>

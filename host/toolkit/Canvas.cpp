@@ -104,15 +104,22 @@ void Canvas::addDamage(Zo::Box<int> const& box) {
 void Canvas::clearDamage() { damage_ = Zo::Box<int>(); }
 
 void Canvas::paintPending() {
-  if (damage_.empty() || !root_ || surface_.empty())
+  // A widget may change while it paints (rows made on first showing): the
+  // damage it adds is painted in a further pass, never from inside a paint.
+  if (painting_)
     return;
-  Zo::Box<int> area = damage_;
-  damage_ = Zo::Box<int>();
-  CanvasRenderer renderer(surface_);
-  root_->paint(renderer, area);
-  ++paintCount_;
-  if (mapped_)
-    screenBackend().canvasPainted(*this, area);
+  painting_ = true;
+  constexpr int kMaxPasses = 4;
+  for (int pass = 0; pass < kMaxPasses && !damage_.empty() && root_ && !surface_.empty(); ++pass) {
+    Zo::Box<int> area = damage_;
+    damage_ = Zo::Box<int>();
+    CanvasRenderer renderer(surface_);
+    root_->paint(renderer, area);
+    ++paintCount_;
+    if (mapped_)
+      screenBackend().canvasPainted(*this, area);
+  }
+  painting_ = false;
 }
 
 Canvas* Canvas::atScreenPoint(XY<int> point) {

@@ -62,4 +62,5 @@ private:
   Zo::Box<int> damage_;
   bool mapped_ = false;
   int paintCount_ = 0;
+  bool painting_ = false;
 };

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <zowidgets/host/widgets/panels/StandardPanel.h>
+#include <zowidgets/host/widgets/lists/VirtualRowsBase.h>
 #include <zowidgets/values/notify/Broadcaster.h>
 
-#include <map>
 #include <vector>
 
-class ScrollBar;
 class ScrollList;
 class ScrollListItemWidget;
 
@@ -21,13 +19,13 @@ struct ScrollListEvent {
 
 // A scrolling list of text rows, each row a widget made by makeWidget.
 // Rows are made only for the lines in sight and dropped when they scroll
-// away, so a list of a million lines costs a million strings and a screenful
-// of widgets, made when first shown or asked for. The list keeps the selection and the keyboard cursor (the
+// away (VirtualRowsBase), so a list of a million lines costs a million
+// strings and a screenful of widgets. The list keeps the selection and the keyboard cursor (the
 // current row): a click selects one row, Shift-click a range from the
 // anchor, Ctrl-click toggles one (in multiple selection); the arrow keys,
 // Page Up/Down, Home and End move the cursor, with Shift extending the
 // range, Ctrl moving the cursor alone and Ctrl-Space toggling it.
-class ZO_API ScrollList : public StandardPanel, public Broadcaster<ScrollListEvent> {
+class ZO_API ScrollList : public VirtualRowsBase, public Broadcaster<ScrollListEvent> {
 public:
   enum eSelectionMode : int { kSingleSelection = 0, kMultipleSelection = 1 };
   static constexpr char const* kSelectionChangedMsg = "ScrollListSelectionChanged";
@@ -43,17 +41,17 @@ public:
   };
 
   explicit ScrollList(InitArgs const& args);
-  ~ScrollList() override;
   char const* idstring() const override { return "ScrollList"; }
 
   // Replaces every line; the selection goes and the view returns to the top.
   void setStrings(std::vector<LightweightString<wchar_t>> const& strings);
   std::vector<LightweightString<wchar_t>> const& getStrings() const noexcept { return strings_; }
   int size() const noexcept { return static_cast<int>(strings_.size()); }
+  int rowCount() const override { return size(); }
 
   // A new height remakes the rows in sight; the selection stays.
   virtual void setLineHeight(unsigned short height);
-  unsigned short getLineHeight() const noexcept { return lineHeight_; }
+  unsigned short getLineHeight() const noexcept { return static_cast<unsigned short>(getRowHeight()); }
 
   void setSelectionMode(int mode);
   int getSelectionMode() const noexcept { return mode_; }
@@ -72,32 +70,15 @@ public:
   void selectAll();
   int getCurrentIndex() const noexcept { return current_; }
 
-  // Scrolling, in pixels from the top of the first line.
-  int getScrollOffset() const noexcept { return offset_; }
-  void setScrollOffset(int offset);
-  // Scrolls as little as needed to show the whole of a line.
-  void scrollToShow(int index);
-  int getFirstVisibleIndex() const;
-  int getLastVisibleIndex() const;
-  // Whole lines the view holds.
-  int linesPerPage() const;
-  // The part of the canvas where rows show: rows are cut to it.
-  Zo::Box<int> getVisibleBox() const;
   // The row widget of a line in sight, else null.
   ScrollListItemWidget* getRowWidget(int index) const;
-  // How many row widgets exist: those of the lines in sight.
-  int liveRowCount() const;
   // The line under a point of the list, -1 for none.
-  int indexAt(XY<int> point) const;
-  Glob* getView() const noexcept { return view_; }
-  ScrollBar* getScrollBar() const noexcept { return scrollBar_; }
+  int indexAt(XY<int> point) const { return rowIndexAt(point); }
 
   // What a row does with the user's press: selection by the modifiers held,
   // and activation on a double click.
   void handleRowPress(int index, int modifiers, int clicks);
 
-  void resize(double width, double height) override;
-  int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override;
   int handleKeyboardEvent(int key) override;
   int handleMouseEvent(Event const& event) override;
   void handleKbdFocus(bool gained) override;
@@ -107,18 +88,10 @@ protected:
   virtual ScrollListItemWidget* makeWidget(unsigned short index, LightweightString<wchar_t> const& text,
                                            Palette const& palette, unsigned short width, unsigned short height);
 
-  void draw(CanvasRenderer& renderer) override;
+  Glob* makeRow(int index, int width, int height) override;
+  void updateRow(int index, Glob* row) override;
 
 private:
-  void ensureRows() const;
-  void fitViewToUserArea();
-  int contentHeight() const;
-  int maxOffset() const;
-  // Makes the rows that came into sight, drops those that left, and puts
-  // each where the offset says.
-  void syncRows();
-  void dropAllRows();
-  void refreshRowLooks(int from, int to);
   void setCurrent(int index);
   void selectRange(int from, int to);
   // A user's change: tells the listeners and the parent.
@@ -126,16 +99,10 @@ private:
   void activate(int index);
   void moveCursor(int index, int modifiers);
 
-  Glob* view_ = nullptr;
-  ScrollBar* scrollBar_ = nullptr;
   std::vector<LightweightString<wchar_t>> strings_;
   std::vector<bool> selected_;
-  std::map<int, ScrollListItemWidget*> rows_;
   int selectedCount_ = 0;
   int current_ = -1;
   int anchor_ = -1;
-  int offset_ = 0;
   int mode_ = kSingleSelection;
-  unsigned short lineHeight_ = 0;
-  bool rowsPending_ = true;
 };

@@ -95,6 +95,35 @@ TEST_F(CanvasTest, RedrawsAskedForWhileHeldCollapseIntoOnePaint) {
   EXPECT_EQ(rgbOf(widgetPixel(*a, XY<int>(1, 1))), rgbOf(red));
 }
 
+// Changes a neighbour while painting itself, as a list making its rows on
+// first showing does.
+class NeighbourChanger : public Glob {
+public:
+  NeighbourChanger(XY<int> size, Swatch* neighbour) : Glob(GlobCreationInfo(size)), neighbour_(neighbour) {}
+  int paintsSeen = 0;
+
+protected:
+  void draw(CanvasRenderer&) override {
+    if (++paintsSeen == 1)
+      neighbour_->setColour(blue);
+  }
+
+private:
+  Swatch* neighbour_;
+};
+
+TEST_F(CanvasTest, DamageAddedWhilePaintingIsPaintedInAFurtherPassNotFromInsideThePaint) {
+  StandardPanel* panel = openPanel(XY<int>(100, 50), XY<int>(10, 20));
+  auto* swatch = static_cast<Swatch*>(panel->addChild(new Swatch(XY<int>(20, 10), red), Glob::BottomLeft(0, 0)));
+  int const before = panel->canvas()->paintCount();
+  auto* changer = static_cast<NeighbourChanger*>(
+      panel->addChild(new NeighbourChanger(XY<int>(20, 10), swatch), Glob::RightOf(0, swatch)));
+  EXPECT_EQ(changer->paintsSeen, 1) << "painted once, not again from inside its own paint";
+  EXPECT_EQ(panel->canvas()->paintCount(), before + 2) << "the change it made got a pass of its own";
+  EXPECT_EQ(rgbOf(widgetPixel(*swatch, XY<int>(5, 5))), rgbOf(blue));
+  EXPECT_TRUE(panel->canvas()->pendingDamage().empty());
+}
+
 TEST_F(CanvasTest, ClearPendingRedrawsForgetsThemAndUpdatePaintsNow) {
   StandardPanel* panel = openPanel(XY<int>(200, 100));
   auto* a = static_cast<Swatch*>(panel->addChild(new Swatch(XY<int>(20, 20), red), Glob::BottomLeft(0, 0)));

@@ -6,7 +6,9 @@
 #include <zowidgets/host/widgets/lists/ScrollList.h>
 #include <zowidgets/host/widgets/lists/ScrollListGridViewBase.h>
 #include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
+#include <zowidgets/host/widgets/lists/TreeView.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -51,6 +53,28 @@ public:
   }
 };
 
+// Reels of shots, each shot with takes.
+class ReelsAdaptor : public iTreeViewAdaptor {
+public:
+  std::vector<Item> getChildItems(LightweightString<wchar_t> const& parentId) const override {
+    std::vector<Item> items;
+    std::wstring const parent = parentId.str();
+    int const depth = parent.empty() ? 0 : 1 + static_cast<int>(std::count(parent.begin(), parent.end(), L'/'));
+    if (depth == 3)
+      return items;
+    wchar_t const* const names[] = {L"Reel ", L"Shot ", L"Take "};
+    for (int i = 1; i <= 3; ++i) {
+      Item item;
+      item.id = LightweightString<wchar_t>((parent + (parent.empty() ? L"" : L"/") + std::to_wstring(i)).c_str());
+      item.text = UIString(LightweightString<wchar_t>((names[depth] + std::to_wstring(i)).c_str()));
+      if (depth == 2 && i == 2)
+        item.colour = Colour(0.9, 0.6, 0.2);
+      items.push_back(item);
+    }
+    return items;
+  }
+};
+
 struct ListsGolden : HeadlessScreenTest {
   void TearDown() override {
     HeadlessScreenTest::TearDown();
@@ -60,11 +84,11 @@ struct ListsGolden : HeadlessScreenTest {
   StandardPanel* listPanel(double scale) {
     UifStd::setScale(scale);
     int const line = UifStd::getRowHeight();
-    StandardPanel* panel =
-        openPanel(XY<int>(line * 12, line * 10), XY<int>(40, 40), StandardPanel::kTitle | StandardPanel::kPoot, L"Bins");
+    StandardPanel* panel = openPanel(XY<int>(line * 12, line * 10), XY<int>(40, 40),
+                                     StandardPanel::kTitle | StandardPanel::kPoot, L"Bins");
     int const width = panel->getUserArea().width();
-    ScrollList::InitArgs args(XY<int>(
-        width, StandardPanel::calcPanelSize(XY<int>(width, line * 7), 0, StandardPanel::getDefaultBorder()).y));
+    ScrollList::InitArgs args(
+        XY<int>(width, StandardPanel::calcPanelSize(XY<int>(width, line * 7), 0, StandardPanel::getDefaultBorder()).y));
     for (std::wstring name : {L"Interview A", L"Interview B", L"B-roll harbour", L"B-roll market", L"Drone pass 1",
                               L"Drone pass 2", L"Title cards", L"Music stems", L"Room tone", L"Archive 1998"})
       args.strings.emplace_back(name.c_str());
@@ -94,6 +118,26 @@ struct ListsGolden : HeadlessScreenTest {
     return panel;
   }
 };
+
+TEST_F(ListsGolden, ATreeTwoLevelsOpenWithASelection) {
+  for (double scale : {1.0, 2.0}) {
+    UifStd::setScale(scale);
+    int const line = UifStd::getRowHeight();
+    StandardPanel* panel = openPanel(XY<int>(line * 10, line * 10), XY<int>(40, 40),
+                                     StandardPanel::kTitle | StandardPanel::kPoot, L"Project");
+    ReelsAdaptor reels;
+    TreeView::InitArgs args(XY<int>(panel->getUserArea().width(), panel->getUserArea().height()));
+    args.adaptor = &reels;
+    auto* tree = panel->createWidget<TreeView>(args, Glob::UserTopLeft(0, 0));
+    tree->expand(L"1");
+    tree->expand(L"1/2");
+    tree->setSelectedItem(L"1/2/2");
+    tree->claimKbdFocus();
+    std::string const name = scale == 1.0 ? "/tree.png" : "/tree_scale2.png";
+    EXPECT_TRUE(matchesGolden(HeadlessScreen::windowShot(*panel), ZO_GOLDEN_DIR + name));
+    delete panel;
+  }
+}
 
 TEST_F(ListsGolden, AListWithARangeSelectedAndTheCursorBelow) {
   StandardPanel* panel = listPanel(1.0);

@@ -1,0 +1,402 @@
+#include <zowidgets/host/widgets/lists/TreeView.h>
+
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
+
+#include <algorithm>
+
+struct TreeView::Node {
+  iTreeViewAdaptor::Item item;
+  int depth = -1;
+  Node* parent = nullptr;
+  std::vector<std::unique_ptr<Node>> children;
+  bool loaded = false;
+  bool expanded = false;
+  // -1 until asked: whether the item can open.
+  int openable = -1;
+};
+
+namespace {
+
+// One line of the tree. It draws from the tree it belongs to, which drops
+// its rows before it goes.
+class TreeRow : public Glob {
+public:
+  TreeRow(TreeView* tree, int index, XY<int> size) : Glob(GlobCreationInfo(size)), tree_(tree), index_(index) {
+    setPaintsOpaquely(true);
+  }
+  char const* idstring() const override { return "TreeRow"; }
+
+  void setLook(bool selected, bool current, bool openable, bool expanded) {
+    if (selected == selected_ && current == current_ && openable == openable_ && expanded == expanded_)
+      return;
+    selected_ = selected;
+    current_ = current;
+    openable_ = openable;
+    expanded_ = expanded;
+    invalidate();
+  }
+  UIString getTooltip() const override {
+    iTreeViewAdaptor::Item const* item = tree_->itemAt(index_);
+    return item ? item->tooltip.text : UIString();
+  }
+  int react(Event const& event) override {
+    if (event.type == Event::kMouseEnter || event.type == Event::kMouseLeave) {
+      hovered_ = event.type == Event::kMouseEnter;
+      invalidate();
+    }
+    return 0; // presses and keys belong to the tree
+  }
+
+protected:
+  void drawBackground(CanvasRenderer& renderer) override {
+    ScrollListItemWidget::Look const look = ScrollListItemWidget::lookFor(getPalette());
+    Colour ground = selected_ ? look.selected : (hovered_ ? look.hovered : look.background);
+    renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), ground));
+    if (current_)
+      renderer.renderPrimitive(Glib::RoundedRectDescription(Zo::Box<double>(0.5, 0.5, width() - 0.5, height() - 0.5),
+                                                            look.cursorRadius, Colour::invalid(), look.cursorOutline));
+  }
+  void draw(CanvasRenderer& renderer) override {
+    iTreeViewAdaptor::Item const* item = tree_->itemAt(index_);
+    if (!item)
+      return;
+    ScrollListItemWidget::Look const look = ScrollListItemWidget::lookFor(getPalette());
+    int const step = TreeView::indentStep();
+    bool const flat = tree_->getAppearance() == TreeView::kFlat;
+    double x = look.textIndent / 2.0 + (flat ? 0 : tree_->depthAt(index_) * step);
+    Colour const text = item->colour.use() ? item->colour : (selected_ ? look.selectedText : look.text);
+    if (!flat) {
+      if (openable_)
+        drawArrow(renderer, x + step / 2.0, height() / 2.0, step / 4.0, text);
+      x += step;
+    }
+    if (!item->icon.empty()) {
+      double const side = height() - 2.0 * UifStd::getIndentWidth();
+      double const y = (height() - side) / 2;
+      renderer.renderPrimitive(Glib::ImageDescription(item->icon, Zo::Box<double>(x, y, x + side, y + side), 1.0));
+      x += side + UifStd::getWidgetGap();
+    }
+    Glib::FontDesc const font = item->font.family().empty() && item->font.size() == 0 ? UifStd::getFont() : item->font;
+    renderer.renderPrimitive(
+        Glib::TextDescription(item->text.getString(), Zo::Box<double>(x, 0, width(), height()), font, text));
+  }
+
+private:
+  // Pointing right when closed, down when open.
+  void drawArrow(CanvasRenderer& renderer, double cx, double cy, double r, Colour const& colour) const {
+    std::vector<XY<double>> points;
+    if (expanded_)
+      points = {{cx - r, cy + r * 0.6}, {cx + r, cy + r * 0.6}, {cx, cy - r * 0.8}};
+    else
+      points = {{cx - r * 0.6, cy + r}, {cx - r * 0.6, cy - r}, {cx + r * 0.8, cy}};
+    renderer.renderPrimitive(Glib::TriangleFanDescription{points, {colour}});
+  }
+
+  TreeView* tree_;
+  int index_;
+  bool selected_ = false;
+  bool current_ = false;
+  bool openable_ = false;
+  bool expanded_ = false;
+  bool hovered_ = false;
+};
+
+constexpr int kSpaceKey = ' ';
+
+} // namespace
+
+TreeView::TreeView(InitArgs const& args)
+    : VirtualRowsBase(args, UifStd::getRowHeight()), adaptor_(args.adaptor), root_(std::make_unique<Node>()) {
+  refresh(0);
+}
+
+TreeView::~TreeView() = default;
+
+int TreeView::indentStep() { return UifStd::getRowHeight() * 3 / 4; }
+
+void TreeView::setAdaptor(iTreeViewAdaptor* adaptor) {
+  adaptor_ = adaptor;
+  refresh(0);
+}
+
+void TreeView::load(Node& node) {
+  if (node.loaded)
+    return;
+  node.loaded = true;
+  node.children.clear();
+  if (!adaptor_)
+    return;
+  for (iTreeViewAdaptor::Item& item : adaptor_->getChildItems(node.item.id)) {
+    auto child = std::make_unique<Node>();
+    child->item = std::move(item);
+    child->depth = node.depth + 1;
+    child->parent = &node;
+    node.children.push_back(std::move(child));
+  }
+  node.openable = node.children.empty() ? 0 : 1;
+}
+
+bool TreeView::hasChildren(Node& node) const {
+  if (node.openable < 0)
+    node.openable = node.loaded ? !node.children.empty() : (adaptor_ && adaptor_->hasChildItems(node.item.id));
+  return node.openable == 1;
+}
+
+void TreeView::collectShown(Node& node, std::vector<Node*>& out) const {
+  for (auto& child : node.children) {
+    out.push_back(child.get());
+    if (child->expanded)
+      collectShown(*child, out);
+  }
+}
+
+void TreeView::refresh(int keepState) {
+  std::set<std::wstring> opened;
+  LightweightString<wchar_t> const selectedId = keepState ? getSelectedItem() : LightweightString<wchar_t>();
+  if (keepState)
+    for (Node* node : visible_)
+      if (node->expanded)
+        opened.insert(node->item.id.str());
+  visible_.clear();
+  root_ = std::make_unique<Node>();
+  load(*root_);
+  // Reopen depth first, so that a reopened item's children are there to
+  // reopen in turn.
+  std::vector<Node*> pending;
+  for (auto& child : root_->children)
+    pending.push_back(child.get());
+  while (!pending.empty()) {
+    Node* node = pending.back();
+    pending.pop_back();
+    if (!opened.count(node->item.id.str()))
+      continue;
+    load(*node);
+    node->expanded = !node->children.empty();
+    for (auto& child : node->children)
+      pending.push_back(child.get());
+  }
+  collectShown(*root_, visible_);
+  selected_ = selectedId.empty() ? -1 : rowOf(selectedId);
+  rowsChanged();
+}
+
+TreeView::Node* TreeView::find(Node& from, LightweightString<wchar_t> const& id) const {
+  for (auto& child : from.children) {
+    if (child->item.id == id)
+      return child.get();
+    if (child->loaded)
+      if (Node* found = find(*child, id))
+        return found;
+  }
+  return nullptr;
+}
+
+int TreeView::rowOf(LightweightString<wchar_t> const& id) const {
+  for (int row = 0; row < rowCount(); ++row)
+    if (visible_[row]->item.id == id)
+      return row;
+  return -1;
+}
+
+iTreeViewAdaptor::Item const* TreeView::itemAt(int row) const {
+  return row >= 0 && row < rowCount() ? &visible_[row]->item : nullptr;
+}
+
+int TreeView::depthAt(int row) const { return row >= 0 && row < rowCount() ? visible_[row]->depth : -1; }
+
+LightweightString<wchar_t> TreeView::getSelectedItem() const {
+  return selected_ >= 0 ? visible_[selected_]->item.id : LightweightString<wchar_t>();
+}
+
+bool TreeView::setSelectedItem(LightweightString<wchar_t> const& id) {
+  Node* node = find(*root_, id);
+  if (!node)
+    return false;
+  // Open the way down to it.
+  std::vector<Node*> ancestors;
+  for (Node* up = node->parent; up && up != root_.get(); up = up->parent)
+    ancestors.push_back(up);
+  for (auto it = ancestors.rbegin(); it != ancestors.rend(); ++it)
+    if (!(*it)->expanded)
+      openAt(rowOf((*it)->item.id), false);
+  selectRow(rowOf(id), false);
+  return true;
+}
+
+bool TreeView::isExpanded(LightweightString<wchar_t> const& id) const {
+  Node* node = find(*root_, id);
+  return node && node->expanded;
+}
+
+bool TreeView::expand(LightweightString<wchar_t> const& id) {
+  int const row = rowOf(id);
+  if (row < 0)
+    return false;
+  openAt(row, false);
+  return visible_[row]->expanded;
+}
+
+bool TreeView::collapse(LightweightString<wchar_t> const& id) {
+  int const row = rowOf(id);
+  if (row < 0)
+    return false;
+  closeAt(row, false);
+  return true;
+}
+
+void TreeView::openAt(int row, bool reportIt) {
+  Node* node = visible_[row];
+  if (node->expanded)
+    return;
+  load(*node);
+  if (node->children.empty())
+    return;
+  node->expanded = true;
+  std::vector<Node*> shown;
+  collectShown(*node, shown);
+  visible_.insert(visible_.begin() + row + 1, shown.begin(), shown.end());
+  if (selected_ > row)
+    selected_ += static_cast<int>(shown.size());
+  rowsChanged();
+  if (reportIt)
+    report(TreeViewEvent::kExpanded, row);
+}
+
+void TreeView::closeAt(int row, bool reportIt) {
+  Node* node = visible_[row];
+  if (!node->expanded)
+    return;
+  node->expanded = false;
+  int end = row + 1;
+  while (end < rowCount() && visible_[end]->depth > node->depth)
+    ++end;
+  visible_.erase(visible_.begin() + row + 1, visible_.begin() + end);
+  // A selection inside the closed branch moves to the item closed.
+  if (selected_ > row && selected_ < end)
+    selected_ = row;
+  else if (selected_ >= end)
+    selected_ -= end - row - 1;
+  rowsChanged();
+  if (reportIt)
+    report(TreeViewEvent::kCollapsed, row);
+}
+
+void TreeView::selectRow(int row, bool reportIt) {
+  if (row < 0 || row >= rowCount())
+    return;
+  int const old = selected_;
+  selected_ = row;
+  refreshRows(old, old);
+  refreshRows(row, row);
+  scrollToShow(row);
+  if (reportIt)
+    report(TreeViewEvent::kSelection, row);
+}
+
+void TreeView::report(int type, int row) { broadcast(TreeViewEvent{type, visible_[row]->item.id, this}); }
+
+void TreeView::setAppearance(int appearance) {
+  appearance_ = appearance;
+  rowsChanged();
+}
+
+void TreeView::setScrollbarDisplay(int display) { setScrollBarAllowed(display != kScrollbarNever); }
+
+Glob* TreeView::makeRow(int index, int width, int height) { return new TreeRow(this, index, XY<int>(width, height)); }
+
+void TreeView::updateRow(int index, Glob* row) {
+  Node& node = *visible_[index];
+  static_cast<TreeRow*>(row)->setLook(index == selected_, index == selected_ && hasKbdFocus(), hasChildren(node),
+                                      node.expanded);
+}
+
+int TreeView::expanderRight(int row) const {
+  return appearance_ == kFlat
+             ? 0
+             : ScrollListItemWidget::lookFor(getPalette()).textIndent / 2 + (depthAt(row) + 1) * indentStep();
+}
+
+int TreeView::handleMouseEvent(Event const& event) {
+  if (event.type != Event::kMouseDown || !mouse_left_event(event))
+    return VirtualRowsBase::handleMouseEvent(event);
+  claimKbdFocus();
+  int const row = rowIndexAt(event.position);
+  if (row < 0)
+    return 1;
+  int const x = event.position.x - getView()->getX();
+  bool const onArrow = appearance_ != kFlat && x < expanderRight(row) && x >= expanderRight(row) - indentStep();
+  if (onArrow && hasChildren(*visible_[row])) {
+    if (visible_[row]->expanded)
+      closeAt(row, true);
+    else
+      openAt(row, true);
+    return 1;
+  }
+  selectRow(row, true);
+  if (event.clicks >= 2) {
+    if (hasChildren(*visible_[row]))
+      visible_[row]->expanded ? closeAt(row, true) : openAt(row, true);
+    report(TreeViewEvent::kActivated, row);
+  }
+  return 1;
+}
+
+int TreeView::handleKeyboardEvent(int key) {
+  int const bare = key & ~kKeyModifierMask;
+  int const at = selected_;
+  auto move = [this](int row) { selectRow(std::clamp(row, 0, rowCount() - 1), true); };
+  if (rowCount() == 0)
+    return VirtualRowsBase::handleKeyboardEvent(key);
+  switch (bare) {
+  case kKeyUp:
+    move(at < 0 ? 0 : at - 1);
+    return 1;
+  case kKeyDown:
+    move(at + 1);
+    return 1;
+  case kKeyPageUp:
+    move(at < 0 ? 0 : at - (linesPerPage() - 1));
+    return 1;
+  case kKeyPageDown:
+    move(at + std::max(1, linesPerPage() - 1));
+    return 1;
+  case kKeyHome:
+    move(0);
+    return 1;
+  case kKeyEnd:
+    move(rowCount() - 1);
+    return 1;
+  case kKeyRight:
+    if (at < 0)
+      move(0);
+    else if (!visible_[at]->expanded && hasChildren(*visible_[at]))
+      openAt(at, true);
+    else if (visible_[at]->expanded)
+      move(at + 1);
+    return 1;
+  case kKeyLeft:
+    if (at < 0)
+      move(0);
+    else if (visible_[at]->expanded)
+      closeAt(at, true);
+    else if (Node* parent = visible_[at]->parent; parent != root_.get())
+      move(rowOf(parent->item.id));
+    return 1;
+  case kKeyReturn:
+  case kSpaceKey:
+    if (at < 0)
+      return 0;
+    report(TreeViewEvent::kActivated, at);
+    return 1;
+  default:
+    return VirtualRowsBase::handleKeyboardEvent(key);
+  }
+}
+
+void TreeView::handleKbdFocus(bool gained) {
+  VirtualRowsBase::handleKbdFocus(gained);
+  refreshRows(selected_, selected_);
+}

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <zowidgets/host/widgets/lists/VirtualRowsBase.h>
+#include <zowidgets/host/widgets/lists/iTreeViewAdaptor.h>
+#include <zowidgets/values/notify/Broadcaster.h>
+
+#include <memory>
+#include <set>
+#include <vector>
+
+class TreeView;
+
+// What a tree tells its listeners: the user selected, opened, closed or
+// activated (double-clicked, or Return) an item.
+struct TreeViewEvent {
+  enum eType : int { kSelection = 10, kExpanded = 11, kCollapsed = 12, kActivated = 13 };
+  int type = kSelection;
+  LightweightString<wchar_t> id;
+  TreeView* tree = nullptr;
+};
+
+// A tree of items from an iTreeViewAdaptor, one row per item in sight: an
+// item's children are asked for when it first opens. Rows exist only for
+// the lines on screen (VirtualRowsBase). The mouse opens and closes items by
+// their arrows (or a double click) and selects by a click; the keys move the
+// selection (Up, Down, Page Up, Page Down, Home, End), Right opens an item or
+// goes to its first child, Left closes it or goes to its parent, Return
+// activates it.
+class ZO_API TreeView : public VirtualRowsBase, public Broadcaster<TreeViewEvent> {
+public:
+  enum eAppearance : int { kShowExpanders = 0, kFlat = 1 };
+  enum eScrollbarDisplay : int { kScrollbarAsNeeded = 0, kScrollbarNever = 1 };
+
+  struct InitArgs : StandardPanel::InitArgs {
+    using StandardPanel::InitArgs::InitArgs;
+    InitArgs() = default;
+    InitArgs(GlobCreationInfo const& info) : StandardPanel::InitArgs(info) {}
+    iTreeViewAdaptor* adaptor = nullptr; // not owned; must outlive the tree
+  };
+
+  explicit TreeView(InitArgs const& args);
+  ~TreeView() override;
+  char const* idstring() const override { return "TreeView"; }
+
+  void setAdaptor(iTreeViewAdaptor* adaptor);
+  // Asks the adaptor again for everything. With keepState, items whose ids
+  // come back keep their open state and the selection; otherwise the tree
+  // starts closed with nothing selected.
+  void refresh(int keepState = 1);
+  // Selects an item by id, opening its ancestors if they are loaded, and
+  // scrolls it into sight; false when no loaded item has the id. Not
+  // reported to listeners.
+  bool setSelectedItem(LightweightString<wchar_t> const& id);
+  LightweightString<wchar_t> getSelectedItem() const;
+  int getSelectedIndex() const noexcept { return selected_; }
+  bool expand(LightweightString<wchar_t> const& id);
+  bool collapse(LightweightString<wchar_t> const& id);
+  bool isExpanded(LightweightString<wchar_t> const& id) const;
+  void setAppearance(int appearance);
+  int getAppearance() const noexcept { return appearance_; }
+  void setScrollbarDisplay(int display);
+
+  int rowCount() const override { return static_cast<int>(visible_.size()); }
+  // The item of a row in sight order, and its depth (0 for the root's
+  // children).
+  iTreeViewAdaptor::Item const* itemAt(int row) const;
+  int depthAt(int row) const;
+  int rowOf(LightweightString<wchar_t> const& id) const;
+
+  int handleKeyboardEvent(int key) override;
+  int handleMouseEvent(Event const& event) override;
+  void handleKbdFocus(bool gained) override;
+
+  // The width of one level of indent, and of the arrow area of a row.
+  static int indentStep();
+
+protected:
+  Glob* makeRow(int index, int width, int height) override;
+  void updateRow(int index, Glob* row) override;
+
+private:
+  struct Node;
+  void load(Node& node);
+  bool hasChildren(Node& node) const;
+  void openAt(int row, bool report);
+  void closeAt(int row, bool report);
+  void selectRow(int row, bool report);
+  void report(int type, int row);
+  // Appends a node's shown descendants, depth first.
+  void collectShown(Node& node, std::vector<Node*>& out) const;
+  Node* find(Node& from, LightweightString<wchar_t> const& id) const;
+  int expanderRight(int row) const;
+
+  iTreeViewAdaptor* adaptor_ = nullptr;
+  std::unique_ptr<Node> root_;
+  std::vector<Node*> visible_;
+  int selected_ = -1;
+  int appearance_ = kShowExpanders;
+};

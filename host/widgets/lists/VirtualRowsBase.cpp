@@ -1,0 +1,225 @@
+#include <zowidgets/host/widgets/lists/VirtualRowsBase.h>
+
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
+#include <zowidgets/host/widgets/panels/ScrollBar.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int kWheelRows = 3;
+
+// The rows' window: it cuts rows at its edges and shows the rows' ground
+// where no row is.
+class RowsView : public Glob {
+public:
+  using Glob::Glob;
+  char const* idstring() const override { return "RowsView"; }
+
+protected:
+  void drawBackground(CanvasRenderer& renderer) override {
+    renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()),
+                                                   ScrollListItemWidget::lookFor(getPalette()).background));
+  }
+};
+
+} // namespace
+
+VirtualRowsBase::VirtualRowsBase(InitArgs const& args, int rowHeight)
+    : StandardPanel(args), rowHeight_(std::max(rowHeight, 1)) {
+  view_ = addChild(new RowsView(GlobCreationInfo()), UserTopLeft(0, 0));
+  scrollBar_ = createChild<ScrollBar>(ScrollBar::InitArgs(), UserTopRight(0, 0));
+  setCanBeIt(true);
+  // Rows and the bar's fit wait until first needed: a subclass's rowCount
+  // and makeRow are not reachable from here.
+}
+
+// Rows go before the panel's own children are torn down, so that no row
+// outlives the panel it may point back to.
+VirtualRowsBase::~VirtualRowsBase() { dropAllRows(); }
+
+int VirtualRowsBase::contentHeight() const { return rowCount() * rowHeight_; }
+
+int VirtualRowsBase::maxOffset() const { return std::max(contentHeight() - view_->height(), 0); }
+
+void VirtualRowsBase::fitViewToUserArea() {
+  Zo::Box<int> const area = getUserArea();
+  int const content = contentHeight();
+  bool const needsBar = scrollBarAllowed_ && content > area.height();
+  int const bar = ScrollBar::thickness();
+  scrollBar_->resize(bar, area.height());
+  scrollBar_->setVisible(needsBar);
+  view_->resize(std::max(needsBar ? area.width() - bar : area.width(), 0), area.height());
+  scrollBar_->setThumbSize(content > 0 ? std::min(1.0, static_cast<double>(view_->height()) / content) : 1.0);
+}
+
+void VirtualRowsBase::resize(double width, double height) {
+  StandardPanel::resize(width, height);
+  if (!view_ || rowsPending_)
+    return;
+  dropAllRows();
+  fitViewToUserArea();
+  setScrollOffset(offset_);
+}
+
+void VirtualRowsBase::setScrollBarAllowed(bool allowed) {
+  scrollBarAllowed_ = allowed;
+  rowsChanged();
+}
+
+void VirtualRowsBase::rowsChanged() {
+  dropAllRows();
+  fitViewToUserArea();
+  setScrollOffset(offset_);
+}
+
+void VirtualRowsBase::changeRowHeight(int height) {
+  height = std::max(height, 1);
+  if (height == rowHeight_)
+    return;
+  int const topRow = offset_ / rowHeight_;
+  dropAllRows();
+  rowHeight_ = height;
+  fitViewToUserArea();
+  setScrollOffset(topRow * rowHeight_);
+}
+
+void VirtualRowsBase::setScrollOffset(int offset) {
+  if (rowsPending_)
+    fitViewToUserArea();
+  offset_ = std::clamp(offset, 0, maxOffset());
+  int const range = maxOffset();
+  scrollBar_->setThumbPosition(range > 0 ? static_cast<double>(offset_) / range : 0.0);
+  syncRows();
+}
+
+void VirtualRowsBase::scrollToShow(int index) {
+  if (index < 0 || index >= rowCount())
+    return;
+  ensureRows();
+  int const top = index * rowHeight_;
+  int const bottom = top + rowHeight_;
+  if (top < offset_)
+    setScrollOffset(top);
+  else if (bottom > offset_ + view_->height())
+    setScrollOffset(bottom - view_->height());
+}
+
+int VirtualRowsBase::getFirstVisibleIndex() const {
+  ensureRows();
+  if (rowCount() == 0 || view_->height() <= 0)
+    return -1;
+  return std::min(offset_ / rowHeight_, rowCount() - 1);
+}
+
+int VirtualRowsBase::getLastVisibleIndex() const {
+  ensureRows();
+  if (rowCount() == 0 || view_->height() <= 0)
+    return -1;
+  return std::min((offset_ + view_->height() - 1) / rowHeight_, rowCount() - 1);
+}
+
+int VirtualRowsBase::linesPerPage() const {
+  ensureRows();
+  return std::max(1, view_->height() / rowHeight_);
+}
+
+Zo::Box<int> VirtualRowsBase::getVisibleBox() const {
+  ensureRows();
+  return view_->canvasBox();
+}
+
+void VirtualRowsBase::ensureRows() const {
+  if (rowsPending_)
+    const_cast<VirtualRowsBase*>(this)->setScrollOffset(offset_);
+}
+
+int VirtualRowsBase::liveRowCount() const {
+  ensureRows();
+  return static_cast<int>(rows_.size());
+}
+
+Glob* VirtualRowsBase::getRowGlob(int index) const {
+  ensureRows();
+  auto found = rows_.find(index);
+  return found == rows_.end() ? nullptr : found->second;
+}
+
+int VirtualRowsBase::rowIndexAt(XY<int> point) const {
+  ensureRows();
+  XY<int> const inView(point.x - view_->getX(), point.y - view_->getY());
+  if (inView.x < 0 || inView.x >= view_->width() || inView.y < 0 || inView.y >= view_->height())
+    return -1;
+  int const index = (view_->height() - 1 - inView.y + offset_) / rowHeight_;
+  return index < rowCount() ? index : -1;
+}
+
+void VirtualRowsBase::dropAllRows() {
+  for (auto& [index, row] : rows_)
+    view_->removeWidget(row);
+  rows_.clear();
+  rowsPending_ = true;
+}
+
+void VirtualRowsBase::syncRows() {
+  rowsPending_ = false;
+  int const count = rowCount();
+  int const first = count == 0 || view_->height() <= 0 ? -1 : std::min(offset_ / rowHeight_, count - 1);
+  int const last = first < 0 ? -2 : std::min((offset_ + view_->height() - 1) / rowHeight_, count - 1);
+  for (auto row = rows_.begin(); row != rows_.end();)
+    if (row->first < first || row->first > last) {
+      view_->removeWidget(row->second);
+      row = rows_.erase(row);
+    } else {
+      ++row;
+    }
+  int const width = view_->width();
+  for (int index = std::max(first, 0); index <= last; ++index) {
+    Glob*& row = rows_[index];
+    if (!row) {
+      row = makeRow(index, width, rowHeight_);
+      view_->addWidget(row);
+      updateRow(index, row);
+    }
+    row->resize(width, rowHeight_);
+    row->setPosition(XY<int>(0, view_->height() - (index + 1) * rowHeight_ + offset_));
+  }
+  view_->invalidate();
+}
+
+void VirtualRowsBase::refreshRows(int from, int to) {
+  for (auto& [index, row] : rows_)
+    if (index >= from && index <= to)
+      updateRow(index, row);
+}
+
+void VirtualRowsBase::draw(CanvasRenderer& renderer) {
+  ensureRows();
+  StandardPanel::draw(renderer);
+}
+
+int VirtualRowsBase::handleMouseEvent(Event const& event) {
+  if (event.type == Event::kMouseWheel && event.wheel != 0) {
+    setScrollOffset(offset_ - event.wheel * kWheelRows * rowHeight_);
+    return 1;
+  }
+  return StandardPanel::handleMouseEvent(event);
+}
+
+int VirtualRowsBase::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {
+  if (sender != scrollBar_)
+    return StandardPanel::handleMessageEvent(message, sender);
+  if (message == ScrollBar::thumbMovedMsg)
+    setScrollOffset(static_cast<int>(std::lround(scrollBar_->getThumbPosition() * maxOffset())));
+  else if (message == ScrollBar::leftButtonPressedMsg)
+    setScrollOffset(offset_ - rowHeight_);
+  else if (message == ScrollBar::rightButtonPressedMsg)
+    setScrollOffset(offset_ + rowHeight_);
+  else
+    return 0;
+  return 1;
+}

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
+
+#include <map>
+
+class ScrollBar;
+
+// A panel that shows many rows of equal height in a scrolling view, with a
+// widget only for each row in sight. Scrolling drops the rows that leave and
+// asks makeRow for those that arrive, so the cost follows the view, not the
+// row count. The scroll bar shows only when the rows overflow; the wheel
+// scrolls three rows a step. The base of lists, trees and tables.
+class ZO_API VirtualRowsBase : public StandardPanel {
+public:
+  using InitArgs = StandardPanel::InitArgs;
+
+  VirtualRowsBase(InitArgs const& args, int rowHeight);
+  ~VirtualRowsBase() override;
+
+  virtual int rowCount() const = 0;
+  int getRowHeight() const noexcept { return rowHeight_; }
+
+  // Scrolling, in pixels from the top of the first row.
+  int getScrollOffset() const noexcept { return offset_; }
+  void setScrollOffset(int offset);
+  // Scrolls as little as needed to show the whole of a row.
+  void scrollToShow(int index);
+  int getFirstVisibleIndex() const;
+  int getLastVisibleIndex() const;
+  // Whole rows the view holds.
+  int linesPerPage() const;
+  // The part of the canvas where rows show: rows are cut to it.
+  Zo::Box<int> getVisibleBox() const;
+  // How many row widgets exist: those of the rows in sight.
+  int liveRowCount() const;
+  // The row under a point of this panel, -1 for none.
+  int rowIndexAt(XY<int> point) const;
+  // The row widget of a row in sight, else null.
+  Glob* getRowGlob(int index) const;
+  // Without leave, the scroll bar never shows (the wheel and keys still
+  // scroll).
+  void setScrollBarAllowed(bool allowed);
+  Glob* getView() const noexcept { return view_; }
+  ScrollBar* getScrollBar() const noexcept { return scrollBar_; }
+
+  void resize(double width, double height) override;
+  int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override;
+  int handleMouseEvent(Event const& event) override;
+
+protected:
+  // Makes the widget of one row; the base adds, places and sizes it.
+  virtual Glob* makeRow(int index, int width, int height) = 0;
+  // Brings a live row's look up to date (selection, focus, ...).
+  virtual void updateRow(int, Glob*) {}
+  // The rows changed in number or content: every row is made afresh.
+  void rowsChanged();
+  // A new row height; the row at the top stays there.
+  void changeRowHeight(int height);
+  // Calls updateRow on the live rows from `from` to `to`.
+  void refreshRows(int from, int to);
+  void draw(CanvasRenderer& renderer) override;
+
+private:
+  void ensureRows() const;
+  void fitViewToUserArea();
+  int contentHeight() const;
+  int maxOffset() const;
+  // Makes the rows that came into sight, drops those that left, and puts
+  // each where the offset says.
+  void syncRows();
+  void dropAllRows();
+
+  Glob* view_ = nullptr;
+  ScrollBar* scrollBar_ = nullptr;
+  std::map<int, Glob*> rows_;
+  int rowHeight_;
+  int offset_ = 0;
+  bool rowsPending_ = true;
+  bool scrollBarAllowed_ = true;
+};

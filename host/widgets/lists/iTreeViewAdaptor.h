@@ -1,0 +1,45 @@
+#pragma once
+
+#include <zowidgets/host/base/UIString.h>
+#include <zowidgets/host/drawing/Colour.h>
+#include <zowidgets/host/drawing/Fonts.h>
+#include <zowidgets/host/drawing/ImageSurface.h>
+#include <zowidgets/host/widgets/popups/Menu.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
+
+#include <vector>
+
+class Glob;
+
+// What a TreeView shows: the model answers for the children of an item,
+// named by id (the empty id is the root). Everything but getChildItems has
+// a default body, so a flat list needs one function.
+class ZO_API iTreeViewAdaptor {
+public:
+  struct Item {
+    LightweightString<wchar_t> id;
+    UIString text;
+    TooltipDetails tooltip;
+    Glib::FontDesc font;               // the default font unless set
+    Colour colour = Colour::invalid(); // the palette's text colour unless set
+    Zo::Image::Surface icon;           // drawn before the text when set
+  };
+
+  virtual ~iTreeViewAdaptor() = default;
+
+  virtual std::vector<Item> getChildItems(LightweightString<wchar_t> const& parentId) const = 0;
+  // Whether an item can open; asked only for items in sight.
+  virtual bool hasChildItems(LightweightString<wchar_t> const& id) const { return !getChildItems(id).empty(); }
+  // The user renamed an item; false refuses the new text.
+  virtual bool rename(LightweightString<wchar_t> const&, UIString const&) { return false; }
+  // A widget to show in place of an item's text, or null for the text.
+  virtual Glob* createCustomWidget(Item const&, XY<int>) { return nullptr; }
+  virtual int calcCustomWidgetHeight(Item const&) const { return 0; }
+  // Dragging: the kind of thing an item is (0: it cannot be dragged), and
+  // whether a dragged kind may land on an item.
+  virtual int getDragType(LightweightString<wchar_t> const&) const { return 0; }
+  virtual bool acceptDrop(LightweightString<wchar_t> const&, int) { return false; }
+  virtual int getDropCursor(LightweightString<wchar_t> const&, int) const { return 0; }
+  // The rows of an item's context menu.
+  virtual std::vector<MenuItem> getMenuItems(LightweightString<wchar_t> const&) const { return {}; }
+};
