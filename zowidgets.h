@@ -122,8 +122,11 @@
 #include <zowidgets/host/widgets/text/TextEditCore.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
+#include <zowidgets/host/widgets/values/ActionIndicator.h>
 #include <zowidgets/host/widgets/values/ColourSwatch.h>
+#include <zowidgets/host/widgets/values/Gauge.h>
 #include <zowidgets/host/widgets/values/RangeModel.h>
+#include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
