@@ -95,6 +95,7 @@
 #include <zowidgets/host/toolkit/GlobCreationInfo.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/toolkit/Orientation.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/toolkit/WidgetPosition.h>
@@ -102,7 +103,9 @@
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/CycleButton.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/panels/DiscreetSplitter.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/panels/Splitter.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
