@@ -34,6 +34,14 @@ TEST_F(ActionIndicatorTest, IsARowSquareAndKeepsItsIconName) {
   EXPECT_EQ(indicator->getIconName(), LightweightString<char>("action-indicator.png"));
 }
 
+TEST_F(ActionIndicatorTest, IsMadeFromAPlainCreationInfo) {
+  auto* plain = panel->addChild(new ActionIndicator(GlobCreationInfo(XY<int>(30, 30))), Glob::UserTopLeft(0, 0));
+  auto* indicator = static_cast<ActionIndicator*>(plain);
+  EXPECT_TRUE(indicator->isRunning());
+  EXPECT_TRUE(indicator->getIconName().empty());
+  EXPECT_STREQ(indicator->idstring(), "ActionIndicator");
+}
+
 TEST_F(ActionIndicatorTest, RunningItAsksForTheHostsTicksAndStoppingGivesThemUp) {
   ActionIndicator* indicator = make(false);
   EXPECT_FALSE(indicator->isRunning());
