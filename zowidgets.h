@@ -95,6 +95,7 @@
 #include <zowidgets/host/toolkit/GlobCreationInfo.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/toolkit/Orientation.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/toolkit/WidgetPosition.h>
@@ -108,7 +109,9 @@
 #include <zowidgets/host/widgets/lists/TreeView.h>
 #include <zowidgets/host/widgets/lists/VirtualRowsBase.h>
 #include <zowidgets/host/widgets/lists/iTreeViewAdaptor.h>
+#include <zowidgets/host/widgets/panels/DiscreetSplitter.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/panels/Splitter.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
@@ -128,7 +131,11 @@
 #include <zowidgets/host/widgets/text/TextEditCore.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
+#include <zowidgets/host/widgets/values/ActionIndicator.h>
 #include <zowidgets/host/widgets/values/ColourSwatch.h>
+#include <zowidgets/host/widgets/values/Gauge.h>
+#include <zowidgets/host/widgets/values/RangeModel.h>
+#include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 #include <zowidgets/values/binding/ValAdaptor.h>

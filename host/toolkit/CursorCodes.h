@@ -6,8 +6,9 @@
 enum eCursorCode : int {
   kCursorDefault = 0,
   kCursorArrow = 16,
-  kCursorHand = 20,           // something to click
-  kCursorGrab = 21,           // something to drag
-  kCursorResizeVertical = 23, // an edge to drag up or down
-  kCursorCapture = 26,        // picking a point anywhere on the screen
+  kCursorHand = 20,             // something to click
+  kCursorGrab = 21,             // something to drag
+  kCursorResizeHorizontal = 22, // an edge to drag left or right
+  kCursorResizeVertical = 23,   // an edge to drag up or down
+  kCursorCapture = 26,          // picking a point anywhere on the screen
 };

@@ -25,6 +25,8 @@ unsigned fontCursorShape(int cursorId) {
     return XC_hand2;
   case kCursorGrab:
     return XC_fleur;
+  case kCursorResizeHorizontal:
+    return XC_sb_h_double_arrow;
   case kCursorResizeVertical:
     return XC_sb_v_double_arrow;
   case kCursorCapture:

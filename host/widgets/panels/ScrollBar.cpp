@@ -8,9 +8,17 @@
 #include <algorithm>
 #include <cmath>
 
-ScrollBar::ScrollBar(InitArgs const& args)
-    : Glob(args), thumbSize_(std::clamp(args.thumbSize, 0.0, 1.0)),
-      position_(std::clamp(args.thumbPosition, 0.0, 1.0)) {}
+ScrollBar::ScrollBar(InitArgs const& args) : Glob(args), range_(0.0, 1.0, args.thumbPosition, 0.0, args.thumbSize) {}
+
+ScrollBar::Look ScrollBar::Look::make(Palette const& palette, int thickness, bool active) {
+  int const inset = UifStd::getIndentWidth();
+  return Look{palette.window(-2),
+              active ? palette.text(-4) : palette.text(-12),
+              active ? palette.window(5) : palette.window(2),
+              thickness / 4.0,
+              inset,
+              (thickness - 2 * inset) / 2.0};
+}
 
 // Half a row at scale 1, rounded there and then scaled, as the other metrics
 // are, so that whole scales multiply it exactly.
@@ -20,15 +28,13 @@ int ScrollBar::thickness() {
 }
 
 void ScrollBar::setThumbSize(double share) {
-  thumbSize_ = std::clamp(share, 0.0, 1.0);
+  range_.setPage(share);
   invalidate();
 }
 
 void ScrollBar::setThumbPosition(double position, eRedrawFlag redraw) {
-  double const clamped = std::isfinite(position) ? std::clamp(position, 0.0, 1.0) : 0.0;
-  if (clamped == position_)
+  if (!range_.setValue(position))
     return;
-  position_ = clamped;
   if (redraw == kRedrawNow)
     invalidate(barBox(trackStart(), trackStart() + trackLength()));
 }
@@ -42,11 +48,11 @@ int ScrollBar::trackLength() const {
 
 int ScrollBar::thumbLength() const {
   int const track = trackLength();
-  return std::min(track, std::max(static_cast<int>(std::lround(thumbSize_ * track)), trackStart()));
+  return std::min(track, std::max(static_cast<int>(std::lround(range_.page() * track)), trackStart()));
 }
 
 int ScrollBar::thumbStart() const {
-  return trackStart() + static_cast<int>(std::lround(position_ * (trackLength() - thumbLength())));
+  return trackStart() + static_cast<int>(std::lround(range_.value() * (trackLength() - thumbLength())));
 }
 
 int ScrollBar::along(XY<int> point) const { return isVertical() ? height() - 1 - point.y : point.x; }
@@ -59,14 +65,14 @@ Zo::Box<int> ScrollBar::barBox(int from, int to) const {
 
 void ScrollBar::report(int kind) {
   static constexpr char const* kMessages[] = {thumbMovedMsg, leftButtonPressedMsg, rightButtonPressedMsg};
-  broadcast(ScrollBarEvent{kind, position_});
+  broadcast(ScrollBarEvent{kind, range_.value()});
   sendMsg(kMessages[kind]);
 }
 
 void ScrollBar::userMoveThumb(double position) {
-  double const before = position_;
+  double const before = range_.value();
   setThumbPosition(position);
-  if (position_ != before)
+  if (range_.value() != before)
     report(ScrollBarEvent::kThumbMoved);
 }
 
@@ -84,9 +90,9 @@ int ScrollBar::react(Event const& event) {
     else if (at >= trackStart() + trackLength())
       report(ScrollBarEvent::kStepForward);
     else if (at < thumbStart())
-      userMoveThumb(position_ - (slack > 0 ? static_cast<double>(thumbLength()) / slack : 1.0));
+      userMoveThumb(range_.value() - (slack > 0 ? static_cast<double>(thumbLength()) / slack : 1.0));
     else if (at >= thumbStart() + thumbLength())
-      userMoveThumb(position_ + (slack > 0 ? static_cast<double>(thumbLength()) / slack : 1.0));
+      userMoveThumb(range_.value() + (slack > 0 ? static_cast<double>(thumbLength()) / slack : 1.0));
     else {
       dragging_ = true;
       grabOffset_ = at - thumbStart();
@@ -116,17 +122,16 @@ int ScrollBar::react(Event const& event) {
 }
 
 void ScrollBar::draw(CanvasRenderer& renderer) {
-  Palette const& palette = getPalette();
   int const end = trackStart();
+  Look const look = Look::make(getPalette(), end, isActive());
   int const length = isVertical() ? height() : width();
-  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), palette.window(-2)));
-  Colour const arrowColour = isActive() ? palette.text(-4) : palette.text(-12);
+  renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), look.background));
   // An arrow in each end button, pointing outward.
   for (int which = 0; which < 2; ++which) {
     Zo::Box<int> const button = barBox(which == 0 ? 0 : length - end, which == 0 ? end : length);
     double const cx = (button.x0 + button.x1) / 2.0;
     double const cy = (button.y0 + button.y1) / 2.0;
-    double const size = end / 4.0;
+    double const size = look.arrowHalfSize;
     double const sign = which == 0 ? -1.0 : 1.0; // towards the start, or the end
     Glib::TriangleFanDescription arrow;
     if (isVertical())
@@ -135,14 +140,13 @@ void ScrollBar::draw(CanvasRenderer& renderer) {
     else
       arrow.points = {XY<double>(cx - sign * size / 2, cy - size), XY<double>(cx - sign * size / 2, cy + size),
                       XY<double>(cx + sign * size, cy)};
-    arrow.colours = {arrowColour};
+    arrow.colours = {look.arrow};
     renderer.renderPrimitive(arrow);
   }
-  int const inset = UifStd::getIndentWidth();
+  int const inset = look.thumbInset;
   Zo::Box<int> thumb = barBox(thumbStart(), thumbStart() + thumbLength());
   thumb = isVertical() ? Zo::Box<int>(thumb.x0 + inset, thumb.y0, thumb.x1 - inset, thumb.y1)
                        : Zo::Box<int>(thumb.x0, thumb.y0 + inset, thumb.x1, thumb.y1 - inset);
   if (thumbLength() > 0)
-    renderer.renderPrimitive(Glib::RoundedRectDescription(Glib::toDoubleBox(thumb), (end - 2 * inset) / 2.0,
-                                                          isActive() ? palette.window(5) : palette.window(2)));
+    renderer.renderPrimitive(Glib::RoundedRectDescription(Glib::toDoubleBox(thumb), look.thumbRadius, look.thumb));
 }

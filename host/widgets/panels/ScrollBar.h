@@ -1,6 +1,8 @@
 #pragma once
 
+#include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/values/notify/Broadcaster.h>
 
 // What a scroll bar tells its listeners; its parent hears the same as named
@@ -33,6 +35,18 @@ public:
     double thumbPosition = 0.0;
   };
 
+  // How a scroll bar looks: colours from its palette and state, sizes from
+  // its thickness and UifStd.
+  struct Look {
+    Colour background;
+    Colour arrow;
+    Colour thumb;
+    double arrowHalfSize; // half the height of an end button's arrow
+    int thumbInset;       // between the thumb's long sides and the bar's
+    double thumbRadius;
+    static Look make(Palette const& palette, int thickness, bool active);
+  };
+
   explicit ScrollBar(InitArgs const& args);
   char const* idstring() const override { return "ScrollBar"; }
 
@@ -42,9 +56,11 @@ public:
   bool isVertical() const noexcept { return height() > width(); }
 
   void setThumbSize(double share);
-  double getThumbSize() const noexcept { return thumbSize_; }
+  double getThumbSize() const noexcept { return range_.page(); }
   void setThumbPosition(double position, eRedrawFlag redraw = kRedrawNow);
-  double getThumbPosition() const noexcept { return position_; }
+  double getThumbPosition() const noexcept { return range_.value(); }
+  // The position in 0..1, with the share that shows as its page.
+  RangeModel const& range() const noexcept { return range_; }
 
   // Along the bar, in pixels from its start: the track between the buttons,
   // and the thumb within it.
@@ -66,8 +82,7 @@ private:
   void userMoveThumb(double position);
   void report(int kind);
 
-  double thumbSize_;
-  double position_;
+  RangeModel range_;
   bool dragging_ = false;
   int grabOffset_ = 0;
 };

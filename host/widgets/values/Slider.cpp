@@ -8,57 +8,56 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
-constexpr int kPageSteps = 10;
-constexpr double kContinuousStepFraction = 0.01;
-} // namespace
-
 Slider::Slider(InitArgs const& args)
-    : Glob(args), min_(std::min(args.minValue, args.maxValue)), max_(std::max(args.minValue, args.maxValue)),
-      increment_(std::max(args.increment, 0.0)), value_(constrain(args.initialValue)), thumbColour_(args.thumbColour) {
+    : Glob(args), range_(args.minValue, args.maxValue, args.initialValue, args.increment),
+      thumbColour_(args.thumbColour) {
   setCanBeIt(true);
 }
 
+int Slider::Look::thumbRadiusFor(int height) { return std::max(1, std::min(UifStd::getRowHeight(), height) / 3); }
+
+Slider::Look Slider::Look::make(Palette const& palette, int height, bool active, Colour const& accent) {
+  int const radius = thumbRadiusFor(height);
+  int const indent = UifStd::getIndentWidth();
+  return Look{radius,
+              std::max(2, radius / 2),
+              indent,
+              radius + indent,
+              palette.window(active ? 3 : 2),
+              active ? accent : Colour::mix(accent, palette.window(), 0.35),
+              palette.text(active ? -4 : -10),
+              active ? palette.text() : palette.text(-10),
+              palette.selection()};
+}
+
+Slider::Look Slider::look() const { return Look::make(getPalette(), height(), isActive(), thumbColour()); }
+
 void Slider::setValueRange(double minValue, double maxValue) {
-  min_ = std::min(minValue, maxValue);
-  max_ = std::max(minValue, maxValue);
-  value_ = constrain(value_);
+  range_.setRange(minValue, maxValue);
   if (hasPointOfInterest_)
-    pointOfInterest_ = std::clamp(pointOfInterest_, min_, max_);
+    pointOfInterest_ = std::clamp(pointOfInterest_, range_.min(), range_.max());
   invalidate();
 }
 
 void Slider::setIncrement(double increment) {
-  increment_ = std::max(increment, 0.0);
-  setPosition(value_);
-}
-
-double Slider::stepSize() const noexcept {
-  return increment_ > 0.0 ? increment_ : (max_ - min_) * kContinuousStepFraction;
-}
-
-double Slider::constrain(double value) const {
-  if (!std::isfinite(value))
-    return min_;
-  if (increment_ > 0.0)
-    value = min_ + std::round((value - min_) / increment_) * increment_;
-  return std::clamp(value, min_, max_);
+  double const before = range_.value();
+  range_.setStep(increment);
+  if (range_.value() != before)
+    invalidateBetween(valueToX(before), valueToX(range_.value()));
 }
 
 void Slider::setPosition(double value, eRedrawFlag redraw) {
-  double const shown = constrain(value);
-  if (shown == value_)
+  double const before = range_.value();
+  if (!range_.setValue(value))
     return;
-  int const oldX = valueToX(value_);
-  value_ = shown;
   if (redraw == kRedrawNow)
-    invalidateBetween(oldX, valueToX(value_));
+    invalidateBetween(valueToX(before), valueToX(range_.value()));
 }
 
 void Slider::setPointOfInterest(double value) {
   if (hasPointOfInterest_)
     invalidateBetween(valueToX(pointOfInterest_), valueToX(pointOfInterest_));
-  pointOfInterest_ = std::clamp(value, min_, max_);
+  pointOfInterest_ = std::clamp(value, range_.min(), range_.max());
   hasPointOfInterest_ = true;
   invalidateBetween(valueToX(pointOfInterest_), valueToX(pointOfInterest_));
 }
@@ -77,30 +76,26 @@ void Slider::setThumbColour(Colour const& colour) {
 
 Colour Slider::thumbColour() const { return thumbColour_.use() ? thumbColour_ : getPalette().subheadingText(); }
 
-int Slider::thumbRadius() const { return std::max(1, std::min(UifStd::getRowHeight(), height()) / 3); }
+int Slider::thumbRadius() const { return Look::thumbRadiusFor(height()); }
 
 int Slider::valueToX(double value) const {
   int const r = thumbRadius();
   int const span = std::max(width() - 2 * r, 0);
-  if (max_ <= min_)
-    return r;
-  double const fraction = (std::clamp(value, min_, max_) - min_) / (max_ - min_);
-  return r + static_cast<int>(std::lround(fraction * span));
+  return r + static_cast<int>(std::lround(range_.fractionOf(value) * span));
 }
 
 double Slider::xToValue(int x) const {
   int const r = thumbRadius();
   int const span = width() - 2 * r;
   if (span <= 0)
-    return min_;
-  double const fraction = std::clamp(static_cast<double>(x - r) / span, 0.0, 1.0);
-  return min_ + fraction * (max_ - min_);
+    return range_.min();
+  return range_.valueAt(static_cast<double>(x - r) / span);
 }
 
 void Slider::setNewWidgetValue(double& value, eRedrawFlag redraw) { setPosition(value, redraw); }
 
 void Slider::requestValue(double value) {
-  double const wanted = constrain(value);
+  double const wanted = range_.constrain(value);
   broadcast(SliderEvent{SliderEvent::kValueRequested, wanted});
   if (!getDataAdaptor())
     setPosition(wanted);
@@ -110,7 +105,8 @@ void Slider::requestValue(double value) {
 
 void Slider::invalidateBetween(int xA, int xB) {
   // The thumb's ring of focus reaches a little past its radius.
-  int const reach = thumbRadius() + UifStd::getIndentWidth() + 1;
+  Look const sizes = look();
+  int const reach = sizes.thumbRadius + sizes.focusRingWidth + 1;
   invalidate(Zo::Box<int>(std::min(xA, xB) - reach, 0, std::max(xA, xB) + reach, height()));
 }
 
@@ -130,7 +126,7 @@ int Slider::reactToMouse(Event const& event) {
   case Event::kMouseDown: {
     if (event.buttons != kMouseLeft)
       return 0;
-    int const thumbX = valueToX(value_);
+    int const thumbX = valueToX(range_.value());
     if (std::abs(x - thumbX) <= thumbRadius()) {
       grabOffset_ = x - thumbX;
     } else {
@@ -138,7 +134,7 @@ int Slider::reactToMouse(Event const& event) {
       requestValue(xToValue(x));
     }
     dragging_ = true;
-    broadcast(SliderEvent{SliderEvent::kDragStarted, value_});
+    broadcast(SliderEvent{SliderEvent::kDragStarted, range_.value()});
     return 1;
   }
   case Event::kMouseMove:
@@ -150,12 +146,12 @@ int Slider::reactToMouse(Event const& event) {
     if (!dragging_)
       return 0;
     dragging_ = false;
-    broadcast(SliderEvent{SliderEvent::kDragEnded, value_});
+    broadcast(SliderEvent{SliderEvent::kDragEnded, range_.value()});
     return 1;
   case Event::kMouseWheel:
     if (event.wheel == 0)
       return 0;
-    requestValue(value_ + event.wheel * stepSize());
+    requestValue(range_.value() + event.wheel * stepSize());
     return 1;
   default:
     return 0;
@@ -166,23 +162,23 @@ int Slider::reactToKey(int key) {
   switch (key & ~kKeyModifierMask) {
   case kKeyLeft:
   case kKeyDown:
-    requestValue(value_ - stepSize());
+    requestValue(range_.value() - stepSize());
     return 1;
   case kKeyRight:
   case kKeyUp:
-    requestValue(value_ + stepSize());
+    requestValue(range_.value() + stepSize());
     return 1;
   case kKeyPageDown:
-    requestValue(value_ - kPageSteps * stepSize());
+    requestValue(range_.value() - range_.pageSize());
     return 1;
   case kKeyPageUp:
-    requestValue(value_ + kPageSteps * stepSize());
+    requestValue(range_.value() + range_.pageSize());
     return 1;
   case kKeyHome:
-    requestValue(min_);
+    requestValue(range_.min());
     return 1;
   case kKeyEnd:
-    requestValue(max_);
+    requestValue(range_.max());
     return 1;
   default:
     return 0;
@@ -191,7 +187,7 @@ int Slider::reactToKey(int key) {
 
 void Slider::handleKbdFocus(bool gained) {
   Glob::handleKbdFocus(gained);
-  invalidateBetween(valueToX(value_), valueToX(value_));
+  invalidateBetween(valueToX(range_.value()), valueToX(range_.value()));
 }
 
 void Slider::setActive(bool active, eRedrawFlag redraw) {
@@ -201,34 +197,29 @@ void Slider::setActive(bool active, eRedrawFlag redraw) {
 }
 
 void Slider::draw(CanvasRenderer& renderer) {
-  Palette const& palette = getPalette();
-  int const r = thumbRadius();
-  int const trackHeight = std::max(2, r / 2);
+  Look const look = this->look();
+  int const r = look.thumbRadius;
   int const midY = height() / 2;
-  int const y0 = midY - trackHeight / 2;
-  Zo::Box<int> const track(r, y0, std::max(width() - r, r), y0 + trackHeight);
-  int const thumbX = valueToX(value_);
-  bool const active = isActive();
-  Colour const accent = active ? thumbColour() : Colour::mix(thumbColour(), palette.window(), 0.35);
+  int const y0 = midY - look.trackThickness / 2;
+  Zo::Box<int> const track(r, y0, std::max(width() - r, r), y0 + look.trackThickness);
+  int const thumbX = valueToX(range_.value());
+  double const trackRadius = look.trackThickness / 2.0;
 
-  renderer.renderPrimitive(
-      Glib::RoundedRectDescription(Glib::toDoubleBox(track), trackHeight / 2.0, palette.window(active ? 3 : 2)));
+  renderer.renderPrimitive(Glib::RoundedRectDescription(Glib::toDoubleBox(track), trackRadius, look.track));
   Zo::Box<int> const filled(track.x0, track.y0, thumbX, track.y1);
   if (filled.width() > 0)
-    renderer.renderPrimitive(Glib::RoundedRectDescription(Glib::toDoubleBox(filled), trackHeight / 2.0, accent));
+    renderer.renderPrimitive(Glib::RoundedRectDescription(Glib::toDoubleBox(filled), trackRadius, look.filled));
 
   if (hasPointOfInterest_) {
     int const poiX = valueToX(pointOfInterest_);
-    int const tick = r + UifStd::getIndentWidth();
-    renderer.renderPrimitive(Glib::LineDescription(XY<double>(poiX, midY - tick), XY<double>(poiX, midY + tick), 1.0,
-                                                   palette.text(active ? -4 : -10)));
+    renderer.renderPrimitive(Glib::LineDescription(XY<double>(poiX, midY - look.tickHalfLength),
+                                                   XY<double>(poiX, midY + look.tickHalfLength), 1.0, look.tick));
   }
 
   XY<double> const centre(thumbX + 0.5, midY + 0.5);
-  if (hasKbdFocus() && active)
-    renderer.renderPrimitive(Glib::EllipseDescription::ring(centre, r + UifStd::getIndentWidth() / 2.0,
-                                                            UifStd::getIndentWidth(), palette.selection()));
-  Colour const face = active ? palette.text() : palette.text(-10);
-  renderer.renderPrimitive(Glib::EllipseDescription::disc(centre, r, face));
-  renderer.renderPrimitive(Glib::EllipseDescription::disc(centre, r / 2.0, accent));
+  if (hasKbdFocus() && isActive())
+    renderer.renderPrimitive(
+        Glib::EllipseDescription::ring(centre, r + look.focusRingWidth / 2.0, look.focusRingWidth, look.focusRing));
+  renderer.renderPrimitive(Glib::EllipseDescription::disc(centre, r, look.thumbFace));
+  renderer.renderPrimitive(Glib::EllipseDescription::disc(centre, r / 2.0, look.filled));
 }

@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/values/binding/ValWidget.h>
 #include <zowidgets/values/notify/Broadcaster.h>
 
@@ -33,23 +34,40 @@ public:
     Colour thumbColour = Colour::invalid(); // invalid: the palette's accent
   };
 
+  // How a slider looks: sizes from UifStd and its height, colours from its
+  // palette and state.
+  struct Look {
+    int thumbRadius;
+    int trackThickness;
+    int focusRingWidth;
+    int tickHalfLength; // from the track's middle to a tick's end
+    Colour track;
+    Colour filled; // the part of the track below the value, and the thumb's centre
+    Colour tick;
+    Colour thumbFace;
+    Colour focusRing;
+    static int thumbRadiusFor(int height);
+    static Look make(Palette const& palette, int height, bool active, Colour const& accent);
+  };
+
   explicit Slider(InitArgs const& args);
   char const* idstring() const override { return "Slider"; }
 
   // Keeps the position inside the new range.
   void setValueRange(double minValue, double maxValue);
-  double getMinValue() const noexcept { return min_; }
-  double getMaxValue() const noexcept { return max_; }
+  double getMinValue() const noexcept { return range_.min(); }
+  double getMaxValue() const noexcept { return range_.max(); }
   void setIncrement(double increment);
-  double getIncrement() const noexcept { return increment_; }
+  double getIncrement() const noexcept { return range_.step(); }
   // What one key press or wheel step moves: the increment, or a hundredth of
   // the range when values are continuous.
-  double stepSize() const noexcept;
+  double stepSize() const noexcept { return range_.stepSize(); }
+  RangeModel const& range() const noexcept { return range_; }
 
   // Shows `value`, clamped to the range and snapped to the increment.
   using Glob::setPosition;
   void setPosition(double value, eRedrawFlag redraw = kRedrawNow);
-  double getPosition() const noexcept { return value_; }
+  double getPosition() const noexcept { return range_.value(); }
 
   // A marked value drawn as a tick on the track (a default, say).
   void setPointOfInterest(double value);
@@ -68,7 +86,7 @@ public:
   int thumbRadius() const;
 
   void setNewWidgetValue(double& value, eRedrawFlag redraw) override;
-  double getWidgetValue() override { return value_; }
+  double getWidgetValue() override { return range_.value(); }
 
   int react(Event const& event) override;
   void handleKbdFocus(bool gained) override;
@@ -78,17 +96,14 @@ protected:
   void draw(CanvasRenderer& renderer) override;
 
 private:
-  double constrain(double value) const;
+  Look look() const;
   // A user's choice: to the data when bound, else shown at once.
   void requestValue(double value);
   int reactToMouse(Event const& event);
   int reactToKey(int key);
   void invalidateBetween(int xA, int xB);
 
-  double min_;
-  double max_;
-  double increment_;
-  double value_;
+  RangeModel range_;
   double pointOfInterest_ = 0.0;
   bool hasPointOfInterest_ = false;
   bool dragging_ = false;
