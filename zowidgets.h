@@ -111,6 +111,7 @@
 #include <zowidgets/host/widgets/popups/DropDownHostBase.h>
 #include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
 #include <zowidgets/host/widgets/popups/Menu.h>
+#include <zowidgets/host/widgets/popups/MenuGlob.h>
 #include <zowidgets/host/widgets/popups/TipWindowBase.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
