@@ -102,6 +102,7 @@
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/CycleButton.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/panels/Message.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/TitleGlob.h>
@@ -112,6 +113,8 @@
 #include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
 #include <zowidgets/host/widgets/popups/Menu.h>
 #include <zowidgets/host/widgets/popups/MenuGlob.h>
+#include <zowidgets/host/widgets/popups/MessageText.h>
+#include <zowidgets/host/widgets/popups/StatusMessage.h>
 #include <zowidgets/host/widgets/popups/TipWindowBase.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
