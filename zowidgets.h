@@ -114,6 +114,7 @@
 #include <zowidgets/host/widgets/popups/Menu.h>
 #include <zowidgets/host/widgets/popups/MenuGlob.h>
 #include <zowidgets/host/widgets/popups/MessageText.h>
+#include <zowidgets/host/widgets/popups/SelectionRectangle.h>
 #include <zowidgets/host/widgets/popups/StatusMessage.h>
 #include <zowidgets/host/widgets/popups/TipWindowBase.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
