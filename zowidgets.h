@@ -128,6 +128,7 @@
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
 #include <zowidgets/host/widgets/values/ColourSwatch.h>
+#include <zowidgets/host/widgets/values/ImageView.h>
 #include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
