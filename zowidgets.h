@@ -105,6 +105,7 @@
 #include <zowidgets/host/widgets/panels/Message.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
+#include <zowidgets/host/widgets/panels/TabbedDialogue.h>
 #include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/widgets/panels/WidgetGroup.h>
