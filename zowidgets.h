@@ -110,9 +110,11 @@
 #include <zowidgets/host/widgets/lists/VirtualRowsBase.h>
 #include <zowidgets/host/widgets/lists/iTreeViewAdaptor.h>
 #include <zowidgets/host/widgets/panels/DiscreetSplitter.h>
+#include <zowidgets/host/widgets/panels/Message.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/Splitter.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
+#include <zowidgets/host/widgets/panels/TabbedDialogue.h>
 #include <zowidgets/host/widgets/panels/TitleGlob.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/widgets/panels/WidgetGroup.h>
@@ -120,6 +122,10 @@
 #include <zowidgets/host/widgets/popups/DropDownHostBase.h>
 #include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
 #include <zowidgets/host/widgets/popups/Menu.h>
+#include <zowidgets/host/widgets/popups/MenuGlob.h>
+#include <zowidgets/host/widgets/popups/MessageText.h>
+#include <zowidgets/host/widgets/popups/SelectionRectangle.h>
+#include <zowidgets/host/widgets/popups/StatusMessage.h>
 #include <zowidgets/host/widgets/popups/TipWindowBase.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
@@ -136,6 +142,7 @@
 #include <zowidgets/host/widgets/values/Gauge.h>
 #include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
+#include <zowidgets/host/widgets/values/ImageView.h>
 #include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 #include <zowidgets/values/binding/ValAdaptor.h>

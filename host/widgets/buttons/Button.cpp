@@ -166,6 +166,14 @@ int Button::calcHeight() { return UifStd::getRowHeight(); }
 
 int Button::getRevealIndicatorWidth() { return UifStd::getRowHeight() * 3 / 4; }
 
+Broadcaster<ButtonEvent>::Callback Button::makeMessageCallback(LightweightString<char> const& message, Glob* listener) {
+  IdStamp const stamp = EventHandler::stampOf(listener);
+  return Broadcaster<ButtonEvent>::makeCallback([message, listener, stamp](ButtonEvent const& event) {
+    if (EventHandler::valid(listener, stamp))
+      Glob::sendMsg(listener, message, event.button);
+  });
+}
+
 void Button::press() {
   if (latching_)
     setState(state_ == 0 ? 1 : 0);

@@ -74,6 +74,9 @@ public:
   char const* idstring() const override { return "Button"; }
 
   void setCallback(Broadcaster<ButtonEvent>::Callback const& callback) { listeners_.addListener(callback); }
+  // A callback that sends `message` to `listener` as if from the pressed
+  // button; once the listener has gone it does nothing.
+  static Broadcaster<ButtonEvent>::Callback makeMessageCallback(LightweightString<char> const& message, Glob* listener);
   void setLabel(UIString const& label, eRedrawFlag redraw = kRedrawNow);
   LightweightString<wchar_t> const& getLabel() const noexcept { return label_; }
   void setMessage(LightweightString<char> const& message) { message_ = message; }

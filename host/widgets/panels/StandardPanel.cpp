@@ -15,7 +15,7 @@ constexpr StandardPanel::eStandardWidget kTitleButtons[] = {StandardPanel::kPoot
 } // namespace
 
 StandardPanel::StandardPanel(InitArgs const& args)
-    : Glob(args), title_(args.title), titleFont_(UifStd::getTitleFont()) {
+    : MenuGlob(args), title_(args.title), titleFont_(UifStd::getTitleFont()) {
   if (!args.hasBorder)
     setBorder(getDefaultBorder());
   addStandardWidgets(args.standardWidgets | (args.title.empty() ? 0u : unsigned(kTitle)));
@@ -270,9 +270,14 @@ bool StandardPanel::makeMenu(Event const& event) {
           return;
         if (change.kind != MenuData::Change::kHighlighted)
           menu_ = nullptr;
-        if (change.kind == MenuData::Change::kChosen && change.index >= 0 &&
-            change.index < static_cast<int>(items.size()))
-          handleMenuChoice(change.index, items[static_cast<std::size_t>(change.index)]);
+        if (change.kind != MenuData::Change::kChosen || change.index < 0 ||
+            change.index >= static_cast<int>(items.size()))
+          return;
+        MenuItem const& chosen = items[static_cast<std::size_t>(change.index)];
+        if (chosen.action)
+          chosen.action(chosen);
+        if (EventHandler::valid(this, stamp))
+          handleMenuChoice(change.index, chosen);
       },
       0, canvas());
   menu_ = window;

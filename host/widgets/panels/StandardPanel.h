@@ -5,12 +5,13 @@
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/widgets/popups/Menu.h>
+#include <zowidgets/host/widgets/popups/MenuGlob.h>
 
 // A panel: a widget with an optional title bar carrying the standard widgets
 // (close, pin, menu), an optional footer with a "Do it" action, a user area
 // between them, a tab order, and handlers that react() feeds: messages, keys,
 // mouse, timer ticks. Dragging the title bar moves a top-level panel.
-class ZO_API StandardPanel : public Glob {
+class ZO_API StandardPanel : public MenuGlob {
 public:
   // Standard widgets, for addStandardWidgets and removeStandardWidgets.
   enum eStandardWidget : unsigned {
@@ -81,15 +82,16 @@ public:
   virtual void handleMenuRequest(Event const& event) { makeMenu(event); }
 
   // The panel's context menu, shown by a right click that no child used or by
-  // the menu button. initialiseMenu runs once before the first showing,
-  // reviewMenu before each; getMenuItems gives the rows (none: no menu);
+  // the menu button. initialiseMenu runs once before the first try,
+  // reviewMenu before each, so it may build the rows the panel holds as a
+  // MenuGlob; getMenuItems then gives the rows (none: no menu);
   // getMenuSection says which part of the panel the click was in (0: the
-  // whole panel); a chosen row goes to handleMenuChoice.
+  // whole panel); a chosen row runs its action, then goes to
+  // handleMenuChoice. canMakeMenu may keep a right click from trying.
   virtual void initialiseMenu() {}
   virtual void reviewMenu(Event const*) {}
-  virtual std::vector<MenuItem> getMenuItems(Event const*) { return {}; }
   virtual int getMenuSection(Event const&) { return 0; }
-  virtual bool canMakeMenu(Event const& event) { return !getMenuItems(&event).empty(); }
+  virtual bool canMakeMenu(Event const&) { return true; }
   // Opens the menu at the pointer; true when one is shown.
   virtual bool makeMenu(Event const& event);
   virtual void handleMenuChoice(int index, MenuItem const& item);

@@ -10,6 +10,10 @@
 // One row of a menu: a choice, a heading over a group of choices, or a
 // separator line. Invalid colours fall back to the menu's palette.
 struct ZO_API MenuItem {
+  // What a row does when chosen from a panel's menu, before the panel hears
+  // of the choice.
+  using Action = std::function<void(MenuItem const&)>;
+
   enum eStyle : int {
     kNormal = 0,
     kHeading = 1,   // a label over the rows below it; never chosen
@@ -32,6 +36,7 @@ struct ZO_API MenuItem {
   UIString tooltip;
   int style = kNormal;
   bool active = true;
+  Action action;
 };
 
 namespace MenuData {

@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
@@ -26,6 +27,19 @@ WidgetSurround tipRoom(eWidgetRelativity relativity) {
   }
 }
 
+// Where a length starts along a side running from `start` to `end`, lined up
+// by `alignment`; `startIsHigh` for a vertical side, whose start is its top.
+int alongSide(int start, int end, int length, eWidgetAlignment alignment, bool startIsHigh) {
+  switch (alignment) {
+  case kAlignCentre:
+    return start + (end - start - length) / 2;
+  case kAlignEnd:
+    return startIsHigh ? start : end - length;
+  default:
+    return startIsHigh ? end - length : start;
+  }
+}
+
 } // namespace
 
 TipWindowBase::TipWindowBase(InitArgs const& args) : Glob(args), direction_(args.relativity) {
@@ -41,6 +55,47 @@ XY<int> TipWindowBase::calcSizeFor(XY<int> const& userArea, eWidgetRelativity re
   WidgetSurround const tip = tipRoom(relativity);
   return XY<int>(userArea.x + border.left() + border.right() + tip.left + tip.right,
                  userArea.y + border.top() + border.bottom() + tip.top + tip.bottom);
+}
+
+eWidgetRelativity TipWindowBase::relativityFor(WidgetPosition const& position) {
+  switch (position.kind) {
+  case WidgetPosition::kAbove:
+    return kRelativeAbove;
+  case WidgetPosition::kBelow:
+    return kRelativeBelow;
+  case WidgetPosition::kLeftOf:
+    return kRelativeLeft;
+  case WidgetPosition::kRightOf:
+    return kRelativeRight;
+  default:
+    return kRelativeNone;
+  }
+}
+
+XY<int> TipWindowBase::calcPosition(WidgetPosition const& besideSibling, XY<int> size) {
+  eWidgetRelativity const side = relativityFor(besideSibling);
+  if (side == kRelativeNone || !is_good_glob_ptr(besideSibling.sibling))
+    return XY<int>::unset();
+  Glob const& sibling = *besideSibling.sibling;
+  XY<int> const corner = sibling.screenPosition();
+  Zo::Box<int> const anchor(corner.x, corner.y, corner.x + sibling.width(), corner.y + sibling.height());
+  int const gap = besideSibling.gap;
+  eWidgetAlignment const alignment = besideSibling.alignment;
+  XY<int> const screen = screenBackend().screenSize();
+  auto keepOnScreen = [](int at, int length, int screenLength) {
+    return std::clamp(at, 0, std::max(0, screenLength - length));
+  };
+  switch (side) {
+  case kRelativeAbove:
+  case kRelativeBelow: {
+    int const x = keepOnScreen(alongSide(anchor.x0, anchor.x1, size.x, alignment, false), size.x, screen.x);
+    return XY<int>(x, side == kRelativeAbove ? anchor.y1 + gap : anchor.y0 - gap - size.y);
+  }
+  default: {
+    int const y = keepOnScreen(alongSide(anchor.y0, anchor.y1, size.y, alignment, true), size.y, screen.y);
+    return XY<int>(side == kRelativeRight ? anchor.x1 + gap : anchor.x0 - gap - size.x, y);
+  }
+  }
 }
 
 void TipWindowBase::setRelativeDirection(eWidgetRelativity relativity) {

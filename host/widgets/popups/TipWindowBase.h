@@ -21,6 +21,17 @@ public:
   // The outer size of a window whose user area is `userArea`, with the tip
   // on the side `relativity` faces and this border round it.
   static XY<int> calcSizeFor(XY<int> const& userArea, eWidgetRelativity relativity, Border const& border);
+  // Where on the screen a window of `size` goes (its bottom-left corner) to
+  // lie beside the sibling of a sibling position (Above, Below, LeftOf,
+  // RightOf): on that side of it, `gap` pixels away, lined up by the
+  // position's alignment. Along that side the window is moved to stay on the
+  // screen; across it, it is not, so that a caller sees when it would run off
+  // the screen and can choose another side. The unset position when the
+  // position names no live sibling.
+  static XY<int> calcPosition(WidgetPosition const& besideSibling, XY<int> size);
+  // The tip direction of a window so placed: Above gives kRelativeAbove, and
+  // so on; kRelativeNone for other positions.
+  static eWidgetRelativity relativityFor(WidgetPosition const& position);
   // The thickness of the tip band.
   static int getTipDepth();
   // The frame used when the creation record has none.
