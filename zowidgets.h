@@ -128,6 +128,7 @@
 #include <zowidgets/host/widgets/popups/StatusMessage.h>
 #include <zowidgets/host/widgets/popups/TipWindowBase.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
+#include <zowidgets/host/widgets/registry/HostWidgetTypes.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
