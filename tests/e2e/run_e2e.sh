@@ -73,6 +73,7 @@ form_*) extra=(--form) ;;
 jsonform_*) extra=(--form-json) ;;
 eyedropper | magnifier) extra=(--screen-tools) ;;
 picker) extra=(--picker) ;;
+list | tree) extra=(--lists) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -102,6 +103,16 @@ field() { sed -E 's/.*"'"$2"'":"([^"]*)".*/\1/' <<<"$1"; }
 centre() {
   local x y w h
   read -r x y w h <<<"$(box "$1" "$2")"
+  echo "$((x + w / 2)) $((y + h / 2))"
+}
+# The Nth box (from 0) of an array field of boxes, as "x y w h".
+nth_box() {
+  sed -E "s/.*\"$2\":\[([^]]*)\].*/\1/" <<<"$1" | sed -E 's/\},\{/}\n{/g' | sed -n "$(($3 + 1))p" |
+    sed -E 's/\{"x":(-?[0-9]+),"y":(-?[0-9]+),"w":([0-9]+),"h":([0-9]+)\}/\1 \2 \3 \4/'
+}
+row_centre() {
+  local x y w h
+  read -r x y w h <<<"$(nth_box "$1" "$2" "$3")"
   echo "$((x + w / 2)) $((y + h / 2))"
 }
 text() { sed -E 's/.*"text":"(([^"\\]|\\.)*)".*/\1/' <<<"$1"; }
@@ -364,6 +375,52 @@ magnifier)
     previous=$start
   done <<<"$runs"
   echo "ok: lines at $(tr '\n' ' ' <<<"$runs")"
+  ;;
+list)
+  lists=$(ask lists)
+  read -r x y <<<"$(row_centre "$lists" listRows 1)"
+  xdotool mousemove "$x" "$y" click 1
+  read -r x y <<<"$(row_centre "$lists" listRows 3)"
+  xdotool keydown shift mousemove "$x" "$y" click 1 keyup shift
+  sleep 0.3
+  expect "a click, then a Shift-click" "$(field "$(ask lists)" selected)" "1 2 3"
+  read -r x y <<<"$(row_centre "$lists" listRows 0)"
+  xdotool keydown ctrl mousemove "$x" "$y" click 1 keyup ctrl
+  sleep 0.3
+  expect "a Ctrl-click adds a row" "$(field "$(ask lists)" selected)" "0 1 2 3"
+  xdotool key Down key shift+Down
+  sleep 0.3
+  expect "Down, then Shift-Down" "$(field "$(ask lists)" selected)" "1 2"
+  xdotool key End
+  sleep 0.3
+  expect "End" "$(field "$(ask lists)" selected)" "199"
+  ;;
+tree)
+  lists=$(ask lists)
+  expect "rows of a closed tree" "$(number "$lists" treeRows)" 3
+  read -r x y w h <<<"$(nth_box "$lists" treeRowBoxes 0)"
+  # The arrow lies in the row's first indent step, at its left.
+  xdotool mousemove $((x + h / 2 + 2)) $((y + h / 2)) click 1
+  sleep 0.3
+  lists=$(ask lists)
+  expect "the arrow opens the reel" "$(field "$lists" opened)" "1"
+  expect "rows of the open tree" "$(number "$lists" treeRows)" 6
+  read -r x y <<<"$(row_centre "$lists" treeRowBoxes 4)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.3
+  expect "a click on a row selects it" "$(field "$(ask lists)" treeSelected)" "2"
+  xdotool key Right
+  sleep 0.3
+  expect "Right opens it" "$(field "$(ask lists)" opened)" "1 2"
+  xdotool key Right key Down
+  sleep 0.3
+  expect "into its children, and down" "$(field "$(ask lists)" treeSelected)" "2/2"
+  xdotool key Left
+  sleep 0.3
+  expect "Left goes to the parent" "$(field "$(ask lists)" treeSelected)" "2"
+  xdotool key Left
+  sleep 0.3
+  expect "Left again closes it" "$(field "$(ask lists)" opened)" "1"
   ;;
 *)
   fail "unknown case"

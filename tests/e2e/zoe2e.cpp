@@ -13,6 +13,8 @@
 //   magnify L   opens a magnifier at the pointer at level L (--screen-tools)
 //   magnifier   that magnifier's view and the colours it shows
 //   picker      the colour picker's hex text and its eye dropper (--picker)
+//   lists       the list's and the tree's selections, what is open, and
+//               where their first rows are (--lists)
 //   quit
 // With --shot FILE it instead paints the same panel on the headless screen,
 // saves that window's picture and exits, for comparison with the display.
@@ -20,10 +22,11 @@
 // a panel built from parameters opens beside the first (with --form-json,
 // the same form built from a description); with --screen-tools
 // a panel with an eye dropper opens above it; with --picker a colour picker
-// opens beside it.
+// opens beside it; with --lists a list and a tree open beside it.
 
 #include "FormPanel.h"
 #include "InputProbe.h"
+#include "ListsPanel.h"
 #include "PickerPanel.h"
 #include "ScreenToolsPanel.h"
 
@@ -56,6 +59,7 @@ struct Session {
   std::unique_ptr<FormPanel> form;
   std::unique_ptr<ScreenToolsPanel> screenTools;
   std::unique_ptr<PickerPanel> picker;
+  std::unique_ptr<ListsPanel> lists;
   bool quit = false;
 };
 
@@ -162,6 +166,9 @@ void answer(Session& session, std::string const& line) {
   } else if (command == "picker") {
     std::cout << (session.picker ? session.picker->stateJson(&jsonBox) : std::string("{\"error\":\"no picker\"}"))
               << std::endl;
+  } else if (command == "lists") {
+    std::cout << (session.lists ? session.lists->stateJson(&jsonBox) : std::string("{\"error\":\"no lists\"}"))
+              << std::endl;
   } else if (command == "quit") {
     session.quit = true;
   } else if (!command.empty()) {
@@ -217,6 +224,10 @@ int main(int argc, char** argv) {
     int const row = UifStd::getRowHeight();
     session.picker = std::make_unique<PickerPanel>(XY<int>(row * 26, row * 8));
   }
+  if (hasFlag(argc, argv, "--lists")) {
+    int const row = UifStd::getRowHeight();
+    session.lists = std::make_unique<ListsPanel>(XY<int>(row * 26, row * 8));
+  }
   // Commands arrive on a thread of their own and are answered on the
   // user-interface thread, between window events.
   std::thread reader([&session] {
@@ -230,6 +241,7 @@ int main(int argc, char** argv) {
   session.form.reset();
   session.screenTools.reset();
   session.picker.reset();
+  session.lists.reset();
   GlobManager::requestDeletion(session.panel);
   MessageLoop::runPending();
   return 0;
