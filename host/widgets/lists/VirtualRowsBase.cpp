@@ -7,7 +7,6 @@
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -213,13 +212,9 @@ int VirtualRowsBase::handleMouseEvent(Event const& event) {
 int VirtualRowsBase::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {
   if (sender != scrollBar_)
     return StandardPanel::handleMessageEvent(message, sender);
-  if (message == ScrollBar::thumbMovedMsg)
-    setScrollOffset(static_cast<int>(std::lround(scrollBar_->getThumbPosition() * maxOffset())));
-  else if (message == ScrollBar::leftButtonPressedMsg)
-    setScrollOffset(offset_ - rowHeight_);
-  else if (message == ScrollBar::rightButtonPressedMsg)
-    setScrollOffset(offset_ + rowHeight_);
-  else
+  int requested = 0;
+  if (!scrollBar_->requestedOffset(message, offset_, rowHeight_, maxOffset(), requested))
     return 0;
+  setScrollOffset(requested);
   return 1;
 }

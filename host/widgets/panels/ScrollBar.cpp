@@ -150,3 +150,16 @@ void ScrollBar::draw(CanvasRenderer& renderer) {
   if (thumbLength() > 0)
     renderer.renderPrimitive(Glib::RoundedRectDescription(Glib::toDoubleBox(thumb), look.thumbRadius, look.thumb));
 }
+
+bool ScrollBar::requestedOffset(LightweightString<char> const& message, int offset, int step, int maxOffset,
+                                int& requested) const {
+  if (message == thumbMovedMsg)
+    requested = static_cast<int>(std::lround(getThumbPosition() * maxOffset));
+  else if (message == leftButtonPressedMsg)
+    requested = offset - step;
+  else if (message == rightButtonPressedMsg)
+    requested = offset + step;
+  else
+    return false;
+  return true;
+}

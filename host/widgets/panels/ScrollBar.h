@@ -61,6 +61,11 @@ public:
   double getThumbPosition() const noexcept { return range_.value(); }
   // The position in 0..1, with the share that shows as its page.
   RangeModel const& range() const noexcept { return range_; }
+  // For an owner that scrolls by this bar: the offset one of its messages
+  // asks for, given the present offset, a step, and the largest offset;
+  // false for a message that is not the bar's.
+  bool requestedOffset(LightweightString<char> const& message, int offset, int step, int maxOffset,
+                       int& requested) const;
 
   // Along the bar, in pixels from its start: the track between the buttons,
   // and the thumb within it.

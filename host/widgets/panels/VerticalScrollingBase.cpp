@@ -4,7 +4,6 @@
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 namespace {
@@ -108,14 +107,10 @@ int VerticalScrollingBase::handleMessageEvent(LightweightString<char> const& mes
   if (sender != scrollBar_)
     return StandardPanel::handleMessageEvent(message, sender);
   int const step = UifStd::getRowHeight();
-  if (message == ScrollBar::thumbMovedMsg)
-    setScrollOffset(static_cast<int>(std::lround(scrollBar_->getThumbPosition() * maxOffset())));
-  else if (message == ScrollBar::leftButtonPressedMsg)
-    setScrollOffset(offset_ - step);
-  else if (message == ScrollBar::rightButtonPressedMsg)
-    setScrollOffset(offset_ + step);
-  else
+  int requested = 0;
+  if (!scrollBar_->requestedOffset(message, offset_, step, maxOffset(), requested))
     return 0;
+  setScrollOffset(requested);
   return 1;
 }
 

@@ -5,26 +5,11 @@
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/popups/detail/SideAlignment.h>
 
 #include <algorithm>
 #include <utility>
 #include <vector>
-
-namespace {
-
-// Where a length lines up along a button's side from `start` to `end`.
-int alongSide(int start, int end, int length, eWidgetAlignment alignment, bool startIsHigh) {
-  switch (alignment) {
-  case kAlignCentre:
-    return start + (end - start - length) / 2;
-  case kAlignEnd:
-    return startIsHigh ? start : end - length;
-  default:
-    return startIsHigh ? end - length : start;
-  }
-}
-
-} // namespace
 
 Colour scale(Colour const& colour, double factor) {
   Colour scaled(std::min(1.0, colour.red() * factor), std::min(1.0, colour.green() * factor),

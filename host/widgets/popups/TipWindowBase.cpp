@@ -4,6 +4,7 @@
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/popups/detail/SideAlignment.h>
 
 #include <algorithm>
 
@@ -24,19 +25,6 @@ WidgetSurround tipRoom(eWidgetRelativity relativity) {
     return WidgetSurround{0, depth, 0, 0};
   default:
     return {};
-  }
-}
-
-// Where a length starts along a side running from `start` to `end`, lined up
-// by `alignment`; `startIsHigh` for a vertical side, whose start is its top.
-int alongSide(int start, int end, int length, eWidgetAlignment alignment, bool startIsHigh) {
-  switch (alignment) {
-  case kAlignCentre:
-    return start + (end - start - length) / 2;
-  case kAlignEnd:
-    return startIsHigh ? start : end - length;
-  default:
-    return startIsHigh ? end - length : start;
   }
 }
 
