@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
@@ -71,6 +72,7 @@ void VirtualRowsBase::setScrollBarAllowed(bool allowed) {
 }
 
 void VirtualRowsBase::rowsChanged() {
+  Drawable::Suspender const oneRepaint;
   dropAllRows();
   fitViewToUserArea();
   setScrollOffset(offset_);
@@ -80,6 +82,7 @@ void VirtualRowsBase::changeRowHeight(int height) {
   height = std::max(height, 1);
   if (height == rowHeight_)
     return;
+  Drawable::Suspender const oneRepaint;
   int const topRow = offset_ / rowHeight_;
   dropAllRows();
   rowHeight_ = height;
@@ -88,6 +91,8 @@ void VirtualRowsBase::changeRowHeight(int height) {
 }
 
 void VirtualRowsBase::setScrollOffset(int offset) {
+  // Rows leave, arrive and move: one paint for all of it.
+  Drawable::Suspender const oneRepaint;
   if (rowsPending_)
     fitViewToUserArea();
   offset_ = std::clamp(offset, 0, maxOffset());
