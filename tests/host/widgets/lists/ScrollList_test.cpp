@@ -211,6 +211,16 @@ TEST_F(ScrollListTest, TheWheelAndTheBarScrollAndRowsFollow) {
   EXPECT_NE(list->getScrollOffset(), 3 * line) << "a press on the track moves the view";
 }
 
+TEST_F(ScrollListTest, AScrollByAPageIsOnePaint) {
+  openList(100);
+  ASSERT_NE(list->getRowWidget(0), nullptr);
+  Canvas::paintAllPending();
+  int const before = list->canvas()->paintCount();
+  list->setScrollOffset(list->linesPerPage() * line);
+  EXPECT_EQ(list->canvas()->paintCount(), before + 1) << "rows leaving and arriving paint together";
+  EXPECT_EQ(list->getFirstVisibleIndex(), list->linesPerPage());
+}
+
 TEST_F(ScrollListTest, AShortListHasNoScrollBarAndRowsTakeTheWidth) {
   openList(3);
   EXPECT_FALSE(list->getScrollBar()->isVisible());
