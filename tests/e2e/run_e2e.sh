@@ -74,6 +74,7 @@ jsonform_*) extra=(--form-json) ;;
 eyedropper | magnifier) extra=(--screen-tools) ;;
 picker) extra=(--picker) ;;
 list | tree) extra=(--lists) ;;
+tabs | splitter) extra=(--containers) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -421,6 +422,46 @@ tree)
   xdotool key Left
   sleep 0.3
   expect "Left again closes it" "$(field "$(ask lists)" opened)" "1"
+  ;;
+tabs)
+  shown=$(ask containers)
+  expect "the first tab shows" "$(number "$shown" tab)" 0
+  read -r x y <<<"$(row_centre "$shown" tabs 1)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.3
+  expect "a click on the second tab" "$(number "$(ask containers)" tab)" 1
+  xdotool key Left
+  sleep 0.3
+  expect "Left on the focused tab row" "$(number "$(ask containers)" tab)" 0
+  xdotool key ctrl+Tab
+  sleep 0.3
+  expect "Ctrl+Tab" "$(number "$(ask containers)" tab)" 1
+  ;;
+splitter)
+  shown=$(ask containers)
+  left=$(number "$shown" left)
+  right=$(number "$shown" right)
+  read -r x y <<<"$(centre "$shown" bar)"
+  xdotool mousemove "$x" "$y" mousedown 1
+  for step in 1 2 3 4; do
+    xdotool mousemove $((x + 10 * step)) "$y"
+    sleep 0.05
+  done
+  xdotool mouseup 1
+  sleep 0.3
+  shown=$(ask containers)
+  expect "the left box grew by the drag" "$(number "$shown" left)" $((left + 40))
+  expect "the right box gave the same" "$(number "$shown" right)" $((right - 40))
+  read -r x y <<<"$(centre "$shown" bar)"
+  xdotool mousemove "$x" "$y" mousedown 1
+  for step in 1 2 3 4; do
+    xdotool mousemove $((x - 200 * step)) "$y"
+    sleep 0.05
+  done
+  xdotool mouseup 1
+  sleep 0.3
+  shown=$(ask containers)
+  expect "a drag far left stops at the left box's least width" "$(number "$shown" left)" "$(number "$shown" leftMin)"
   ;;
 *)
   fail "unknown case"

@@ -15,6 +15,8 @@
 //   picker      the colour picker's hex text and its eye dropper (--picker)
 //   lists       the list's and the tree's selections, what is open, and
 //               where their first rows are (--lists)
+//   containers  the current tab and the tabs' places, the splitter's place
+//               and the widths beside it (--containers)
 //   quit
 // With --shot FILE it instead paints the same panel on the headless screen,
 // saves that window's picture and exits, for comparison with the display.
@@ -22,8 +24,10 @@
 // a panel built from parameters opens beside the first (with --form-json,
 // the same form built from a description); with --screen-tools
 // a panel with an eye dropper opens above it; with --picker a colour picker
-// opens beside it; with --lists a list and a tree open beside it.
+// opens beside it; with --lists a list and a tree open beside it; with
+// --containers tabs and a splitter open beside it.
 
+#include "ContainersPanel.h"
 #include "FormPanel.h"
 #include "InputProbe.h"
 #include "ListsPanel.h"
@@ -60,6 +64,7 @@ struct Session {
   std::unique_ptr<ScreenToolsPanel> screenTools;
   std::unique_ptr<PickerPanel> picker;
   std::unique_ptr<ListsPanel> lists;
+  std::unique_ptr<ContainersPanel> containers;
   bool quit = false;
 };
 
@@ -169,6 +174,10 @@ void answer(Session& session, std::string const& line) {
   } else if (command == "lists") {
     std::cout << (session.lists ? session.lists->stateJson(&jsonBox) : std::string("{\"error\":\"no lists\"}"))
               << std::endl;
+  } else if (command == "containers") {
+    std::cout << (session.containers ? session.containers->stateJson(&jsonBox)
+                                     : std::string("{\"error\":\"no containers\"}"))
+              << std::endl;
   } else if (command == "quit") {
     session.quit = true;
   } else if (!command.empty()) {
@@ -228,6 +237,10 @@ int main(int argc, char** argv) {
     int const row = UifStd::getRowHeight();
     session.lists = std::make_unique<ListsPanel>(XY<int>(row * 26, row * 8));
   }
+  if (hasFlag(argc, argv, "--containers")) {
+    int const row = UifStd::getRowHeight();
+    session.containers = std::make_unique<ContainersPanel>(XY<int>(row * 26, row * 8));
+  }
   // Commands arrive on a thread of their own and are answered on the
   // user-interface thread, between window events.
   std::thread reader([&session] {
@@ -242,6 +255,7 @@ int main(int argc, char** argv) {
   session.screenTools.reset();
   session.picker.reset();
   session.lists.reset();
+  session.containers.reset();
   GlobManager::requestDeletion(session.panel);
   MessageLoop::runPending();
   return 0;
