@@ -1,3 +1,4 @@
+#include "support/MessageLog.h"
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -22,16 +23,6 @@ std::vector<LightweightString<wchar_t>> numberedLines(int count) {
   return lines;
 }
 
-class MessageLog : public StandardPanel {
-public:
-  using StandardPanel::StandardPanel;
-  int handleMessageEvent(LightweightString<char> const& message, Glob*) override {
-    messages.push_back(message.str());
-    return 1;
-  }
-  std::vector<std::string> messages;
-};
-
 struct ScrollListTest : HeadlessScreenTest {
   int const line = UifStd::getRowHeight();
   MessageLog* panel = nullptr;
@@ -39,14 +30,13 @@ struct ScrollListTest : HeadlessScreenTest {
   std::vector<ScrollListEvent> events;
 
   ScrollList* openList(int lines, int mode = ScrollList::kSingleSelection, int linesShown = 6) {
-    StandardPanel::InitArgs args(XY<int>(300, linesShown * line + 40));
-    args.screenPosition = XY<int>(100, 100);
-    panel = new MessageLog(args);
-    GlobManager::realize(panel);
+    StandardPanel* window = openPanel(XY<int>(300, linesShown * line + 40));
+    panel = static_cast<MessageLog*>(
+        window->addChild(new MessageLog(XY<int>(260, linesShown * line)), Glob::UserTopLeft(0, 0)));
     ScrollList::InitArgs listArgs(XY<int>(240, linesShown * line));
     listArgs.strings = numberedLines(lines);
     listArgs.selectionMode = mode;
-    list = panel->createWidget<ScrollList>(listArgs, Glob::UserTopLeft(0, 0));
+    list = panel->createChild<ScrollList>(listArgs, Glob::TopLeft(0, 0));
     list->addListener(ScrollList::makeCallback([this](ScrollListEvent const& event) { events.push_back(event); }));
     return list;
   }

@@ -1,3 +1,4 @@
+#include "support/MessageLog.h"
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -7,19 +8,6 @@
 #include <vector>
 
 namespace {
-
-// A parent that keeps the messages its children send.
-class MessageLog : public Glob {
-public:
-  explicit MessageLog(XY<int> size) : Glob(GlobCreationInfo(size)) {}
-  int react(Event const& event) override {
-    if (!event.isMessage())
-      return 0;
-    messages.push_back(event.message.str());
-    return 1;
-  }
-  std::vector<std::string> messages;
-};
 
 struct ScrollBarTest : HeadlessScreenTest {
   StandardPanel* panel = nullptr;

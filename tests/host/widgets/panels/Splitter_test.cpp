@@ -1,3 +1,4 @@
+#include "support/MessageLog.h"
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/toolkit/CursorCodes.h>
@@ -9,21 +10,6 @@
 #include <vector>
 
 namespace {
-
-// A parent that keeps the messages its children send, and who sent them.
-class MessageLog : public Glob {
-public:
-  explicit MessageLog(XY<int> size) : Glob(GlobCreationInfo(size)) {}
-  int react(Event const& event) override {
-    if (!event.isMessage())
-      return 0;
-    messages.push_back(event.message.str());
-    senders.push_back(event.sourceWidget);
-    return 1;
-  }
-  std::vector<std::string> messages;
-  std::vector<Glob*> senders;
-};
 
 constexpr int kLength = 300;
 constexpr int kAcross = 100;
