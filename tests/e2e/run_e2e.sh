@@ -116,6 +116,16 @@ row_centre() {
   read -r x y w h <<<"$(nth_box "$1" "$2" "$3")"
   echo "$((x + w / 2)) $((y + h / 2))"
 }
+# Presses at X Y, moves to TO_X TO_Y in four steps as a hand would, and
+# lets go there.
+drag_to() {
+  xdotool mousemove "$1" "$2" mousedown 1
+  for step in 1 2 3 4; do
+    xdotool mousemove $(($1 + ($3 - $1) * step / 4)) $(($2 + ($4 - $2) * step / 4))
+    sleep 0.05
+  done
+  xdotool mouseup 1
+}
 text() { sed -E 's/.*"text":"(([^"\\]|\\.)*)".*/\1/' <<<"$1"; }
 expect() {
   [ "$2" = "$3" ] || fail "$1: expected '$3', got '$2'"
@@ -262,12 +272,7 @@ form_slider | jsonform_slider)
   expect "count before" "$(field "$form" count)" 20
   read -r x y <<<"$(centre "$form" thumb)"
   read -r to_x to_y <<<"$(centre "$form" at80)"
-  xdotool mousemove "$x" "$y" mousedown 1
-  for step in 1 2 3 4; do
-    xdotool mousemove $((x + (to_x - x) * step / 4)) "$to_y"
-    sleep 0.05
-  done
-  xdotool mouseup 1
+  drag_to "$x" "$y" "$to_x" "$to_y"
   sleep 0.3
   form=$(ask form)
   count=$(field "$form" count)
@@ -442,23 +447,13 @@ splitter)
   left=$(number "$shown" left)
   right=$(number "$shown" right)
   read -r x y <<<"$(centre "$shown" bar)"
-  xdotool mousemove "$x" "$y" mousedown 1
-  for step in 1 2 3 4; do
-    xdotool mousemove $((x + 10 * step)) "$y"
-    sleep 0.05
-  done
-  xdotool mouseup 1
+  drag_to "$x" "$y" $((x + 40)) "$y"
   sleep 0.3
   shown=$(ask containers)
   expect "the left box grew by the drag" "$(number "$shown" left)" $((left + 40))
   expect "the right box gave the same" "$(number "$shown" right)" $((right - 40))
   read -r x y <<<"$(centre "$shown" bar)"
-  xdotool mousemove "$x" "$y" mousedown 1
-  for step in 1 2 3 4; do
-    xdotool mousemove $((x - 200 * step)) "$y"
-    sleep 0.05
-  done
-  xdotool mouseup 1
+  drag_to "$x" "$y" $((x - 800)) "$y"
   sleep 0.3
   shown=$(ask containers)
   expect "a drag far left stops at the left box's least width" "$(number "$shown" left)" "$(number "$shown" leftMin)"
