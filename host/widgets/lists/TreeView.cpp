@@ -382,8 +382,13 @@ int TreeView::handleKeyboardEvent(int key) {
       move(0);
     else if (visible_[at]->expanded)
       closeAt(at, true);
-    else if (Node* parent = visible_[at]->parent; parent != root_.get())
-      move(rowOf(parent->item.id));
+    else if (visible_[at]->depth > 0) {
+      // The parent is the nearest row above that stands one level out.
+      int parent = at - 1;
+      while (visible_[parent]->depth >= visible_[at]->depth)
+        --parent;
+      move(parent);
+    }
     return 1;
   case kKeyReturn:
   case kSpaceKey:

@@ -61,7 +61,7 @@ void VirtualRowsBase::resize(double width, double height) {
   StandardPanel::resize(width, height);
   if (!view_ || rowsPending_)
     return;
-  dropAllRows();
+  // Rows in sight stay and take the new width; others come and go.
   fitViewToUserArea();
   setScrollOffset(offset_);
 }

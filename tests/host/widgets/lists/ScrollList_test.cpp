@@ -224,7 +224,6 @@ TEST_F(ScrollListTest, AShortListHasNoScrollBarAndRowsTakeTheWidth) {
 TEST_F(ScrollListTest, ANewLineHeightKeepsTheSelectionAndRemakesTheRows) {
   openList(50);
   clickRow(2);
-  ScrollListItemWidget* before = list->getRowWidget(2);
   list->setLineHeight(static_cast<unsigned short>(line * 2));
   ScrollListItemWidget* after = list->getRowWidget(2);
   ASSERT_NE(after, nullptr);
@@ -232,7 +231,29 @@ TEST_F(ScrollListTest, ANewLineHeightKeepsTheSelectionAndRemakesTheRows) {
   EXPECT_TRUE(after->isSelected());
   EXPECT_EQ(list->getSelectedIndex(), 2);
   EXPECT_LE(list->liveRowCount(), list->linesPerPage() + 1);
-  (void)before;
+}
+
+TEST_F(ScrollListTest, GoingToSingleSelectionKeepsOnlyTheCurrentRow) {
+  openList(20, ScrollList::kMultipleSelection);
+  clickRow(1);
+  clickRow(4, kKeyShift);
+  ASSERT_EQ(list->getSelectionCount(), 4);
+  list->setSelectionMode(ScrollList::kSingleSelection);
+  EXPECT_EQ(selected(), std::vector<int>({4}));
+  EXPECT_FALSE(list->getRowWidget(1)->isSelected());
+}
+
+TEST_F(ScrollListTest, ResizingKeepsTheRowsInSightAndWidensThem) {
+  openList(50);
+  ScrollListItemWidget* row = list->getRowWidget(1);
+  row->setName("kept");
+  list->resize(list->width() + 40, list->height());
+  ASSERT_EQ(list->getRowWidget(1), row);
+  EXPECT_EQ(row->getName(), LightweightString<char>("kept")) << "the same widget, not a new one";
+  EXPECT_EQ(row->width(), list->getView()->width());
+  list->resize(list->width(), list->height() + 3 * line);
+  EXPECT_LE(list->liveRowCount(), list->linesPerPage() + 1);
+  EXPECT_NE(list->getRowWidget(list->getLastVisibleIndex()), nullptr);
 }
 
 TEST_F(ScrollListTest, NewStringsDropTheSelectionAndReturnToTheTop) {

@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/lists/TreeView.h>
+#include <zowidgets/host/widgets/panels/ScrollBar.h>
 
 #include <map>
 #include <string>
@@ -243,6 +244,27 @@ TEST_F(TreeViewTest, ARowIsDrawnInItsOwnFont) {
     return last;
   };
   EXPECT_GT(rightmostInk(1), rightmostInk(0) + 10);
+}
+
+TEST_F(TreeViewTest, AFlatTreeHasNoArrowsAndAClickThereSelects) {
+  openTree(&bins);
+  tree->setAppearance(TreeView::kFlat);
+  XY<int> const where = arrowOf(0);
+  HeadlessInput::click(where);
+  EXPECT_FALSE(tree->isExpanded(L"Reel 1"));
+  EXPECT_EQ(tree->getSelectedItem(), LightweightString<wchar_t>(L"Reel 1"));
+}
+
+TEST_F(TreeViewTest, TheScrollBarCanBeKeptAwayForGood) {
+  MillionAdaptor million;
+  openTree(&million);
+  EXPECT_TRUE(tree->getScrollBar()->isVisible());
+  tree->setScrollbarDisplay(TreeView::kScrollbarNever);
+  EXPECT_FALSE(tree->getScrollBar()->isVisible());
+  EXPECT_EQ(tree->getRowGlob(0)->width(), tree->getUserArea().width()) << "rows take the bar's room";
+  tree->claimKbdFocus();
+  key(kKeyEnd);
+  EXPECT_GT(tree->getScrollOffset(), 0) << "keys still scroll";
 }
 
 TEST_F(TreeViewTest, TheSelectedRowIsDrawnInTheSelectionColour) {
