@@ -42,11 +42,24 @@ VirtualRowsBase::VirtualRowsBase(InitArgs const& args, int rowHeight)
 // outlives the panel it may point back to.
 VirtualRowsBase::~VirtualRowsBase() { dropAllRows(); }
 
-int VirtualRowsBase::contentHeight() const { return rowCount() * rowHeight_; }
+int VirtualRowsBase::contentHeight() const { return offsets_.total(); }
+
+void VirtualRowsBase::measureRows() {
+  if (rowHeightsVary())
+    offsets_.measure(rowCount(), rowHeight_, [this](int index) { return rowHeightOf(index); });
+  else
+    offsets_.setUniform(rowCount(), rowHeight_);
+}
+
+RowOffsets const& VirtualRowsBase::getRowOffsets() const {
+  ensureRows();
+  return offsets_;
+}
 
 int VirtualRowsBase::maxOffset() const { return std::max(contentHeight() - view_->height(), 0); }
 
 void VirtualRowsBase::fitViewToUserArea() {
+  measureRows();
   Zo::Box<int> const area = getUserArea();
   int const content = contentHeight();
   bool const needsBar = scrollBarAllowed_ && content > area.height();
@@ -83,11 +96,11 @@ void VirtualRowsBase::changeRowHeight(int height) {
   if (height == rowHeight_)
     return;
   Drawable::Suspender const oneRepaint;
-  int const topRow = offset_ / rowHeight_;
+  int const topRow = offsets_.indexAt(offset_);
   dropAllRows();
   rowHeight_ = height;
   fitViewToUserArea();
-  setScrollOffset(topRow * rowHeight_);
+  setScrollOffset(offsets_.top(topRow));
 }
 
 void VirtualRowsBase::setScrollOffset(int offset) {
@@ -105,8 +118,8 @@ void VirtualRowsBase::scrollToShow(int index) {
   if (index < 0 || index >= rowCount())
     return;
   ensureRows();
-  int const top = index * rowHeight_;
-  int const bottom = top + rowHeight_;
+  int const top = offsets_.top(index);
+  int const bottom = top + offsets_.heightOf(index);
   if (top < offset_)
     setScrollOffset(top);
   else if (bottom > offset_ + view_->height())
@@ -117,14 +130,14 @@ int VirtualRowsBase::getFirstVisibleIndex() const {
   ensureRows();
   if (rowCount() == 0 || view_->height() <= 0)
     return -1;
-  return std::min(offset_ / rowHeight_, rowCount() - 1);
+  return offsets_.indexAt(offset_);
 }
 
 int VirtualRowsBase::getLastVisibleIndex() const {
   ensureRows();
   if (rowCount() == 0 || view_->height() <= 0)
     return -1;
-  return std::min((offset_ + view_->height() - 1) / rowHeight_, rowCount() - 1);
+  return offsets_.indexAt(offset_ + view_->height() - 1);
 }
 
 int VirtualRowsBase::linesPerPage() const {
@@ -158,8 +171,8 @@ int VirtualRowsBase::rowIndexAt(XY<int> point) const {
   XY<int> const inView(point.x - view_->getX(), point.y - view_->getY());
   if (inView.x < 0 || inView.x >= view_->width() || inView.y < 0 || inView.y >= view_->height())
     return -1;
-  int const index = (view_->height() - 1 - inView.y + offset_) / rowHeight_;
-  return index < rowCount() ? index : -1;
+  int const y = view_->height() - 1 - inView.y + offset_;
+  return y < contentHeight() ? offsets_.indexAt(y) : -1;
 }
 
 void VirtualRowsBase::dropAllRows() {
@@ -171,9 +184,9 @@ void VirtualRowsBase::dropAllRows() {
 
 void VirtualRowsBase::syncRows() {
   rowsPending_ = false;
-  int const count = rowCount();
-  int const first = count == 0 || view_->height() <= 0 ? -1 : std::min(offset_ / rowHeight_, count - 1);
-  int const last = first < 0 ? -2 : std::min((offset_ + view_->height() - 1) / rowHeight_, count - 1);
+  int const count = offsets_.count();
+  int const first = count == 0 || view_->height() <= 0 ? -1 : offsets_.indexAt(offset_);
+  int const last = first < 0 ? -2 : offsets_.indexAt(offset_ + view_->height() - 1);
   for (auto row = rows_.begin(); row != rows_.end();)
     if (row->first < first || row->first > last) {
       view_->removeWidget(row->second);
@@ -183,14 +196,15 @@ void VirtualRowsBase::syncRows() {
     }
   int const width = view_->width();
   for (int index = std::max(first, 0); index <= last; ++index) {
+    int const height = offsets_.heightOf(index);
     Glob*& row = rows_[index];
     if (!row) {
-      row = makeRow(index, width, rowHeight_);
+      row = makeRow(index, width, height);
       view_->addWidget(row);
       updateRow(index, row);
     }
-    row->resize(width, rowHeight_);
-    row->setPosition(XY<int>(0, view_->height() - (index + 1) * rowHeight_ + offset_));
+    row->resize(width, height);
+    row->setPosition(XY<int>(0, view_->height() - offsets_.top(index) - height + offset_));
   }
   view_->invalidate();
 }

@@ -1,16 +1,18 @@
 #pragma once
 
+#include <zowidgets/host/widgets/lists/RowOffsets.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 
 #include <map>
 
 class ScrollBar;
 
-// A panel that shows many rows of equal height in a scrolling view, with a
-// widget only for each row in sight. Scrolling drops the rows that leave and
+// A panel that shows many rows in a scrolling view, with a widget only for
+// each row in sight. Scrolling drops the rows that leave and
 // asks makeRow for those that arrive, so the cost follows the view, not the
 // row count. The scroll bar shows only when the rows overflow; the wheel
-// scrolls three rows a step. The base of lists, trees and tables.
+// scrolls three rows a step. Rows share one height unless a subclass says
+// they vary (rowHeightsVary). The base of lists, trees and tables.
 class ZO_API VirtualRowsBase : public StandardPanel {
 public:
   using InitArgs = StandardPanel::InitArgs;
@@ -19,7 +21,9 @@ public:
   ~VirtualRowsBase() override;
 
   virtual int rowCount() const = 0;
+  // The common row height; a row of its own height may differ.
   int getRowHeight() const noexcept { return rowHeight_; }
+  RowOffsets const& getRowOffsets() const;
 
   // Scrolling, in pixels from the top of the first row.
   int getScrollOffset() const noexcept { return offset_; }
@@ -51,6 +55,11 @@ public:
 protected:
   // Makes the widget of one row; the base adds, places and sizes it.
   virtual Glob* makeRow(int index, int width, int height) = 0;
+  // Whether rows may differ in height; if so rowHeightOf is asked of every
+  // row each time the rows change or the panel is resized.
+  virtual bool rowHeightsVary() const { return false; }
+  // A row's own height; 0 or less for the common height.
+  virtual int rowHeightOf(int) const { return 0; }
   // Brings a live row's look up to date (selection, focus, ...).
   virtual void updateRow(int, Glob*) {}
   // The rows changed in number or content: every row is made afresh.
@@ -65,6 +74,7 @@ private:
   void ensureRows() const;
   void fitViewToUserArea();
   int contentHeight() const;
+  void measureRows();
   int maxOffset() const;
   // Makes the rows that came into sight, drops those that left, and puts
   // each where the offset says.
@@ -74,6 +84,7 @@ private:
   Glob* view_ = nullptr;
   ScrollBar* scrollBar_ = nullptr;
   std::map<int, Glob*> rows_;
+  RowOffsets offsets_;
   int rowHeight_;
   int offset_ = 0;
   bool rowsPending_ = true;

@@ -1,0 +1,62 @@
+#include <zowidgets/host/widgets/lists/RowOffsets.h>
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+TEST(RowOffsets, RowsOfOneHeightKeepNoTable) {
+  RowOffsets offsets;
+  int asked = 0;
+  offsets.measure(1'000'000, 20, [&](int) {
+    ++asked;
+    return 0;
+  });
+  EXPECT_EQ(asked, 1'000'000);
+  EXPECT_TRUE(offsets.isUniform());
+  EXPECT_EQ(offsets.total(), 20'000'000);
+  EXPECT_EQ(offsets.top(999'999), 19'999'980);
+  EXPECT_EQ(offsets.indexAt(39), 1);
+  EXPECT_EQ(offsets.indexAt(40), 2);
+}
+
+TEST(RowOffsets, AnOddRowMakesATableAndTheSearchFindsEveryRow) {
+  RowOffsets offsets;
+  // Rows 0 to 2 are 10 high, row 3 is 35, the rest 10 again.
+  offsets.measure(6, 10, [](int index) { return index == 3 ? 35 : 10; });
+  EXPECT_FALSE(offsets.isUniform());
+  EXPECT_EQ(offsets.top(3), 30);
+  EXPECT_EQ(offsets.heightOf(3), 35);
+  EXPECT_EQ(offsets.top(4), 65);
+  EXPECT_EQ(offsets.total(), 85);
+  EXPECT_EQ(offsets.indexAt(29), 2);
+  EXPECT_EQ(offsets.indexAt(30), 3);
+  EXPECT_EQ(offsets.indexAt(64), 3);
+  EXPECT_EQ(offsets.indexAt(65), 4);
+  EXPECT_EQ(offsets.indexAt(84), 5);
+}
+
+TEST(RowOffsets, PointsOutsideTheRowsClampToTheEnds) {
+  RowOffsets offsets;
+  offsets.measure(3, 10, [](int index) { return index + 5; });
+  EXPECT_EQ(offsets.indexAt(-7), 0);
+  EXPECT_EQ(offsets.indexAt(1000), 2);
+  EXPECT_EQ(offsets.heightOf(3), 0);
+  EXPECT_EQ(offsets.heightOf(-1), 0);
+  offsets.setUniform(0, 10);
+  EXPECT_EQ(offsets.indexAt(0), -1);
+  EXPECT_EQ(offsets.total(), 0);
+}
+
+TEST(RowOffsets, ZeroOrNegativeHeightsTakeTheCommonHeight) {
+  RowOffsets offsets;
+  offsets.measure(4, 12, [](int index) { return index % 2 == 0 ? -3 : 0; });
+  EXPECT_TRUE(offsets.isUniform());
+  EXPECT_EQ(offsets.total(), 48);
+}
+
+TEST(RowOffsets, HugeRowsStopAtTheLargestOffsetInsteadOfWrapping) {
+  RowOffsets offsets;
+  offsets.measure(4, 10, [](int) { return INT_MAX / 2; });
+  EXPECT_EQ(offsets.total(), INT_MAX);
+  EXPECT_GE(offsets.top(3), offsets.top(2));
+}
