@@ -207,6 +207,7 @@ void VirtualRowsBase::syncRows() {
     row->setPosition(XY<int>(0, view_->height() - offsets_.top(index) - height + offset_));
   }
   view_->invalidate();
+  rowsPlaced();
 }
 
 void VirtualRowsBase::refreshRows(int from, int to) {

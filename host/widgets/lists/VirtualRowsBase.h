@@ -62,6 +62,8 @@ protected:
   virtual int rowHeightOf(int) const { return 0; }
   // Brings a live row's look up to date (selection, focus, ...).
   virtual void updateRow(int, Glob*) {}
+  // After the rows in sight were made, dropped or moved.
+  virtual void rowsPlaced() {}
   // The rows changed in number or content: every row is made afresh.
   void rowsChanged();
   // A new row height; the row at the top stays there.
