@@ -7,6 +7,7 @@
 #include <zowidgets/host/widgets/lists/ScrollList.h>
 #include <zowidgets/host/widgets/lists/ScrollListGridViewBase.h>
 #include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
+#include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/lists/TreeView.h>
 #include <zowidgets/host/widgets/panels/DiscreetSplitter.h>
 #include <zowidgets/host/widgets/panels/Message.h>
@@ -92,6 +93,7 @@ bool const registered = [] {
   add<ScrollListGridViewBase>("ScrollListGridViewBase");
   add<ScrollListGridViewBase::ItemWidgetBase>("ItemWidgetBase");
   add<TreeView>("TreeView");
+  add<TableWidget>("TableWidget");
   return true;
 }();
 

@@ -6,7 +6,10 @@
 #include <zowidgets/host/widgets/lists/ScrollList.h>
 #include <zowidgets/host/widgets/lists/ScrollListGridViewBase.h>
 #include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
+#include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/lists/TreeView.h>
+
+#include "ShotsTableAdaptor.h"
 
 #include <algorithm>
 #include <string>
@@ -134,6 +137,37 @@ TEST_F(ListsGolden, ATreeTwoLevelsOpenWithASelection) {
     tree->setSelectedItem(L"1/2/2");
     tree->claimKbdFocus();
     std::string const name = scale == 1.0 ? "/tree.png" : "/tree_scale2.png";
+    EXPECT_TRUE(matchesGolden(HeadlessScreen::windowShot(*panel), ZO_GOLDEN_DIR + name));
+    delete panel;
+  }
+}
+
+// Titles sorted by length, two rows tagged, a taller row, and a clip name
+// being typed over.
+TEST_F(ListsGolden, ATableSortedTaggedAndEditing) {
+  for (double scale : {1.0, 2.0}) {
+    UifStd::setScale(scale);
+    int const line = UifStd::getRowHeight();
+    StandardPanel* panel = openPanel(XY<int>(line * 19, line * 10), XY<int>(40, 40),
+                                     StandardPanel::kTitle | StandardPanel::kPoot, L"Shot log");
+    ShotsTableAdaptor shots(12);
+    shots.heights[2] = line * 2;
+    TableWidget::InitArgs args(XY<int>(panel->getUserArea().width(), panel->getUserArea().height()));
+    args.adaptor = &shots;
+    args.options = TableWidget::kShowTitles | TableWidget::kFramed;
+    args.setBorder(Border());
+    auto* table = panel->createWidget<TableWidget>(args, Glob::UserTopLeft(0, 0));
+    table->setColumnWidth(1, line * 3);
+    table->setColumnWidth(2, line * 5);
+    table->setColumnWidth(3, line * 3);
+    table->sortBy(3, true);
+    shots.setTags(3, 4, true);
+    table->redrawRows();
+    table->claimKbdFocus();
+    table->setCurPos(XY<int>(0, 1));
+    table->beginEdit(XY<int>(0, 5));
+    HeadlessInput::typeText("Pickup");
+    std::string const name = scale == 1.0 ? "/table.png" : "/table_scale2.png";
     EXPECT_TRUE(matchesGolden(HeadlessScreen::windowShot(*panel), ZO_GOLDEN_DIR + name));
     delete panel;
   }

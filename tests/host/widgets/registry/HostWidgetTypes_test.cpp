@@ -21,8 +21,9 @@ TEST_F(HostWidgetTypes, EveryRegisteredClassIsMadeByNameWithItsSizeAndAnswersToT
     ASSERT_NE(widget, nullptr) << name.str();
     EXPECT_EQ(std::string(widget->idstring()), name.str());
     host->addChild(widget, Glob::UserTopLeft(0, 0));
-    if (name.str() != "LinkButton") // a link is as wide as its text
+    if (name.str() != "LinkButton") { // a link is as wide as its text
       EXPECT_EQ(widget->width(), 120) << name.str();
+    }
     EXPECT_EQ(widget->height(), 60) << name.str();
     host->removeWidget(widget);
   }
@@ -34,8 +35,8 @@ TEST_F(HostWidgetTypes, NamesAreRegisteredOnceAndAnUnknownNameMakesNothing) {
   for (LightweightString<char> const& name : names)
     distinct.insert(name.str());
   EXPECT_EQ(distinct.size(), names.size());
-  EXPECT_TRUE(distinct.count("TreeView") && distinct.count("ScrollList") && distinct.count("TabbedDialogue") &&
-              distinct.count("Splitter") && distinct.count("Gauge"));
+  EXPECT_TRUE(distinct.count("TreeView") && distinct.count("TableWidget") && distinct.count("ScrollList") &&
+              distinct.count("TabbedDialogue") && distinct.count("Splitter") && distinct.count("Gauge"));
   GlobCreationInfo info(XY<int>(10, 10));
   info.className = "NoSuchWidget";
   EXPECT_EQ(GlobManager::createGlob(info), nullptr);

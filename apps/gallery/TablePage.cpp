@@ -1,0 +1,137 @@
+// An edit list of 100,000 events in a table: edit, sort, resize, tag.
+#include "PageLayout.h"
+
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/lists/TableWidget.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+// Events of an edit list. Every fiftieth is a scene marker, a taller row
+// across the table in the accent colour; every seventh clip has notes with a
+// link.
+class EditListAdaptor : public iTableAdaptor {
+public:
+  EditListAdaptor() {
+    events_.reserve(kEvents);
+    for (int i = 0; i < kEvents; ++i) {
+      Event event;
+      event.id = i;
+      event.marker = i % 50 == 0;
+      event.cells[0] = std::to_wstring(i + 1);
+      if (event.marker) {
+        event.cells[1] = L"Scene " + std::to_wstring(i / 50 + 1);
+      } else {
+        event.cells[1] = L"A" + std::to_wstring(i % 97 + 1) + L"_take" + std::to_wstring(i % 5 + 1);
+        event.cells[2] = L"Reel " + std::to_wstring(i % 12 + 1);
+        event.cells[3] = i % 7 == 0 ? L"See <a href=\"notes/" + std::to_wstring(i + 1) + L".html\">notes</a>" : L"";
+      }
+      events_.push_back(std::move(event));
+    }
+  }
+
+  int getSize() override { return static_cast<int>(events_.size()); }
+  std::vector<TableColumnDescription> getColumnDefinitions() override {
+    TableColumnDescription number(UIString(L"Event"), 70);
+    number.setAlignment(Glib::eTextAlignment::Right);
+    return {number, TableColumnDescription(UIString(L"Clip")), TableColumnDescription(UIString(L"Reel"), 90),
+            TableColumnDescription(UIString(L"Notes"), 130)};
+  }
+  CellData getCellData(XY<int> const& pos, Palette const& palette) override {
+    Event const& event = events_.at(pos.y);
+    CellData data;
+    data.palette = palette;
+    data.text = UIString(LightweightString<wchar_t>(event.cells[pos.x].c_str()));
+    if (event.marker) {
+      data.palette.setText(palette.subheadingText());
+      data.readOnly = true;
+      data.fieldType = DBFieldTypes::kReadOnly;
+    } else if (pos.x == 0) {
+      data.fieldType = DBFieldTypes::kReadOnly;
+    } else if (pos.x == 3) {
+      data.fieldType = DBFieldTypes::kHTMLString;
+    }
+    return data;
+  }
+  std::uint16_t getRowHeight(unsigned int row) override {
+    return events_[row].marker ? static_cast<std::uint16_t>(UifStd::getRowHeight() * 3 / 2) : 0;
+  }
+  std::int64_t getRowID(int row) override { return events_.at(row).id; }
+  bool getTag(int row) override { return events_.at(row).tagged; }
+  void setTags(int first, int last, bool tagged) override {
+    for (int row = first; row <= last; ++row)
+      events_.at(row).tagged = tagged;
+  }
+  bool storeFieldText(CellContext& context, LightweightString<wchar_t> const& text) override {
+    events_.at(context.pos.y).cells[context.pos.x] = text.str();
+    return true;
+  }
+  bool sort(int column, bool ascending) override {
+    std::stable_sort(events_.begin(), events_.end(), [&](Event const& a, Event const& b) {
+      if (column == 0)
+        return ascending ? a.id < b.id : b.id < a.id;
+      return ascending ? a.cells[column] < b.cells[column] : b.cells[column] < a.cells[column];
+    });
+    return true;
+  }
+
+private:
+  static constexpr int kEvents = 100'000;
+  struct Event {
+    std::int64_t id = 0;
+    std::wstring cells[4];
+    bool marker = false;
+    bool tagged = false;
+  };
+  std::vector<Event> events_;
+};
+
+Glob* buildTablePage(PageContext const& context) {
+  static EditListAdaptor editList; // outlives every page window
+  PageMetrics const m = PageMetrics::current();
+  int const options = TableWidget::kShowTitles | TableWidget::kFramed;
+  XY<int> const tableSize(m.row * 20, TableWidget::calcHeight(13, options));
+  StandardPanel* panel = openPageWindow(context, XY<int>(tableSize.x, tableSize.y + m.row + m.gap), L"Edit list");
+  TableWidget::InitArgs args(tableSize);
+  args.adaptor = &editList;
+  args.options = options;
+  args.setBorder(Border());
+  auto* table = panel->createWidget<TableWidget>(args, Glob::UserTopLeft(0, 0));
+  TextLabel::InitArgs status(XY<int>(tableSize.x, m.row));
+  status.text = L"Type to edit a clip; Return keeps it, Escape drops it";
+  auto* label = panel->createWidget<TextLabel>(status, Glob::Below(m.gap, table));
+  table->addListener(TableWidget::makeCallback([label](TableWidgetEvent const& event) {
+    std::wstring text;
+    switch (event.type) {
+    case TableWidgetEvent::kCellStored:
+      text = L"Stored row " + std::to_wstring(event.cell.y + 1);
+      break;
+    case TableWidgetEvent::kSorted:
+      text = L"Sorted by " + event.table->getColumn(event.cell.x).getTitle().getString().str();
+      break;
+    case TableWidgetEvent::kColumnResized:
+      text = event.table->getColumn(event.cell.x).getTitle().getString().str() + L" is " +
+             std::to_wstring(event.table->getColumnWidth(event.cell.x)) + L" wide";
+      break;
+    default:
+      text = L"Row " + std::to_wstring(event.table->getCurPos().y + 1) + L", column " +
+             std::to_wstring(event.table->getCurPos().x + 1);
+      break;
+    }
+    label->setString(UIString(LightweightString<wchar_t>(text.c_str())));
+  }));
+  table->setCurPos(XY<int>(1, 3), TableWidget::kShowCell | TableWidget::kQuiet);
+  table->claimKbdFocus();
+  return panel;
+}
+
+PageRegistrar const tablePage{"table", "Table",
+                              "An edit list of 100,000 events: rows exist only for the lines in sight, scene markers "
+                              "are taller rows, a clip is edited by typing, titles sort and their edges resize",
+                              buildTablePage};
+
+} // namespace
