@@ -9,25 +9,14 @@ void RowOffsets::setUniform(int count, int height) {
   starts_.clear();
 }
 
-void RowOffsets::measure(int count, int height, std::function<int(int)> const& heightOf) {
-  setUniform(count, height);
-  long long start = 0;
-  for (int index = 0; index < count_; ++index) {
-    int const asked = heightOf(index);
-    int const rowHeight = asked > 0 ? asked : height_;
-    if (rowHeight != height_ && starts_.empty()) {
-      // The first odd row: the rows before it were all of the one height.
-      starts_.reserve(static_cast<std::size_t>(count_) + 1);
-      for (int before = 0; before <= index; ++before)
-        starts_.push_back(static_cast<int>(std::min<long long>(static_cast<long long>(before) * height_, INT_MAX)));
-    } else if (!starts_.empty()) {
-      starts_.push_back(static_cast<int>(start));
-    }
-    // Past INT_MAX pixels the rows stop growing rather than wrap.
-    start = std::min<long long>(start + rowHeight, INT_MAX);
-  }
-  if (!starts_.empty())
-    starts_.push_back(static_cast<int>(start));
+void RowOffsets::startTable(int firstOdd) {
+  starts_.reserve(static_cast<std::size_t>(count_) + 1);
+  for (int before = 0; before <= firstOdd; ++before)
+    starts_.push_back(static_cast<int>(std::min<long long>(static_cast<long long>(before) * height_, INT_MAX)));
+}
+
+void RowOffsets::append(int rowHeight) {
+  starts_.push_back(static_cast<int>(std::min<long long>(static_cast<long long>(starts_.back()) + rowHeight, INT_MAX)));
 }
 
 int RowOffsets::top(int index) const {

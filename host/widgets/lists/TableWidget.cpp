@@ -271,7 +271,14 @@ void TableWidget::titleDropped(int from, int to) {
 
 // --- Rows -------------------------------------------------------------------
 
-int TableWidget::rowHeightOf(int index) const { return adaptor_ ? adaptor_->getRowHeight(index) : 0; }
+void TableWidget::measureRowHeights(RowOffsets& offsets) const {
+  if (!adaptor_) {
+    offsets.setUniform(rowCount_, getRowHeight());
+    return;
+  }
+  iTableAdaptor& adaptor = *adaptor_;
+  offsets.measure(rowCount_, getRowHeight(), [&adaptor](int row) { return adaptor.getRowHeight(row); });
+}
 
 Glob* TableWidget::makeRow(int index, int width, int height) {
   return new TableRow(this, index, XY<int>(width, height));

@@ -159,8 +159,7 @@ public:
   void titleDropped(int from, int to);
 
 protected:
-  bool rowHeightsVary() const override { return true; }
-  int rowHeightOf(int index) const override;
+  void measureRowHeights(RowOffsets& offsets) const override;
   Glob* makeRow(int index, int width, int height) override;
   void updateRow(int index, Glob* row) override;
   void rowsPlaced() override;

@@ -44,12 +44,7 @@ VirtualRowsBase::~VirtualRowsBase() { dropAllRows(); }
 
 int VirtualRowsBase::contentHeight() const { return offsets_.total(); }
 
-void VirtualRowsBase::measureRows() {
-  if (rowHeightsVary())
-    offsets_.measure(rowCount(), rowHeight_, [this](int index) { return rowHeightOf(index); });
-  else
-    offsets_.setUniform(rowCount(), rowHeight_);
-}
+void VirtualRowsBase::measureRows() { measureRowHeights(offsets_); }
 
 RowOffsets const& VirtualRowsBase::getRowOffsets() const {
   ensureRows();
@@ -59,6 +54,7 @@ RowOffsets const& VirtualRowsBase::getRowOffsets() const {
 int VirtualRowsBase::maxOffset() const { return std::max(contentHeight() - view_->height(), 0); }
 
 void VirtualRowsBase::fitViewToUserArea() {
+  fitPending_ = false;
   measureRows();
   Zo::Box<int> const area = getUserArea();
   int const content = contentHeight();
@@ -106,7 +102,7 @@ void VirtualRowsBase::changeRowHeight(int height) {
 void VirtualRowsBase::setScrollOffset(int offset) {
   // Rows leave, arrive and move: one paint for all of it.
   Drawable::Suspender const oneRepaint;
-  if (rowsPending_)
+  if (fitPending_)
     fitViewToUserArea();
   offset_ = std::clamp(offset, 0, maxOffset());
   int const range = maxOffset();
@@ -180,6 +176,7 @@ void VirtualRowsBase::dropAllRows() {
     view_->removeWidget(row);
   rows_.clear();
   rowsPending_ = true;
+  fitPending_ = true;
 }
 
 void VirtualRowsBase::syncRows() {

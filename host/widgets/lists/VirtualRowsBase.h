@@ -11,8 +11,8 @@ class ScrollBar;
 // each row in sight. Scrolling drops the rows that leave and
 // asks makeRow for those that arrive, so the cost follows the view, not the
 // row count. The scroll bar shows only when the rows overflow; the wheel
-// scrolls three rows a step. Rows share one height unless a subclass says
-// they vary (rowHeightsVary). The base of lists, trees and tables.
+// scrolls three rows a step. Rows share one height unless a subclass
+// measures them (measureRowHeights). The base of lists, trees and tables.
 class ZO_API VirtualRowsBase : public StandardPanel {
 public:
   using InitArgs = StandardPanel::InitArgs;
@@ -55,11 +55,10 @@ public:
 protected:
   // Makes the widget of one row; the base adds, places and sizes it.
   virtual Glob* makeRow(int index, int width, int height) = 0;
-  // Whether rows may differ in height; if so rowHeightOf is asked of every
-  // row each time the rows change or the panel is resized.
-  virtual bool rowHeightsVary() const { return false; }
-  // A row's own height; 0 or less for the common height.
-  virtual int rowHeightOf(int) const { return 0; }
+  // Fills in where each row starts, each time the rows change or the panel
+  // is resized: by default every row has the common height. A subclass whose
+  // rows differ measures them (RowOffsets::measure).
+  virtual void measureRowHeights(RowOffsets& offsets) const { offsets.setUniform(rowCount(), rowHeight_); }
   // Brings a live row's look up to date (selection, focus, ...).
   virtual void updateRow(int, Glob*) {}
   // After the rows in sight were made, dropped or moved.
@@ -90,5 +89,7 @@ private:
   int rowHeight_;
   int offset_ = 0;
   bool rowsPending_ = true;
+  // The view's size and the rows' offsets wait for the first use.
+  bool fitPending_ = true;
   bool scrollBarAllowed_ = true;
 };

@@ -47,6 +47,14 @@ TEST(RowOffsets, PointsOutsideTheRowsClampToTheEnds) {
   EXPECT_EQ(offsets.total(), 0);
 }
 
+TEST(RowOffsets, ARowAfterTheFirstOddOneStartsWhereTheOddOneEnds) {
+  RowOffsets offsets;
+  offsets.measure(4, 10, [](int index) { return index == 0 ? 4 : 0; });
+  EXPECT_EQ(offsets.top(1), 4);
+  EXPECT_EQ(offsets.top(3), 24);
+  EXPECT_EQ(offsets.total(), 34);
+}
+
 TEST(RowOffsets, ZeroOrNegativeHeightsTakeTheCommonHeight) {
   RowOffsets offsets;
   offsets.measure(4, 12, [](int index) { return index % 2 == 0 ? -3 : 0; });

@@ -363,6 +363,24 @@ TEST_F(TableWidgetTest, ReadsAreHeldInsideTheModelsLock) {
   EXPECT_EQ(shots.locks, shots.unlocks);
 }
 
+// Counts how often the table asks for row heights.
+class HeightCounting : public MillionRows {
+public:
+  long asked = 0;
+  std::uint16_t getRowHeight(unsigned int) override {
+    ++asked;
+    return 0;
+  }
+};
+
+TEST_F(TableWidgetTest, RowHeightsAreAskedOnceEachWhenATableIsMadeAndShown) {
+  HeightCounting& model = makeModel<HeightCounting>();
+  openTable(&model, TableWidget::kShowTitles, 12);
+  HeadlessScreenTest::pump();
+  Canvas::paintAllPending();
+  EXPECT_EQ(model.asked, 1'000'000);
+}
+
 TEST_F(TableWidgetTest, AMillionRowsMakeWidgetsOnlyForTheRowsInSightAndTheEditedCell) {
   MillionRows& model = makeModel<MillionRows>();
   openTable(&model, TableWidget::kShowTitles, 12);
