@@ -73,7 +73,7 @@ form_*) extra=(--form) ;;
 jsonform_*) extra=(--form-json) ;;
 eyedropper | magnifier) extra=(--screen-tools) ;;
 picker) extra=(--picker) ;;
-list | tree) extra=(--lists) ;;
+list | tree | table) extra=(--lists) ;;
 tabs | splitter) extra=(--containers) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
@@ -400,6 +400,30 @@ list)
   xdotool key End
   sleep 0.3
   expect "End" "$(field "$(ask lists)" selected)" "199"
+  ;;
+table)
+  lists=$(ask lists)
+  read -r x y w h <<<"$(nth_box "$lists" tableRows 2)"
+  # Inside the first column, which takes the larger share of the row.
+  xdotool mousemove $((x + 12)) $((y + h / 2)) click 1
+  sleep 0.3
+  expect "a click makes a cell current" "$(field "$(ask lists)" tableCurrent)" "0 2"
+  xdotool type --delay 80 'Wide'
+  xdotool key Return
+  sleep 0.3
+  lists=$(ask lists)
+  expect "typing, then Return, stores the cell" "$(field "$lists" shot2)" "Wide"
+  expect "the editor closed" "$(sed -E 's/.*"tableEditing":(true|false).*/\1/' <<<"$lists")" "false"
+  xdotool key Tab key Return
+  xdotool type --delay 80 'Reel 9'
+  xdotool key Escape
+  sleep 0.3
+  lists=$(ask lists)
+  expect "Escape drops an edit" "$(field "$lists" reel2)" "Reel 3"
+  expect "one store only" "$(number "$lists" tableStores)" 1
+  xdotool key Down
+  sleep 0.3
+  expect "Down moves the current cell" "$(field "$(ask lists)" tableCurrent)" "1 3"
   ;;
 tree)
   lists=$(ask lists)

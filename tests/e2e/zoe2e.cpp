@@ -13,7 +13,8 @@
 //   magnify L   opens a magnifier at the pointer at level L (--screen-tools)
 //   magnifier   that magnifier's view and the colours it shows
 //   picker      the colour picker's hex text and its eye dropper (--picker)
-//   lists       the list's and the tree's selections, what is open, and
+//   lists       the list's and the tree's selections, what is open, the
+//               table's current cell and edited cells, and
 //               where their first rows are (--lists)
 //   containers  the current tab and the tabs' places, the splitter's place
 //               and the widths beside it (--containers)
