@@ -5,11 +5,11 @@
 // height. Shared by the speed benchmarks and the memory probe.
 
 #include "QtApplication.h"
+#include "host/widgets/BenchWindow.h"
 #include "host/widgets/TableBenchData.h"
 
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/toolkit/Canvas.h>
-#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
 
@@ -65,22 +65,18 @@ private:
 
 struct ZoTable {
   ClipsTable adaptor;
-  StandardPanel* panel = nullptr;
-  TableWidget* table = nullptr;
+  BenchWindow<TableWidget> window;
+  StandardPanel* panel;
+  TableWidget* table;
 
-  explicit ZoTable(int rows) : adaptor(rows) {
-    StandardPanel::InitArgs args(kViewSize);
-    args.screenPosition = XY<int>(0, 0);
-    args.setBorder(Border());
-    panel = new StandardPanel(args);
-    TableWidget::InitArgs tableArgs(kViewSize);
-    tableArgs.adaptor = &adaptor;
-    tableArgs.options = TableWidget::kShowTitles;
-    tableArgs.setBorder(Border());
-    table = panel->createWidget<TableWidget>(tableArgs, Glob::UserTopLeft(0, 0));
-    GlobManager::realize(panel);
+  explicit ZoTable(int rows) : adaptor(rows), window(args(adaptor)), panel(window.panel), table(window.widget) {}
+
+  static TableWidget::InitArgs args(ClipsTable& adaptor) {
+    TableWidget::InitArgs made(kViewSize);
+    made.adaptor = &adaptor;
+    made.options = TableWidget::kShowTitles;
+    return made;
   }
-  ~ZoTable() { delete panel; }
 };
 
 struct QtTable {

@@ -8,6 +8,7 @@
 // show the row it was scrolled to.
 
 #include "QtApplication.h"
+#include "host/widgets/BenchWindow.h"
 
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/toolkit/Canvas.h>
@@ -77,21 +78,17 @@ public:
 
 struct ZoTree {
   ClipsAdaptor adaptor;
-  StandardPanel* panel = nullptr;
-  TreeView* tree = nullptr;
+  BenchWindow<TreeView> window;
+  StandardPanel* panel;
+  TreeView* tree;
 
-  ZoTree() {
-    StandardPanel::InitArgs args(kViewSize);
-    args.screenPosition = XY<int>(0, 0);
-    args.setBorder(Border());
-    panel = new StandardPanel(args);
-    TreeView::InitArgs treeArgs(kViewSize);
-    treeArgs.adaptor = &adaptor;
-    treeArgs.setBorder(Border());
-    tree = panel->createWidget<TreeView>(treeArgs, Glob::UserTopLeft(0, 0));
-    GlobManager::realize(panel);
+  ZoTree() : window(args(adaptor)), panel(window.panel), tree(window.widget) {}
+
+  static TreeView::InitArgs args(ClipsAdaptor& adaptor) {
+    TreeView::InitArgs made(kViewSize);
+    made.adaptor = &adaptor;
+    return made;
   }
-  ~ZoTree() { delete panel; }
 };
 
 struct QtTree {
