@@ -167,6 +167,21 @@ TEST_F(IconRendering, WhatIsNotAnIconGivesAnEmptySurface) {
   EXPECT_FALSE(SvgIcon::renderFile(scratch.write("half.svg", kHalfSquare).string(), 16, kBlue).empty());
 }
 
+TEST_F(IconRendering, ADocumentCannotPullInOtherFiles) {
+  ScratchFolder scratch;
+  Zo::Image::Surface red(4, 4);
+  red.fill(Colour(1.0, 0.0, 0.0));
+  std::string const png = (scratch.path() / "red.png").string();
+  ASSERT_TRUE(red.savePNG(png));
+  std::string const svg = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 4 4">)"
+                          R"(<image href="file://)" +
+                          png + R"(" width="4" height="4"/><image href="red.png" width="4" height="4"/></svg>)";
+  Zo::Image::Surface const fromMemory = SvgIcon::render(svg, 8, kBlue);
+  EXPECT_EQ(countNonTransparent(fromMemory), 0);
+  Zo::Image::Surface const fromFile = SvgIcon::renderFile(scratch.write("pulls.svg", svg).string(), 8, kBlue);
+  EXPECT_EQ(countNonTransparent(fromFile), 0);
+}
+
 TEST_F(IconRendering, AnInvalidTintDrawsNothing) {
   Zo::Image::Surface const icon = SvgIcon::render(kHalfSquare, 8, Colour::invalid());
   ASSERT_FALSE(icon.empty());
