@@ -35,7 +35,7 @@ for picture in $pictures; do
   [ "$signature" = "89504e470d0a1a0a" ] || fail "$picture is not a PNG"
 done
 
-for family in buttons menus menus-open text-entry values groups scrolling standard-panel commands; do
+for family in buttons menus menus-open text-entry values groups scrolling standard-panel icons commands; do
   grep -q "<section id=\"$family\">" "$out/index.html" || fail "no page $family in the index"
 done
 echo "check_gallery: $listed pages, each with its picture"

@@ -66,8 +66,8 @@ TEST(GalleryCommands, CommandNamesBecomeFileSafe) {
 
 TEST_F(GalleryTest, EveryWidgetFamilyHasARegisteredPage) {
   std::vector<GalleryPage> const pages = allPages();
-  for (char const* name :
-       {"buttons", "menus", "menus-open", "text-entry", "values", "groups", "scrolling", "standard-panel", "commands"})
+  for (char const* name : {"buttons", "menus", "menus-open", "text-entry", "values", "groups", "scrolling",
+                           "standard-panel", "icons", "commands"})
     EXPECT_NE(findPage(pages, name), nullptr) << name;
 }
 

@@ -3,6 +3,7 @@
 #include <zowidgets/host/base/Box.h>
 #include <zowidgets/host/base/DataChange.h>
 #include <zowidgets/host/base/UIString.h>
+#include <zowidgets/host/drawing/ImageSurface.h>
 #include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/events/EventHandler.h>
 #include <zowidgets/host/toolkit/Drawable.h>
@@ -10,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 class CanvasRenderer;
@@ -170,6 +172,11 @@ public:
   void setPaintsOpaquely(bool opaque) noexcept { paintsOpaquely_ = opaque; }
   bool paintsOpaquely() const noexcept { return paintsOpaquely_; }
   virtual bool isOpaqueAt(XY<int>) const { return true; }
+  // The icon of that name (host/drawing/IconNames.h) as a square `size`
+  // pixels wide at scale 1, drawn at the current interface scale in this
+  // widget's text colour; the drawn stand-in when the theme lacks it. Shared
+  // with IconCache: draw it, never draw on it.
+  Zo::Image::Surface loadIcon(std::string_view name, double size) const;
 
   // --- Input ----------------------------------------------------------------
   // Handles an event; returns non-zero when it was used. Mouse events reach

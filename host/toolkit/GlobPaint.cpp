@@ -1,8 +1,14 @@
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/drawing/SvgIcon.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+
+#include <algorithm>
+#include <cmath>
 
 XY<int> Glob::screenPosition() const {
   Canvas* own = canvas();
@@ -107,4 +113,11 @@ Glob* Glob::pick(XY<int> point) {
     if (Glob* hit = (*it)->pick(point - (*it)->position_))
       return hit;
   return this;
+}
+
+Zo::Image::Surface Glob::loadIcon(std::string_view name, double size) const {
+  // Out-of-range and non-finite sizes end at the nearest side the cache draws.
+  double const pixels = std::isfinite(size) ? size * UifStd::getScale() : 1.0;
+  int const side = static_cast<int>(std::lround(std::clamp(pixels, 1.0, double(SvgIcon::kMaxIconSide))));
+  return IconCache::get(name, side, getPalette().text()).surface;
 }

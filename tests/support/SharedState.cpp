@@ -1,5 +1,6 @@
 #include "SharedState.h"
 
+#include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/Glob.h>
@@ -47,4 +48,5 @@ void resetSharedState() {
   glib_enableMouseContextLogic(true);
   glib_setCursor(kCursorDefault);
   set_kbd_focus(nullptr);
+  IconCache::clear();
 }

@@ -1,6 +1,7 @@
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -12,6 +13,7 @@
 namespace {
 
 constexpr wchar_t kObfuscationBullet = L'\u2022';
+constexpr double kEyeIconSize = 16.0;
 
 // Lines and outlines grow with the scale, never thinner than a pixel.
 double lineWidth() { return std::max(1.0, std::round(UifStd::getScale())); }
@@ -337,9 +339,18 @@ void TextBoxBase::draw(CanvasRenderer& renderer) {
 
 void TextBoxBase::drawEye(CanvasRenderer& renderer, Palette const& palette) const {
   Zo::Box<int> const box = eyeBox();
+  Colour const colour = revealed_ ? palette.text() : palette.text(-6);
+  // The theme's eye, open or struck through, 16 pixels at scale 1 and never
+  // larger than the box; the drawn eye below where the theme has none.
+  int const side = std::min(box.height(), static_cast<int>(std::lround(kEyeIconSize * UifStd::getScale())));
+  IconCache::Icon const icon = IconCache::get(revealed_ ? "eye-open.png" : "eye-closed.png", side, colour);
+  if (icon.fromTheme) {
+    XY<double> const corner(box.x0 + (box.width() - side) / 2, box.y0 + (box.height() - side) / 2);
+    renderer.renderPrimitive(Glib::ImageDescription(icon.surface, corner));
+    return;
+  }
   XY<double> const centre(box.x0 + box.width() / 2.0, box.y0 + box.height() / 2.0);
   double const size = getDefaultFontSize();
-  Colour const colour = revealed_ ? palette.text() : palette.text(-6);
   renderer.renderPrimitive(Glib::EllipseDescription(centre, XY<double>(size * 0.5, size * 0.3), lineWidth(), colour));
   renderer.renderPrimitive(Glib::EllipseDescription::disc(centre, size * 0.14, colour));
   // Struck through while the text is hidden.

@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/events/Clock.h>
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -16,6 +17,9 @@ namespace {
 constexpr double kDotShare = 0.16;
 constexpr double kEdgeClearanceInDots = 1.5;
 constexpr double kDimmestAlpha = 0.18;
+// The icon's share of the square: 16, 24 and 32 pixels in a row-high square
+// at scales 1, 1.5 and 2, the sizes its artwork is drawn for.
+constexpr double kIconShare = 0.7;
 } // namespace
 
 ActionIndicator::Look ActionIndicator::Look::make(Palette const& palette, XY<int> size) {
@@ -65,10 +69,29 @@ int ActionIndicator::react(Event const& event) {
   return 1;
 }
 
+int ActionIndicator::iconSide(XY<int> size) {
+  return std::max(1, static_cast<int>(std::floor(std::min(size.x, size.y) * kIconShare)));
+}
+
+bool ActionIndicator::drawIcon(CanvasRenderer& renderer, Colour const& colour) {
+  if (iconName_.empty())
+    return false;
+  int const side = iconSide(getSize());
+  IconCache::Icon const icon = IconCache::get(iconName_.view(), side, colour, phase_ * 360 / kDots);
+  if (!icon.fromTheme)
+    return false;
+  // On whole pixels, so the picture is copied as drawn.
+  XY<double> const corner((width() - side) / 2, (height() - side) / 2);
+  renderer.renderPrimitive(Glib::ImageDescription(icon.surface, corner));
+  return true;
+}
+
 void ActionIndicator::draw(CanvasRenderer& renderer) {
   if (!running_)
     return;
   Look const look = Look::make(getPalette(), getSize());
+  if (drawIcon(renderer, look.dot))
+    return;
   XY<double> const centre(width() / 2.0, height() / 2.0);
   for (int dot = 0; dot < kDots; ++dot) {
     // Clockwise from the top; the dots behind the bright one fade.

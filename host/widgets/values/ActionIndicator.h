@@ -3,13 +3,13 @@
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/toolkit/Glob.h>
 
-// A sign that something is busy: a ring of dots round which a bright dot
-// runs, with a fading tail, while it is running; nothing while it is stopped.
-// The host's timer ticks drive it, and the phase follows the clock, so a late
-// tick skips ahead rather than slowing the spin. It is made with the name of
-// the picture it stands for ("action-indicator.png"), kept for when the
-// picture is there to draw; until then it draws its own mark, in the
-// palette's text colour.
+// A sign that something is busy while it is running; nothing while it is
+// stopped. Made with an icon name ("action-indicator.png"), it turns that
+// icon (IconCache, in the palette's text colour) a step clockwise at each
+// phase; without a name, or when the theme has no artwork for it, it draws
+// its own mark: a ring of dots round which a bright dot runs, with a fading
+// tail. The host's timer ticks drive it, and the phase follows the clock, so
+// a late tick skips ahead rather than slowing the spin.
 class ZO_API ActionIndicator : public Glob {
 public:
   static constexpr int kDots = 12;
@@ -51,11 +51,17 @@ public:
 
   int react(Event const& event) override;
 
+  // The side of the icon's square in an indicator of `size`.
+  static int iconSide(XY<int> size);
+
 protected:
   void draw(CanvasRenderer& renderer) override;
 
 private:
   int phaseAt(double nowMs) const;
+  // Draws the named icon at the current phase; false when there is no
+  // artwork to draw.
+  bool drawIcon(CanvasRenderer& renderer, Colour const& colour);
 
   LightweightString<char> iconName_;
   bool running_ = false;

@@ -1,5 +1,8 @@
 #include "support/WidgetTestSupport.h"
 
+#include <zowidgets/host/drawing/IconCache.h>
+#include <zowidgets/host/drawing/Palette.h>
+
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
@@ -7,6 +10,8 @@
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
 #include <zowidgets/values/notify/ValServer.h>
+
+#include "host/drawing/IconTestSupport.h"
 
 #include <cmath>
 #include <string>
@@ -323,6 +328,38 @@ TEST_F(TextBoxTest, TheShowPasswordControlRevealsTheText) {
   HeadlessInput::clickOn(*box, XY<int>(eye, box->height() / 2));
   EXPECT_FALSE(box->isPasswordRevealed());
   EXPECT_EQ(box->getString().str(), L"hunter");
+}
+
+TEST_F(TextBoxTest, ThePasswordEyeIsTheThemesEyeStruckThroughOrOpen) {
+  ScopedEnv noOverride("ZOWIDGETS_ICON_THEME_DIR", std::nullopt);
+  ScopedEnv defaultDataDirs("XDG_DATA_DIRS", std::nullopt);
+  box->setObfuscatedDisplay(true);
+  box->setShowPasswordControl(true);
+  Zo::Box<int> const field = box->getFieldBox();
+  int const side = std::min(field.height(), 16);
+  XY<int> const corner(field.x1 - field.height() + (field.height() - side) / 2, field.y0 + (field.height() - side) / 2);
+  // Solid pixels of the icon that show in its colour, and how many it has.
+  auto shown = [&](char const* name, Colour const& colour) {
+    Zo::Image::Surface const icon = IconCache::get(name, side, colour).surface;
+    int matching = 0, solid = 0;
+    for (int row = 0; row < side; ++row)
+      for (int x = 0; x < side; ++x)
+        if (icon.pixel(x, row) >> 24 == 255) {
+          ++solid;
+          XY<int> const at(corner.x + x, corner.y + side - 1 - row);
+          matching += near(rgbOf(widgetPixel(*box, at)), rgbOf(colour), 1) ? 1 : 0;
+        }
+    return std::make_pair(matching, solid);
+  };
+  Palette const& palette = box->getPalette();
+  auto [matching, solid] = shown("eye-closed.png", palette.text(-6));
+  EXPECT_GT(solid, 20);
+  EXPECT_EQ(matching, solid);
+  HeadlessInput::clickOn(*box, XY<int>(field.x1 - field.height() / 2, box->height() / 2));
+  ASSERT_TRUE(box->isPasswordRevealed());
+  std::tie(matching, solid) = shown("eye-open.png", palette.text());
+  EXPECT_GT(solid, 20);
+  EXPECT_EQ(matching, solid);
 }
 
 // Whether any pixel of the box's middle row, between two columns, differs

@@ -1,0 +1,84 @@
+#include <zowidgets/host/drawing/IconCache.h>
+
+#include <zowidgets/host/base/detail/LruCache.h>
+#include <zowidgets/host/drawing/FallbackIcon.h>
+#include <zowidgets/host/drawing/IconTheme.h>
+#include <zowidgets/host/drawing/SvgIcon.h>
+#include <zowidgets/host/drawing/detail/IconTint.h>
+
+#include <functional>
+#include <mutex>
+#include <string>
+
+namespace {
+
+struct Key {
+  std::string name;
+  int side;
+  std::uint32_t tint;
+  int turnDegrees;
+  friend bool operator==(Key const&, Key const&) = default;
+};
+
+struct KeyHash {
+  std::size_t operator()(Key const& key) const noexcept {
+    std::size_t hash = std::hash<std::string>()(key.name);
+    for (std::size_t part : {std::size_t(key.side), std::size_t(key.tint), std::size_t(key.turnDegrees)})
+      hash = hash * 1000003u ^ part;
+    return hash;
+  }
+};
+
+IconCache::Icon drawIcon(Key const& key) {
+  Colour const tint = iconTintFromPacked(key.tint);
+  if (std::string const path = getIconPath(key.name); !path.empty())
+    if (Zo::Image::Surface art = SvgIcon::renderFile(path, key.side, tint, key.turnDegrees); !art.empty())
+      return {art, true};
+  return {drawFallbackIcon(key.side, tint), false};
+}
+
+struct Store {
+  std::mutex mutex;
+  LruCache<Key, IconCache::Icon, KeyHash> icons{IconCache::kCapacity};
+  std::string themeDir;
+  std::size_t drawn = 0;
+};
+
+Store& store() {
+  static Store instance;
+  return instance;
+}
+
+} // namespace
+
+IconCache::Icon IconCache::get(std::string_view name, int side, Colour const& tint, int turnDegrees) {
+  if (side < 1 || side > SvgIcon::kMaxIconSide)
+    return {};
+  Key key{std::string(name), side, tint.get_vlib_colour(), turnDegrees};
+  std::string theme = iconThemeDir();
+  Store& kept = store();
+  std::lock_guard lock(kept.mutex);
+  if (theme != kept.themeDir) {
+    kept.icons.clear();
+    kept.themeDir = std::move(theme);
+  }
+  if (Icon const* found = kept.icons.find(key))
+    return *found;
+  ++kept.drawn;
+  return kept.icons.insert(key, drawIcon(key));
+}
+
+std::size_t IconCache::size() {
+  std::lock_guard lock(store().mutex);
+  return store().icons.size();
+}
+
+std::size_t IconCache::iconsDrawn() {
+  std::lock_guard lock(store().mutex);
+  return store().drawn;
+}
+
+void IconCache::clear() {
+  std::lock_guard lock(store().mutex);
+  store().icons.clear();
+}
