@@ -9,6 +9,8 @@
 class ZO_API colourEyeDropper : public CursorCapturer, public ColEyeDropBase {
 public:
   static constexpr char const* kName = "Colour Eye Dropper";
+  // The picture on the button, by its icon name.
+  static constexpr char const* kIconName = "eyedropper.png";
 
   struct InitArgs : ImageButton::InitArgs {
     InitArgs(int width, int height) : InitArgs(UIString(), width, height) {}

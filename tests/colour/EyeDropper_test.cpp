@@ -1,11 +1,15 @@
 #include "support/PatchWindow.h"
 #include "support/WidgetTestSupport.h"
 
+#include "host/drawing/IconTestSupport.h"
+
 #include <zowidgets/colour/EyeDropper.h>
+#include <zowidgets/colour/EyeDropperIcon.h>
 #include <zowidgets/colour/MagnifyTool.h>
 #include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/ColourData.h>
+#include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
 
@@ -501,5 +505,34 @@ TEST_P(EyeDropperGolden, IdleAndCapturing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scales, EyeDropperGolden, ::testing::Values(1.0, 2.0));
+
+// Whether two pictures have the same size and every pixel alike.
+bool samePicture(Zo::Image::Surface const& a, Zo::Image::Surface const& b) {
+  if (a.width() != b.width() || a.height() != b.height() || a.empty())
+    return false;
+  for (int y = 0; y < a.height(); ++y)
+    for (int x = 0; x < a.width(); ++x)
+      if (a.pixel(x, y) != b.pixel(x, y))
+        return false;
+  return true;
+}
+
+TEST(EyeDropperIconName, TheButtonShowsTheThemesEyedropperArtworkAndOurPipetteWithoutIt) {
+  IconCache::clear();
+  int const height = 30;
+  int const side = height - UifStd::getWidgetGap() * 2;
+  Colour const ink = UifStd::getColourScheme().text();
+  colourEyeDropper::InitArgs themed(30, height);
+  IconCache::Icon const artwork = IconCache::get(colourEyeDropper::kIconName, side, ink);
+  ASSERT_TRUE(artwork.fromTheme) << "the icon theme is installed with the host's packages";
+  EXPECT_TRUE(samePicture(themed.icon, artwork.surface));
+  EXPECT_FALSE(samePicture(themed.icon, makeEyeDropperIcon(side, ink)));
+
+  ScratchFolder noTheme;
+  ScopedEnv const elsewhere("ZOWIDGETS_ICON_THEME_DIR", noTheme.path().string());
+  colourEyeDropper::InitArgs plain(30, height);
+  EXPECT_TRUE(samePicture(plain.icon, makeEyeDropperIcon(side, ink)));
+  IconCache::clear();
+}
 
 } // namespace
