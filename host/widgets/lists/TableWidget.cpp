@@ -276,8 +276,8 @@ void TableWidget::measureRowHeights(RowOffsets& offsets) const {
     offsets.setUniform(rowCount_, getRowHeight());
     return;
   }
-  iTableAdaptor& adaptor = *adaptor_;
-  offsets.measure(rowCount_, getRowHeight(), [&adaptor](int row) { return adaptor.getRowHeight(row); });
+  iTableAdaptor* adaptor = adaptor_;
+  offsets.setMeasured(rowCount_, getRowHeight(), [adaptor](int row) { return adaptor->getRowHeight(row); });
 }
 
 Glob* TableWidget::makeRow(int index, int width, int height) {

@@ -57,13 +57,22 @@ void VirtualRowsBase::fitViewToUserArea() {
   fitPending_ = false;
   measureRows();
   Zo::Box<int> const area = getUserArea();
+  // The first screen's heights decide whether the bar shows.
+  offsets_.indexAt(area.height());
   int const content = contentHeight();
   bool const needsBar = scrollBarAllowed_ && content > area.height();
   int const bar = ScrollBar::thickness();
   scrollBar_->resize(bar, area.height());
   scrollBar_->setVisible(needsBar);
   view_->resize(std::max(needsBar ? area.width() - bar : area.width(), 0), area.height());
+  showScrollPosition();
+}
+
+void VirtualRowsBase::showScrollPosition() {
+  int const content = contentHeight();
   scrollBar_->setThumbSize(content > 0 ? std::min(1.0, static_cast<double>(view_->height()) / content) : 1.0);
+  int const range = maxOffset();
+  scrollBar_->setThumbPosition(range > 0 ? static_cast<double>(offset_) / range : 0.0);
 }
 
 void VirtualRowsBase::resize(double width, double height) {
@@ -104,10 +113,19 @@ void VirtualRowsBase::setScrollOffset(int offset) {
   Drawable::Suspender const oneRepaint;
   if (fitPending_)
     fitViewToUserArea();
-  offset_ = std::clamp(offset, 0, maxOffset());
-  int const range = maxOffset();
-  scrollBar_->setThumbPosition(range > 0 ? static_cast<double>(offset_) / range : 0.0);
-  syncRows();
+  // The end is only known once every row has been asked.
+  if (offset >= maxOffset())
+    offsets_.measureAll();
+  // Placing rows may ask heights not asked before, which corrects the
+  // total: place them again if the end moved under the offset.
+  for (int pass = 0; pass < 2; ++pass) {
+    int const total = contentHeight();
+    offset_ = std::clamp(offset, 0, maxOffset());
+    syncRows();
+    if (contentHeight() == total)
+      break;
+  }
+  showScrollPosition();
 }
 
 void VirtualRowsBase::scrollToShow(int index) {

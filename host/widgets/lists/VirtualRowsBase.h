@@ -57,7 +57,7 @@ protected:
   virtual Glob* makeRow(int index, int width, int height) = 0;
   // Fills in where each row starts, each time the rows change or the panel
   // is resized: by default every row has the common height. A subclass whose
-  // rows differ measures them (RowOffsets::measure).
+  // rows differ says how to ask them (RowOffsets::setMeasured).
   virtual void measureRowHeights(RowOffsets& offsets) const { offsets.setUniform(rowCount(), rowHeight_); }
   // Brings a live row's look up to date (selection, focus, ...).
   virtual void updateRow(int, Glob*) {}
@@ -74,6 +74,8 @@ protected:
 private:
   void ensureRows() const;
   void fitViewToUserArea();
+  // The bar's thumb for the content's height and the offset.
+  void showScrollPosition();
   int contentHeight() const;
   void measureRows();
   int maxOffset() const;

@@ -61,8 +61,9 @@ public:
   virtual std::vector<TableColumnDescription> getColumnDefinitions() = 0;
   // `palette` is the table's; a cell may change colours in its copy.
   virtual CellData getCellData(XY<int> const& pos, Palette const& palette) = 0;
-  // A row's own height; 0 for the table's row height. Asked of every row when
-  // the rows change, so keep it cheap.
+  // A row's own height; 0 for the table's row height. Asked in row order, as
+  // far as the view has reached, again after the rows change or the table is
+  // resized.
   virtual std::uint16_t getRowHeight(unsigned int) { return 0; }
   // A press, release or move over a cell before the table acts on it; true
   // when the adaptor took it.

@@ -11,6 +11,7 @@
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 
+#include <climits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -373,12 +374,38 @@ public:
   }
 };
 
-TEST_F(TableWidgetTest, RowHeightsAreAskedOnceEachWhenATableIsMadeAndShown) {
+TEST_F(TableWidgetTest, RowHeightsAreAskedOnlyAsFarAsTheViewHasReached) {
   HeightCounting& model = makeModel<HeightCounting>();
   openTable(&model, TableWidget::kShowTitles, 12);
   HeadlessScreenTest::pump();
   Canvas::paintAllPending();
-  EXPECT_EQ(model.asked, 1'000'000);
+  EXPECT_GE(model.asked, 12);
+  EXPECT_LE(model.asked, 200) << "a screenful and a little more";
+  EXPECT_TRUE(table->getScrollBar()->isVisible());
+  HeadlessInput::click(cellPoint(XY<int>(1, 0)));
+  key(kKeyEnd, kKeyCtrl);
+  EXPECT_EQ(model.asked, 1'000'000) << "the end is found by asking every row, once";
+  EXPECT_EQ(table->getLastVisibleIndex(), 999'999);
+}
+
+// Rows past the first screen are twice as tall: the total grows as they are
+// asked, and the end of the rows is still reached.
+class TallerFurtherDown : public ShotsTableAdaptor {
+public:
+  TallerFurtherDown() : ShotsTableAdaptor(200) {}
+  std::uint16_t getRowHeight(unsigned int row) override {
+    return row >= 20 ? static_cast<std::uint16_t>(UifStd::getRowHeight() * 2) : 0;
+  }
+};
+
+TEST_F(TableWidgetTest, RowsTallerThanGuessedStillScrollToTheirEnd) {
+  TallerFurtherDown& model = makeModel<TallerFurtherDown>();
+  openTable(&model, 0, 5);
+  table->setScrollOffset(INT_MAX);
+  EXPECT_EQ(table->getLastVisibleIndex(), 199);
+  int const line = UifStd::getRowHeight();
+  EXPECT_EQ(table->getRowOffsets().total(), 20 * line + 180 * 2 * line);
+  EXPECT_EQ(table->getScrollOffset(), table->getRowOffsets().total() - table->getVisibleBox().height());
 }
 
 TEST_F(TableWidgetTest, AMillionRowsMakeWidgetsOnlyForTheRowsInSightAndTheEditedCell) {
