@@ -159,6 +159,9 @@
 #include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/textentry/DropDownSearchPanel.h>
+#include <zowidgets/textentry/TextFilterWidget.h>
+#include <zowidgets/textentry/TextSearchWidget.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
 #include <zowidgets/values/binding/ValWidget.h>

@@ -18,7 +18,7 @@ constexpr std::array<IconName, 12> kIconNames{{
     {"scroll-up.png", "pan-up-symbolic"},
     {"scroll-down.png", "pan-down-symbolic"},
     {"action-indicator.png", "process-working-symbolic"},
-    {"poot.png", "window-new-symbolic"},
+    {"poot.png", "window-close-symbolic"},
     {"eyedropper.png", "color-select-symbolic"},
 }};
 

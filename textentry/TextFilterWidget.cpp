@@ -1,0 +1,57 @@
+#include <zowidgets/textentry/TextFilterWidget.h>
+
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
+#include <zowidgets/host/widgets/text/TextBox.h>
+
+namespace {
+
+constexpr ResId kSearchTip = 10568;
+constexpr ResId kClearTip = 13340;
+
+// The filter's button is always the square icon kind.
+TextSearchWidget::InitArgs withIconButton(TextSearchWidget::InitArgs args) {
+  args.buttonStyle = TextSearchWidget::kIconButton;
+  return args;
+}
+
+} // namespace
+
+TextFilterWidget::TextFilterWidget(InitArgs const& args) : TextSearchWidget(withIconButton(args)) {
+  iconName_ = kSearchIcon;
+}
+
+void TextFilterWidget::setupButtonIcon(eRedrawFlag redraw) {
+  TextBox const* box = getTextBox();
+  LightweightString<char> const wanted = box->hasKbdFocus() || box->getString().empty() ? kSearchIcon : kClearIcon;
+  if (wanted == iconName_)
+    return;
+  Button* button = getButton();
+  button->setIcon(button->loadIcon(wanted.view(), button->height() / UifStd::getScale()), redraw);
+  iconName_ = wanted;
+}
+
+void TextFilterWidget::setString(LightweightString<wchar_t> const& text) {
+  TextSearchWidget::setString(text);
+  setupButtonIcon(kNoRedraw);
+}
+
+void TextFilterWidget::handleTextTyped() {
+  showButtonActive(buttonWanted());
+  setupButtonIcon(kRedrawNow);
+}
+
+void TextFilterWidget::handleEnterPressed() {
+  TextSearchWidget::handleEnterPressed();
+  setupButtonIcon(kRedrawNow);
+}
+
+void TextFilterWidget::handleSearchPressed() {
+  if (iconName_ == kClearIcon)
+    setString({});
+  else
+    TextSearchWidget::handleSearchPressed();
+  setupButtonIcon(kRedrawNow);
+}
+
+UIString TextFilterWidget::getTooltip() const { return UIString(iconName_ == kClearIcon ? kClearTip : kSearchTip); }
