@@ -36,6 +36,7 @@
 #include <zowidgets/host/base/CriticalSection.h>
 #include <zowidgets/host/base/DataChange.h>
 #include <zowidgets/host/base/DataConvert.h>
+#include <zowidgets/host/base/Emoji.h>
 #include <zowidgets/host/base/EnableDisable.h>
 #include <zowidgets/host/base/ExecutableAction.h>
 #include <zowidgets/host/base/Export.h>

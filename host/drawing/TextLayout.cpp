@@ -4,6 +4,7 @@
 #include <zowidgets/host/drawing/detail/CoverageMask.h>
 #include <zowidgets/host/drawing/detail/PixelCompositor.h>
 
+#include <hb-ot.h>
 #include <pango/pangocairo.h>
 
 #include <cmath>
@@ -35,7 +36,7 @@ struct RunHash {
 // by one. Glyphs land on whole pixels, so a mask fits every position with
 // the same fraction of a pixel.
 struct RunMask {
-  std::shared_ptr<CoverageMask const> coverage; // none for a run too large to keep
+  std::shared_ptr<CoverageMask const> coverage; // none for a run too large to keep, or in colour
   XY<double> fraction{-1.0, -1.0};              // of the layout's top-left corner
   XY<int> offset;                               // of the mask's top-left from that corner's whole pixel
 };
@@ -43,7 +44,8 @@ struct RunMask {
 struct Layout {
   Layout() = default;
   Layout(Layout&& other) noexcept
-      : layout(std::exchange(other.layout, nullptr)), metrics(other.metrics), mask(std::move(other.mask)) {}
+      : layout(std::exchange(other.layout, nullptr)), metrics(other.metrics), colourGlyphs(other.colourGlyphs),
+        mask(std::move(other.mask)) {}
   Layout& operator=(Layout&&) = delete;
   ~Layout() {
     if (layout)
@@ -52,6 +54,9 @@ struct Layout {
 
   PangoLayout* layout = nullptr;
   TextMetrics metrics;
+  // Some glyph brings its own colours (an emoji): the run is drawn straight
+  // through cairo, since a coverage mask would keep only its shape.
+  bool colourGlyphs = false;
   RunMask mask;
 };
 
@@ -90,6 +95,28 @@ RunMask makeMask(PangoLayout* layout, XY<double> fraction) {
   mask.coverage = std::move(coverage);
   mask.offset = offset;
   return mask;
+}
+
+// Colour bitmaps, colour layers or SVG glyphs, as emoji fonts have them.
+bool hasColourGlyphs(PangoFont* font) {
+  hb_font_t* shaper = font ? pango_font_get_hb_font(font) : nullptr;
+  if (!shaper)
+    return false;
+  hb_face_t* face = hb_font_get_face(shaper);
+  return hb_ot_color_has_png(face) || hb_ot_color_has_layers(face) || hb_ot_color_has_svg(face);
+}
+
+// Whether any run of the layout is set in a font with colour glyphs (font
+// fallback picks the emoji font for the emoji of any text).
+bool hasColourGlyphs(PangoLayout* layout) {
+  PangoLayoutIter* iter = pango_layout_get_iter(layout);
+  bool found = false;
+  do {
+    PangoLayoutRun const* run = pango_layout_iter_get_run_readonly(iter);
+    found = run && hasColourGlyphs(run->item->analysis.font);
+  } while (!found && pango_layout_iter_next_run(iter));
+  pango_layout_iter_free(iter);
+  return found;
 }
 
 PangoFontDescription* describe(FontDesc const& font, double scale) {
@@ -149,7 +176,7 @@ public:
   RunMask maskFor(TextRun const& run, XY<double> fraction) {
     Layout& entry = layout(run);
     if (entry.mask.fraction != fraction) {
-      entry.mask = makeMask(entry.layout, fraction);
+      entry.mask = entry.colourGlyphs ? RunMask() : makeMask(entry.layout, fraction);
       entry.mask.fraction = fraction;
     }
     return entry.mask;
@@ -208,6 +235,7 @@ private:
     result.metrics.height = double(logical.height) / PANGO_SCALE;
     result.metrics.baseline = double(pango_layout_get_baseline(result.layout)) / PANGO_SCALE;
     result.metrics.lineCount = pango_layout_get_line_count(result.layout);
+    result.colourGlyphs = hasColourGlyphs(result.layout);
     return result;
   }
 

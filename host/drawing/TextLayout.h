@@ -44,7 +44,10 @@ struct FontMetrics {
 // from fontconfig. Glyphs are antialiased in grey with hinting off and
 // fractional positions, so sizes scale smoothly and the same fonts give the
 // same pixels on every machine. Font sizes are pixels (a FontDesc size of 13
-// is a 13-pixel em at scale 1).
+// is a 13-pixel em at scale 1). Characters the font lacks come from another
+// installed font that has them, as fontconfig chooses; emoji thus come from
+// the colour emoji font and keep their own colours, whatever text colour is
+// asked for (the rest of the run takes that colour).
 //
 // Laid-out text is kept in a least-recently-used cache of kCacheCapacity
 // runs, so measuring and then drawing the same text lays it out once. Safe to
