@@ -161,6 +161,9 @@
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/textentry/DropDownSearchPanel.h>
+#include <zowidgets/textentry/EmojiPanel.h>
+#include <zowidgets/textentry/MultiLineTextBoxPanel.h>
+#include <zowidgets/textentry/ScrollListGridView.h>
 #include <zowidgets/textentry/TextFilterWidget.h>
 #include <zowidgets/textentry/TextSearchWidget.h>
 #include <zowidgets/values/binding/ColourDataValue.h>

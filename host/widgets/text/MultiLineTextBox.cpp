@@ -164,9 +164,15 @@ void ScrollableTextBoxBase::drawBackground(CanvasRenderer& renderer) {
 
 // ---- MultiLineTextBox ----
 
-MultiLineTextBox::MultiLineTextBox(InitArgs const& args) : ScrollableTextBoxBase(args), editable_(args.editable) {
+MultiLineTextBox::MultiLineTextBox(InitArgs const& args)
+    : ScrollableTextBoxBase(args), ghostLabel_(args.ghostLabel), editable_(args.editable) {
   setCanBeIt(true);
   linesChanged();
+}
+
+void MultiLineTextBox::setGhostLabel(UIString const& label) {
+  ghostLabel_ = label;
+  invalidate();
 }
 
 void MultiLineTextBox::setString(LightweightString<wchar_t> const& text) {
@@ -355,6 +361,10 @@ int MultiLineTextBox::handleKey(int key) {
     caretMoved();
     return 1;
   case kKeyReturn:
+    if (command) {
+      broadcast(TextBoxEvent(TextBoxEvent::kReturnPressed, this, getString()));
+      return 1;
+    }
     if (editable_)
       insertAtCaret(L"\n");
     return editable_ ? 1 : 0;
@@ -385,6 +395,9 @@ void MultiLineTextBox::draw(CanvasRenderer& renderer) {
   bool const focused = hasKbdFocus();
   std::vector<Line> const& lines = displayLines();
   std::wstring const& text = editor_.text();
+  if (text.empty() && !ghostLabel_.empty())
+    renderer.renderPrimitive(Glib::TextDescription(
+        ghostLabel_.getString(), XY<double>(area.x0, lineTop(0) - baselineOffset), font, palette.text(-8)));
   int const last = std::min(firstVisibleLine() + visibleLineCount() + 1, static_cast<int>(lines.size()));
   for (int line = firstVisibleLine(); line < last; ++line) {
     Line const& span = lines[static_cast<std::size_t>(line)];

@@ -70,7 +70,8 @@ private:
 // Plain text over many lines, wrapped at words to the box's width: the user
 // types at the caret (Return starts a new line), selects with the mouse and
 // the keyboard, and uses the clipboard. Listeners hear every change the user
-// makes (TextBoxEvent::kTextChanged); text set by the program raises no
+// makes (TextBoxEvent::kTextChanged), and Ctrl+Return, which enters the
+// text (TextBoxEvent::kReturnPressed); text set by the program raises no
 // event.
 class ZO_API MultiLineTextBox : public ScrollableTextBoxBase, public Broadcaster<TextBoxEvent> {
 public:
@@ -79,6 +80,7 @@ public:
     InitArgs() = default;
     InitArgs(GlobCreationInfo const& info) : GlobCreationInfo(info) {}
     bool editable = true;
+    UIString ghostLabel;
   };
 
   // A display line: the characters [start, end) of the text, without the
@@ -103,6 +105,9 @@ public:
   void insertAtCaret(std::wstring_view text);
   void setEditable(bool editable);
   bool isEditable() const noexcept { return editable_; }
+  // Shown, dimmed, on the first line while the box is empty.
+  void setGhostLabel(UIString const& label);
+  UIString const& getGhostLabel() const noexcept { return ghostLabel_; }
 
   // The wrapped lines at the present width.
   std::vector<Line> const& displayLines() const;
@@ -130,6 +135,7 @@ private:
   void copySelection() const;
 
   TextEditCore editor_;
+  UIString ghostLabel_;
   mutable std::vector<Line> lines_;
   mutable std::wstring wrappedText_;
   mutable int wrappedWidth_ = -1;

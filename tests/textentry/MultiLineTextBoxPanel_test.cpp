@@ -1,0 +1,109 @@
+#include "support/WidgetTestSupport.h"
+
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/text/MultiLineTextBox.h>
+#include <zowidgets/textentry/MultiLineTextBoxPanel.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using WString = LightweightString<wchar_t>;
+
+std::wstring displayed(wchar_t const* text) { return MultiLineTextBoxPanel::getDisplayString(WString(text)).str(); }
+
+TEST(MultiLineTextBoxPanelDisplayString, OneLineStaysAsItIs) { EXPECT_EQ(displayed(L"abc"), L"abc"); }
+
+TEST(MultiLineTextBoxPanelDisplayString, MoreLinesShowTheFirstAndDots) { EXPECT_EQ(displayed(L"abc\ndef"), L"abc..."); }
+
+TEST(MultiLineTextBoxPanelDisplayString, EmptyLeadingLinesAreSkipped) { EXPECT_EQ(displayed(L"\n\nabc"), L"abc..."); }
+
+TEST(MultiLineTextBoxPanelDisplayString, ATrailingNewlineStillGetsDots) { EXPECT_EQ(displayed(L"abc\n"), L"abc..."); }
+
+TEST(MultiLineTextBoxPanelDisplayString, OnlyEmptyLinesStayAsTheyAre) {
+  EXPECT_EQ(displayed(L"\n"), L"\n");
+  EXPECT_EQ(displayed(L"\n\n\n"), L"\n\n\n");
+  EXPECT_EQ(displayed(L""), L"");
+}
+
+TEST(MultiLineTextBoxPanelDisplayString, EmptyMiddleLinesDoNotCount) {
+  EXPECT_EQ(displayed(L"\n\nab\n\ncd"), L"ab...");
+}
+
+struct MultiLineTextBoxPanelTest : HeadlessScreenTest {
+  MultiLineTextBoxPanel* panel = nullptr;
+  std::vector<std::wstring> entered;
+
+  void open(wchar_t const* text) {
+    int const row = UifStd::getRowHeight();
+    MultiLineTextBoxPanel::InitArgs args(
+        XY<int>(row * 14, row * 8), WString(text),
+        Broadcaster<MultiLineTextBoxPanelEvent>::makeCallback(
+            [this](MultiLineTextBoxPanelEvent const& e) { entered.push_back(e.text.str()); }));
+    args.screenPosition = XY<int>(100, 500);
+    panel = new MultiLineTextBoxPanel(args);
+    GlobManager::realize(panel);
+  }
+
+  void clickOK() {
+    Zo::Box<int> const ok = panel->getStandardWidgetBox(StandardPanel::kDoIt);
+    HeadlessInput::click(HeadlessInput::pointOn(*panel, XY<int>((ok.x0 + ok.x1) / 2, (ok.y0 + ok.y1) / 2)));
+  }
+};
+
+TEST_F(MultiLineTextBoxPanelTest, TheBoxStartsWithTheTextAndTheGhostLabelShowsWhenEmpty) {
+  open(L"first line\nsecond");
+  EXPECT_EQ(panel->getTextBox()->getString().str(), L"first line\nsecond");
+  EXPECT_EQ(panel->getTextBox()->getGhostLabel().getString().str(), L"Type your text here");
+  EXPECT_EQ(panel->getTooltip().getString().str(), L"Type your text here");
+}
+
+TEST_F(MultiLineTextBoxPanelTest, AnEmojiPickedFromTheDropDownGoesInAtTheCursor) {
+  open(L"Hello world");
+  panel->getTextBox()->placeCaret(5);
+  HeadlessInput::clickOn(*panel->getEmojiButton());
+  pump();
+  EmojiPanel* picker = panel->getEmojiButton()->getDropDownPanel();
+  ASSERT_NE(picker, nullptr);
+  auto* cell = static_cast<EmojiPanel::EmojiView*>(picker->getGrid()->getItem(0));
+  HeadlessInput::clickOn(*cell);
+  pump();
+  EXPECT_EQ(panel->getTextBox()->getString().str(), L"Hello" + cell->getCharacter().text.str() + L" world");
+}
+
+TEST_F(MultiLineTextBoxPanelTest, OKReportsTheWholeTextOnceAndThePanelGoes) {
+  open(L"");
+  HeadlessInput::clickOn(*panel->getTextBox());
+  HeadlessInput::typeText("one");
+  HeadlessInput::key(kKeyReturn);
+  HeadlessInput::typeText("two");
+  clickOK();
+  clickOK();
+  EXPECT_EQ(entered, std::vector<std::wstring>{L"one\ntwo"});
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(panel));
+}
+
+TEST_F(MultiLineTextBoxPanelTest, CtrlReturnEntersTheTextWhileReturnStartsALine) {
+  open(L"a");
+  HeadlessInput::clickOn(*panel->getTextBox());
+  HeadlessInput::key(kKeyEnd, kKeyCtrl);
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_TRUE(entered.empty());
+  HeadlessInput::typeText("b");
+  HeadlessInput::key(kKeyReturn, kKeyCtrl);
+  EXPECT_EQ(entered, std::vector<std::wstring>{L"a\nb"});
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(panel));
+}
+
+TEST_F(MultiLineTextBoxPanelTest, ClosingThePanelOtherwiseDropsTheText) {
+  open(L"draft");
+  GlobManager::requestDeletion(panel);
+  pump();
+  EXPECT_TRUE(entered.empty());
+}
+
+} // namespace
