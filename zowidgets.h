@@ -87,6 +87,7 @@
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/shell/FileNameRules.h>
 #include <zowidgets/host/shell/FilePaths.h>
+#include <zowidgets/host/shell/HTTPServer.h>
 #include <zowidgets/host/shell/MediaServices.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/shell/Preferences.h>
@@ -102,6 +103,7 @@
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/Orientation.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
+#include <zowidgets/host/toolkit/TabOrderableHost.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/toolkit/WidgetPosition.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
