@@ -161,6 +161,12 @@
 #include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/textentry/Credentials.h>
+#include <zowidgets/textentry/GhostLabel.h>
+#include <zowidgets/textentry/LoginPanel.h>
+#include <zowidgets/textentry/PasswordEntryBox.h>
+#include <zowidgets/textentry/ServerConnectionWidget.h>
+#include <zowidgets/textentry/SignInWidget.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
 #include <zowidgets/values/binding/ValWidget.h>
