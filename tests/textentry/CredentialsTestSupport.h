@@ -6,8 +6,14 @@
 
 #include <string>
 
-// A window for the credentials widgets under test, and typing as a person
-// does it: a click in the box, End, then the characters.
+// Typing as a person does it: a click in the box, End, then the characters.
+inline void typeInto(Glob& box, std::string const& text) {
+  HeadlessInput::clickOn(box);
+  HeadlessInput::key(kKeyEnd);
+  HeadlessInput::typeText(text);
+}
+
+// A window for the credentials widgets under test.
 struct CredentialsTest : HeadlessScreenTest {
   void SetUp() override {
     HeadlessScreenTest::SetUp();
@@ -18,12 +24,6 @@ struct CredentialsTest : HeadlessScreenTest {
   template <class T> T* add(typename T::InitArgs const& args) {
     int const gap = UifStd::getWidgetGap();
     return window->createWidget<T>(args, Glob::UserTopLeft(gap, gap));
-  }
-
-  static void typeInto(Glob& box, std::string const& text) {
-    HeadlessInput::clickOn(box);
-    HeadlessInput::key(kKeyEnd);
-    HeadlessInput::typeText(text);
   }
 
   StandardPanel* window = nullptr;

@@ -59,12 +59,6 @@ struct LoginPanelTest : HeadlessScreenTest {
     panel = made;
     return made;
   }
-
-  static void typeInto(Glob& box, std::string const& text) {
-    HeadlessInput::clickOn(box);
-    HeadlessInput::key(kKeyEnd);
-    HeadlessInput::typeText(text);
-  }
 };
 
 TEST_F(LoginPanelTest, TheLoginButtonIsInactiveUntilBothBoxesHoldText) {

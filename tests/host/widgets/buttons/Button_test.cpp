@@ -1,6 +1,5 @@
 #include "support/WidgetTestSupport.h"
 
-#include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
@@ -48,22 +47,12 @@ struct ButtonTest : HeadlessScreenTest {
     return widget;
   }
 
-  // Solid pixels of the named icon, drawn as `button` draws it, that the
-  // button shows in that colour at its centre; and how many solid pixels
-  // there are.
+  // The named icon's solid pixels that the button shows in that colour,
+  // drawn as the button draws it; and how many solid pixels it has.
   std::pair<int, int> iconPixelsShown(Button const& button, char const* name, Colour const& colour) {
     int const side = button.height() - UifStd::getWidgetGap() * 2;
     XY<int> const corner((button.width() - side) / 2, (button.height() - side) / 2);
-    Zo::Image::Surface const icon = IconCache::get(name, side, colour).surface;
-    int matching = 0, solid = 0;
-    for (int row = 0; row < side; ++row)
-      for (int x = 0; x < side; ++x)
-        if (icon.pixel(x, row) >> 24 == 255) {
-          ++solid;
-          XY<int> const at(corner.x + x, corner.y + side - 1 - row);
-          matching += near(rgbOf(widgetPixel(button, at)), rgbOf(colour), 1) ? 1 : 0;
-        }
-    return {matching, solid};
+    return HeadlessScreenTest::iconPixelsShown(button, name, side, corner, colour);
   }
 
   Button* addButton(Button::InitArgs const& args) {
