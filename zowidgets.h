@@ -88,6 +88,7 @@
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/shell/FileNameRules.h>
 #include <zowidgets/host/shell/FilePaths.h>
+#include <zowidgets/host/shell/HTTPServer.h>
 #include <zowidgets/host/shell/MediaServices.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/shell/Preferences.h>
@@ -103,6 +104,7 @@
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/Orientation.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
+#include <zowidgets/host/toolkit/TabOrderableHost.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/toolkit/WidgetPosition.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
@@ -160,10 +162,16 @@
 #include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/textentry/Credentials.h>
 #include <zowidgets/textentry/DropDownSearchPanel.h>
 #include <zowidgets/textentry/EmojiPanel.h>
+#include <zowidgets/textentry/GhostLabel.h>
+#include <zowidgets/textentry/LoginPanel.h>
 #include <zowidgets/textentry/MultiLineTextBoxPanel.h>
+#include <zowidgets/textentry/PasswordEntryBox.h>
 #include <zowidgets/textentry/ScrollListGridView.h>
+#include <zowidgets/textentry/ServerConnectionWidget.h>
+#include <zowidgets/textentry/SignInWidget.h>
 #include <zowidgets/textentry/TextFilterWidget.h>
 #include <zowidgets/textentry/TextSearchWidget.h>
 #include <zowidgets/values/binding/ColourDataValue.h>

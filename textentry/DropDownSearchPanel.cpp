@@ -53,7 +53,7 @@ DropDownSearchPanelButton::InitArgs::InitArgs(int side, Glob* target)
 
 DropDownSearchPanelButton::DropDownSearchPanelButton(InitArgs const& args)
     : DropDownButton2<DropDownSearchPanel>(args) {
-  setIcon(loadIcon("magnify.png", height() / UifStd::getScale()), kNoRedraw);
+  setIconName("magnify.png", kNoRedraw);
   setDropDownAlignment(kAlignEnd, kRelativeBelow);
   setStyle(kStyleFlat, kNoRedraw);
 }

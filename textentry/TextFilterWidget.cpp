@@ -1,6 +1,5 @@
 #include <zowidgets/textentry/TextFilterWidget.h>
 
-#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 
@@ -26,8 +25,7 @@ void TextFilterWidget::setupButtonIcon(eRedrawFlag redraw) {
   LightweightString<char> const wanted = box->hasKbdFocus() || box->getString().empty() ? kSearchIcon : kClearIcon;
   if (wanted == iconName_)
     return;
-  Button* button = getButton();
-  button->setIcon(button->loadIcon(wanted.view(), button->height() / UifStd::getScale()), redraw);
+  getButton()->setIconName(wanted.view(), redraw);
   iconName_ = wanted;
 }
 

@@ -1,5 +1,7 @@
 #include <zowidgets/textentry/TextSearchWidget.h>
 
+#include <zowidgets/textentry/GhostLabel.h>
+
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -41,10 +43,10 @@ TextSearchWidget::TextSearchWidget(InitArgs const& args)
   if (args.buttonStyle == kLabelButton) {
     buttonArgs.label = UIString(kSearchLabel);
     buttonArgs.autoResize = true;
-  } else {
-    buttonArgs.icon = loadIcon("magnify.png", side / UifStd::getScale());
   }
   button_ = createWidget<Button>(buttonArgs, Glob::BottomRight(0, 0));
+  if (args.buttonStyle != kLabelButton)
+    button_->setIconName("magnify.png", kNoRedraw);
   button_->setTextColour(getPalette().text(0), kNoRedraw);
 
   TextBox::InitArgs boxArgs(GlobCreationInfo(XY<int>(std::max(width() - button_->width(), 0), side)));
@@ -97,7 +99,7 @@ void TextSearchWidget::requestStartSearch() {
 void TextSearchWidget::setTextAlignment(Glib::eTextAlignment alignment) { textBox_->setAlignment(alignment); }
 
 void TextSearchWidget::setGhostLabel(UIString const& label) {
-  textBox_->setGhostLabel(label);
+  textBox_->setGhostLabel(UIString(resolveGhostLabel(label)));
   textBox_->invalidate();
 }
 

@@ -11,9 +11,12 @@
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/widgets/text/TitleTextBox.h>
+#include <zowidgets/textentry/LoginPanel.h>
 
 #include <gtest/gtest.h>
 
@@ -110,6 +113,45 @@ TEST_F(GalleryTest, BoxesBoundToOneValueFollowEachOtherWhenClicked) {
   settleWindows();
   EXPECT_FALSE(model.loop.get());
   EXPECT_FALSE(boxes[1]->isChecked());
+}
+
+TEST_F(GalleryTest, TheCredentialsPageEnablesConnectAndRefusesALoginWithAnError) {
+  std::vector<GalleryPage> const pages = allPages();
+  PageWindows const windows = openPage(*findPage(pages, "credentials"), context);
+  std::vector<PushButton*> buttons;
+  collect(*windows.main, buttons);
+  auto button = [&](wchar_t const* label) -> PushButton* {
+    for (PushButton* found : buttons)
+      if (found->getLabel().str() == label)
+        return found;
+    return nullptr;
+  };
+  PushButton* connect = button(L"Connect");
+  PushButton* openLogin = button(L"Log in to share\u2026");
+  ASSERT_NE(connect, nullptr);
+  ASSERT_NE(openLogin, nullptr);
+  EXPECT_FALSE(connect->isActive());
+  // The focus starts in the first empty box, the password.
+  HeadlessInput::typeText("pw");
+  settleWindows();
+  EXPECT_TRUE(connect->isActive());
+
+  HeadlessInput::clickOn(*openLogin);
+  settleWindows();
+  std::vector<Glob*> const opened = windowsOpenedSince(windows.all);
+  ASSERT_EQ(opened.size(), 1u);
+  auto* login = dynamic_cast<LoginPanel*>(opened[0]);
+  ASSERT_NE(login, nullptr);
+  HeadlessInput::typeText("ada");
+  HeadlessInput::clickOn(*login->getPasswordBox());
+  HeadlessInput::typeText("secret");
+  HeadlessInput::key(kKeyReturn);
+  settleWindows();
+  std::wstring const error = login->getErrorLabel()->getString().getString().str();
+  EXPECT_NE(error.find(L"ada"), std::wstring::npos) << "refused with an error line";
+  EXPECT_EQ(error.find(L"secret"), std::wstring::npos);
+  GlobManager::requestDeletion(login);
+  settleWindows();
 }
 
 TEST_F(GalleryTest, ACommandPageRunsTheCommandAndCapturesTheWindowItOpens) {

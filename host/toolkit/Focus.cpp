@@ -105,6 +105,14 @@ void TabOrderManager::addTabStopsFrom(Glob& root) {
     addTabStop(*widget, order++);
 }
 
+void TabOrderManager::addTabStops(TabOrderableHost& host, unsigned order) {
+  std::vector<TabOrderable*> parts;
+  host.getTabOrderables(parts);
+  for (TabOrderable* part : parts)
+    if (part)
+      addTabStop(*part, order);
+}
+
 bool TabOrderManager::contains(Glob const* widget) const { return members_.count(widget) != 0; }
 
 Glob* TabOrderManager::next(Glob const* current, bool forward) const {

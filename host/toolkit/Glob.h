@@ -202,7 +202,9 @@ public:
   int getDefaultMouseCursor() const noexcept { return defaultCursor_; }
   void setCanBeIt(bool focusable) { canBeIt_ = focusable; }
   bool canBeIt() const noexcept { return canBeIt_ && isShowing() && isActive(); }
-  bool claimKbdFocus();
+  // Takes the keyboard focus; a widget made of parts may hand it to one of
+  // them instead.
+  virtual bool claimKbdFocus();
   void relinquishKbdFocus();
   virtual void handleKbdFocus(bool gained);
   bool hasKbdFocus() const;

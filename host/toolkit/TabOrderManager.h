@@ -1,12 +1,10 @@
 #pragma once
 
 #include <zowidgets/host/base/Export.h>
+#include <zowidgets/host/toolkit/TabOrderableHost.h>
 
 #include <unordered_set>
 #include <vector>
-
-class Glob;
-using TabOrderable = Glob;
 
 // The order in which Tab and Shift-Tab move the keyboard focus through a
 // panel's widgets. Stops are visited by their order number, ties in the order
@@ -18,6 +16,8 @@ public:
   // Adds every focusable widget under `root`, in tree order, after the stops
   // already there.
   void addTabStopsFrom(Glob& root);
+  // Adds the parts of `host`, in its order, each with `order`.
+  void addTabStops(TabOrderableHost& host, unsigned order);
   void clear() {
     stops_.clear();
     members_.clear();

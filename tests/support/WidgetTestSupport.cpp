@@ -1,6 +1,8 @@
 #include "WidgetTestSupport.h"
 #include "SharedState.h"
 
+#include <zowidgets/host/drawing/IconCache.h>
+
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -46,6 +48,20 @@ std::uint32_t HeadlessScreenTest::screenPixel(XY<int> point) {
 
 std::uint32_t HeadlessScreenTest::widgetPixel(Glob const& widget, XY<int> local) {
   return screenPixel(widget.screenPosition() + local);
+}
+
+std::pair<int, int> HeadlessScreenTest::iconPixelsShown(Glob const& widget, std::string_view name, int side,
+                                                        XY<int> corner, Colour const& colour) {
+  Zo::Image::Surface const icon = IconCache::get(name, side, colour).surface;
+  int matching = 0, solid = 0;
+  for (int row = 0; row < icon.height(); ++row)
+    for (int x = 0; x < icon.width(); ++x)
+      if (icon.pixel(x, row) >> 24 == 255) {
+        ++solid;
+        XY<int> const at(corner.x + x, corner.y + icon.height() - 1 - row);
+        matching += near(rgbOf(widgetPixel(widget, at)), rgbOf(colour), 1) ? 1 : 0;
+      }
+  return {matching, solid};
 }
 
 ::testing::AssertionResult matchesGolden(Zo::Image::Surface const& actual, std::string const& goldenPath,

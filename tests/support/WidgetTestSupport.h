@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
+#include <utility>
 
 // A fresh headless screen for each test, with every window it opened closed
 // and the message loop drained afterwards. Each test starts from the shared
@@ -31,6 +33,12 @@ protected:
   std::uint32_t screenPixel(XY<int> point);
   // The pixel of a widget at a point in its own coordinates.
   std::uint32_t widgetPixel(Glob const& widget, XY<int> local);
+  // How many solid pixels of the named icon, drawn `side` pixels square in
+  // `colour` (IconCache), the widget shows in that colour with the icon's
+  // bottom-left corner at `corner` in its own coordinates; and how many
+  // solid pixels the icon has.
+  std::pair<int, int> iconPixelsShown(Glob const& widget, std::string_view name, int side, XY<int> corner,
+                                      Colour const& colour);
 
 private:
   HeadlessScreen* screen_ = nullptr;

@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
@@ -112,7 +113,19 @@ void Button::setIcon(Zo::Image::Surface const& icon, eRedrawFlag redraw) {
     invalidate();
 }
 
-int Button::iconSide() const { return icon_.empty() ? 0 : std::max(1, height() - UifStd::getWidgetGap() * 2); }
+void Button::setIconName(std::string_view name, eRedrawFlag redraw) {
+  if (name == iconName_)
+    return;
+  iconName_ = name;
+  if (autoResize_)
+    fitWidth();
+  if (redraw != kNoRedraw)
+    invalidate();
+}
+
+int Button::iconSide() const {
+  return icon_.empty() && iconName_.empty() ? 0 : std::max(1, height() - UifStd::getWidgetGap() * 2);
+}
 
 void Button::setState(int state, eRedrawFlag redraw) {
   if (state == state_)
@@ -238,8 +251,11 @@ void Button::drawLabel(CanvasRenderer& renderer, Zo::Box<int> const& box) const 
     // Alone, the icon is centred; with text, it leads and the text follows.
     double const x = text.empty() ? box.x0 + (box.width() - side) / 2 : area.x0;
     double const y = box.y0 + (box.height() - side) / 2;
-    renderer.renderPrimitive(
-        Glib::ImageDescription(icon_, Zo::Box<double>(x, y, x + side, y + side), isActive() ? 1.0 : 0.4));
+    Zo::Box<double> const square(x, y, x + side, y + side);
+    if (iconName_.empty())
+      renderer.renderPrimitive(Glib::ImageDescription(icon_, square, isActive() ? 1.0 : 0.4));
+    else // the label's colour already shows an inactive button
+      renderer.renderPrimitive(Glib::ImageDescription(IconCache::get(iconName_, side, labelColour()).surface, square));
     area.x0 += side + UifStd::getWidgetGap();
   }
   Glib::TextDescription description(text, area, UifStd::getFont(), labelColour(), Glib::eTextAlignment::Centre);

@@ -8,6 +8,9 @@
 #include <zowidgets/values/binding/ValWidget.h>
 #include <zowidgets/values/notify/Broadcaster.h>
 
+#include <string>
+#include <string_view>
+
 class Button;
 
 // What a button tells its listeners: that it was pressed, and by whom.
@@ -86,6 +89,11 @@ public:
   // An empty surface removes the icon. The icon is scaled to a square that
   // fits the button's height.
   void setIcon(Zo::Image::Surface const& icon, eRedrawFlag redraw = kRedrawNow);
+  // An icon by name (host/drawing/IconNames.h) in place of the picture:
+  // drawn at the size the button shows it, in the label's colour, so it
+  // follows the scale and the button's state. An empty name removes it.
+  void setIconName(std::string_view name, eRedrawFlag redraw = kRedrawNow);
+  std::string const& getIconName() const noexcept { return iconName_; }
   void setLatching(bool latching) { latching_ = latching; }
   bool isLatching() const noexcept { return latching_; }
   // The latched state: 1 down, 0 up.
@@ -136,6 +144,7 @@ private:
   LightweightString<wchar_t> label_;
   LightweightString<char> message_;
   Zo::Image::Surface icon_;
+  std::string iconName_;
   Colour textColour_ = Colour::invalid();
   Colour faceColour_ = Colour::invalid();
   int style_ = kStyleRaised;

@@ -174,6 +174,36 @@ TEST_F(GlobInputTest, APanelTabOrderOverridesTreeOrder) {
   EXPECT_EQ(get_kbd_focus(), left); // hidden stops are skipped
 }
 
+// A widget of two focusable parts that lends them to its owner's order.
+class TwoPartHost : public Glob, public TabOrderableHost {
+public:
+  TwoPartHost(Probe* first, Probe* second) : Glob(GlobCreationInfo(XY<int>(1, 1))), first_(first), second_(second) {}
+  void getTabOrderables(std::vector<TabOrderable*>& into) override {
+    into.push_back(first_);
+    into.push_back(second_);
+  }
+
+private:
+  Probe* first_;
+  Probe* second_;
+};
+
+TEST_F(GlobInputTest, AHostsPartsTakeTheirPlaceInItsOwnersTabOrder) {
+  auto* third = static_cast<Probe*>(panel->addChild(new Probe(XY<int>(20, 20), log, "third", false), Glob::RightOf(5)));
+  for (Probe* p : {left, right, third})
+    p->setCanBeIt(true);
+  TwoPartHost host(right, left);
+  panel->tabOrder().addTabStop(*third, 2);
+  panel->tabOrder().addTabStops(host, 1);
+  set_kbd_focus(third);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), right); // the host's order, before the later stop
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), left);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), third);
+}
+
 TEST_F(GlobInputTest, FocusChangesAreAnnounced) {
   left->setCanBeIt(true);
   right->setCanBeIt(true);

@@ -9,7 +9,10 @@
 #include <zowidgets/values/binding/ValAdaptor.h>
 #include <zowidgets/values/notify/ValServer.h>
 
+#include "host/drawing/IconTestSupport.h"
+
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -42,6 +45,14 @@ struct ButtonTest : HeadlessScreenTest {
   template <class T> T* add(typename T::InitArgs const& args) {
     T* widget = panel->createWidget<T>(args, Glob::UserTopLeft(UifStd::getWidgetGap(), UifStd::getWidgetGap()));
     return widget;
+  }
+
+  // The named icon's solid pixels that the button shows in that colour,
+  // drawn as the button draws it; and how many solid pixels it has.
+  std::pair<int, int> iconPixelsShown(Button const& button, char const* name, Colour const& colour) {
+    int const side = button.height() - UifStd::getWidgetGap() * 2;
+    XY<int> const corner((button.width() - side) / 2, (button.height() - side) / 2);
+    return HeadlessScreenTest::iconPixelsShown(button, name, side, corner, colour);
   }
 
   Button* addButton(Button::InitArgs const& args) {
@@ -242,6 +253,47 @@ TEST_F(ButtonTest, ACycleButtonStepsThroughItsStringsAndWraps) {
   EXPECT_EQ(cycle->getLabel(), LightweightString<wchar_t>(L"Off"));
   cycle->setPickState(7);
   EXPECT_EQ(cycle->getPickState(), 0);
+}
+
+TEST_F(ButtonTest, ANamedIconIsDrawnAtTheButtonsSizeInTheLabelColour) {
+  ScopedEnv themeFromTheSystem("ZOWIDGETS_ICON_THEME_DIR", std::nullopt);
+  Button* button = add<Button>(Button::InitArgs(UIString(), XY<int>(UifStd::getRowHeight(), UifStd::getRowHeight())));
+  button->setIconName("eye-open.png");
+  pump();
+  auto const [matching, solid] = iconPixelsShown(*button, "eye-open.png", button->getPalette().text());
+  EXPECT_GT(solid, 10);
+  EXPECT_EQ(matching, solid);
+  // Inactive, it takes the dimmed label colour.
+  button->setActive(false, kRedrawNow);
+  Colour const dimmed = Colour::mix(button->getPalette().text(), button->getPalette().window(), 0.45);
+  auto const [dimMatching, dimSolid] = iconPixelsShown(*button, "eye-open.png", dimmed);
+  EXPECT_EQ(dimMatching, dimSolid);
+}
+
+TEST_F(ButtonTest, ACycleButtonShowsTheIconOfEachState) {
+  ScopedEnv themeFromTheSystem("ZOWIDGETS_ICON_THEME_DIR", std::nullopt);
+  int const row = UifStd::getRowHeight();
+  CycleButton* cycle = add<CycleButton>(CycleButton::InitArgs({}, XY<int>(row, row)));
+  cycle->setPickIcons({"eye-closed.png", "eye-open.png"});
+  // Icons alone make the states.
+  EXPECT_EQ(cycle->stateCount(), 2u);
+  EXPECT_EQ(cycle->getPickState(), 0);
+  EXPECT_EQ(cycle->getIconName(), "eye-closed.png");
+  pump();
+  auto const [closedMatching, closedSolid] = iconPixelsShown(*cycle, "eye-closed.png", cycle->getPalette().text());
+  EXPECT_GT(closedSolid, 10);
+  EXPECT_EQ(closedMatching, closedSolid);
+  HeadlessInput::clickOn(*cycle);
+  EXPECT_EQ(cycle->getPickState(), 1);
+  EXPECT_EQ(cycle->getIconName(), "eye-open.png");
+  HeadlessInput::clickOn(*cycle);
+  EXPECT_EQ(cycle->getPickState(), 0);
+  EXPECT_EQ(cycle->getIconName(), "eye-closed.png");
+  // Changing the icons keeps the state.
+  cycle->setPickState(1);
+  cycle->setPickIcons({"magnify.png", "poot.png"});
+  EXPECT_EQ(cycle->getPickState(), 1);
+  EXPECT_EQ(cycle->getIconName(), "poot.png");
 }
 
 TEST_F(ButtonTest, ACheckboxTogglesItsDataThroughItsAdaptor) {

@@ -1,6 +1,5 @@
 #include "support/WidgetTestSupport.h"
 
-#include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/Palette.h>
 
 #include <zowidgets/host/shell/OS.h>
@@ -338,18 +337,8 @@ TEST_F(TextBoxTest, ThePasswordEyeIsTheThemesEyeStruckThroughOrOpen) {
   Zo::Box<int> const field = box->getFieldBox();
   int const side = std::min(field.height(), 16);
   XY<int> const corner(field.x1 - field.height() + (field.height() - side) / 2, field.y0 + (field.height() - side) / 2);
-  // Solid pixels of the icon that show in its colour, and how many it has.
   auto shown = [&](char const* name, Colour const& colour) {
-    Zo::Image::Surface const icon = IconCache::get(name, side, colour).surface;
-    int matching = 0, solid = 0;
-    for (int row = 0; row < side; ++row)
-      for (int x = 0; x < side; ++x)
-        if (icon.pixel(x, row) >> 24 == 255) {
-          ++solid;
-          XY<int> const at(corner.x + x, corner.y + side - 1 - row);
-          matching += near(rgbOf(widgetPixel(*box, at)), rgbOf(colour), 1) ? 1 : 0;
-        }
-    return std::make_pair(matching, solid);
+    return iconPixelsShown(*box, name, side, corner, colour);
   };
   Palette const& palette = box->getPalette();
   auto [matching, solid] = shown("eye-closed.png", palette.text(-6));
