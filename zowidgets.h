@@ -39,6 +39,7 @@
 #include <zowidgets/host/base/EnableDisable.h>
 #include <zowidgets/host/base/ExecutableAction.h>
 #include <zowidgets/host/base/Export.h>
+#include <zowidgets/host/base/IPAddress.h>
 #include <zowidgets/host/base/IdStamp.h>
 #include <zowidgets/host/base/JSON.h>
 #include <zowidgets/host/base/JSONBuilder.h>
