@@ -32,6 +32,14 @@ Glob* stepThrough(std::vector<Glob*> const& order, Glob const* current, bool for
   return order[forward ? (index + 1) % count : (index + count - 1) % count];
 }
 
+bool stepFocus(bool forward) {
+  Glob* focus = get_kbd_focus();
+  if (!focus)
+    return false;
+  Glob* next = TabOrderManager::nextFor(focus, forward);
+  return next && next != focus && set_kbd_focus(next);
+}
+
 } // namespace
 
 void GlobRegistry::forgetFocus(Glob* widget) {
@@ -105,6 +113,15 @@ void TabOrderManager::addTabStopsFrom(Glob& root) {
     addTabStop(*widget, order++);
 }
 
+void TabOrderManager::addTabStopsOf(TabOrderableHost& host) {
+  std::vector<TabOrderable*> parts;
+  host.getTabOrderables(parts);
+  unsigned order = stops_.empty() ? 0 : stops_.back().order + 1;
+  for (TabOrderable* part : parts)
+    if (part)
+      addTabStop(*part, order++);
+}
+
 bool TabOrderManager::contains(Glob const* widget) const { return members_.count(widget) != 0; }
 
 Glob* TabOrderManager::next(Glob const* current, bool forward) const {
@@ -126,3 +143,7 @@ Glob* TabOrderManager::nextFor(Glob* focus, bool forward) {
   collectFocusable(focus->getRootParent(), all);
   return stepThrough(all, focus, forward);
 }
+
+bool TabOrderManager::incrementTabStop() { return stepFocus(true); }
+
+bool TabOrderManager::decrementTabStop() { return stepFocus(false); }

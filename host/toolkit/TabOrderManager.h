@@ -8,6 +8,16 @@
 class Glob;
 using TabOrderable = Glob;
 
+// A widget made of several focusable parts that a panel's tab order should
+// visit one by one, such as a box per field. It lists its parts in the order
+// Tab visits them.
+class ZO_API TabOrderableHost {
+public:
+  virtual ~TabOrderableHost() = default;
+  // Appends the parts to `list`.
+  virtual void getTabOrderables(std::vector<TabOrderable*>& list) = 0;
+};
+
 // The order in which Tab and Shift-Tab move the keyboard focus through a
 // panel's widgets. Stops are visited by their order number, ties in the order
 // they were added; stops that are hidden, inactive or dead are skipped.
@@ -18,6 +28,9 @@ public:
   // Adds every focusable widget under `root`, in tree order, after the stops
   // already there.
   void addTabStopsFrom(Glob& root);
+  // Adds the parts of a compound widget, in its order, after the stops
+  // already there.
+  void addTabStopsOf(TabOrderableHost& host);
   void clear() {
     stops_.clear();
     members_.clear();
@@ -30,6 +43,9 @@ public:
   // The widget Tab moves to from `focus`: by the tab order of the nearest
   // panel that has one and holds `focus`, else by tree order in its window.
   static Glob* nextFor(Glob* focus, bool forward);
+  // Move the keyboard focus as Tab and Shift-Tab do; true when it moved.
+  static bool incrementTabStop();
+  static bool decrementTabStop();
 
 private:
   struct Stop {

@@ -174,6 +174,48 @@ TEST_F(GlobInputTest, APanelTabOrderOverridesTreeOrder) {
   EXPECT_EQ(get_kbd_focus(), left); // hidden stops are skipped
 }
 
+// A compound widget whose parts Tab should visit right to left.
+struct BackwardsPair : TabOrderableHost {
+  Glob* first;
+  Glob* second;
+  void getTabOrderables(std::vector<TabOrderable*>& list) override {
+    list.push_back(second);
+    list.push_back(first);
+  }
+};
+
+TEST_F(GlobInputTest, ACompoundWidgetAddsItsPartsInItsOwnOrder) {
+  auto* third = static_cast<Probe*>(panel->addChild(new Probe(XY<int>(20, 20), log, "third", false), Glob::RightOf(5)));
+  for (Probe* p : {left, right, third})
+    p->setCanBeIt(true);
+  panel->tabOrder().addTabStop(*third, 0);
+  BackwardsPair pair;
+  pair.first = left;
+  pair.second = right;
+  panel->tabOrder().addTabStopsOf(pair);
+  set_kbd_focus(third);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), right);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), left);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), third);
+}
+
+TEST_F(GlobInputTest, TabStopsCanBeSteppedWithoutAKey) {
+  left->setCanBeIt(true);
+  right->setCanBeIt(true);
+  EXPECT_FALSE(TabOrderManager::incrementTabStop()); // nothing has the focus
+  set_kbd_focus(left);
+  EXPECT_TRUE(TabOrderManager::incrementTabStop());
+  EXPECT_EQ(get_kbd_focus(), right);
+  EXPECT_TRUE(TabOrderManager::decrementTabStop());
+  EXPECT_EQ(get_kbd_focus(), left);
+  right->setCanBeIt(false);
+  EXPECT_FALSE(TabOrderManager::incrementTabStop()); // nowhere else to go
+  EXPECT_EQ(get_kbd_focus(), left);
+}
+
 TEST_F(GlobInputTest, FocusChangesAreAnnounced) {
   left->setCanBeIt(true);
   right->setCanBeIt(true);
