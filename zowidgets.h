@@ -160,6 +160,8 @@
 #include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/textentry/CustomTextBox.h>
+#include <zowidgets/textentry/IPAddressEntryBox.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
 #include <zowidgets/values/binding/ValWidget.h>
