@@ -143,7 +143,10 @@ TEST_F(IPAddressEntryBoxTest, AnAddressTypedWithDotsMovesOnAtEachDot) {
 TEST_F(IPAddressEntryBoxTest, ADotAfterAFilledBoxIsItsSeparatorNotAnotherMove) {
   IPAddressEntryBox* entry = addEntry(true);
   clickBox(*entry, 0);
-  HeadlessInput::typeText("192.168.0.10");
+  HeadlessInput::typeText("192");
+  EXPECT_EQ(focusedBox(*entry), 1);
+  EXPECT_TRUE(box(*entry, 1)->isSeparatorPending());
+  HeadlessInput::typeText(".168.0.10");
   EXPECT_EQ(entry->getURI().str(), L"192.168.0.10:");
   EXPECT_EQ(focusedBox(*entry), 3);
   HeadlessInput::typeText("0.8080");
