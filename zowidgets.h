@@ -40,6 +40,7 @@
 #include <zowidgets/host/base/EnableDisable.h>
 #include <zowidgets/host/base/ExecutableAction.h>
 #include <zowidgets/host/base/Export.h>
+#include <zowidgets/host/base/IPAddress.h>
 #include <zowidgets/host/base/IdStamp.h>
 #include <zowidgets/host/base/JSON.h>
 #include <zowidgets/host/base/JSONBuilder.h>
@@ -163,9 +164,11 @@
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/textentry/Credentials.h>
+#include <zowidgets/textentry/CustomTextBox.h>
 #include <zowidgets/textentry/DropDownSearchPanel.h>
 #include <zowidgets/textentry/EmojiPanel.h>
 #include <zowidgets/textentry/GhostLabel.h>
+#include <zowidgets/textentry/IPAddressEntryBox.h>
 #include <zowidgets/textentry/LoginPanel.h>
 #include <zowidgets/textentry/MultiLineTextBoxPanel.h>
 #include <zowidgets/textentry/PasswordEntryBox.h>

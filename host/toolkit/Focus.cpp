@@ -32,6 +32,14 @@ Glob* stepThrough(std::vector<Glob*> const& order, Glob const* current, bool for
   return order[forward ? (index + 1) % count : (index + count - 1) % count];
 }
 
+bool stepFocus(bool forward) {
+  Glob* focus = get_kbd_focus();
+  if (!focus)
+    return false;
+  Glob* next = TabOrderManager::nextFor(focus, forward);
+  return next && next != focus && set_kbd_focus(next);
+}
+
 } // namespace
 
 void GlobRegistry::forgetFocus(Glob* widget) {
@@ -134,3 +142,7 @@ Glob* TabOrderManager::nextFor(Glob* focus, bool forward) {
   collectFocusable(focus->getRootParent(), all);
   return stepThrough(all, focus, forward);
 }
+
+bool TabOrderManager::incrementTabStop() { return stepFocus(true); }
+
+bool TabOrderManager::decrementTabStop() { return stepFocus(false); }

@@ -225,11 +225,7 @@ Glob* InputRouter::mouseCapture() { return state().capture; }
 Glob* InputRouter::hoveredWidget() { return state().hovered; }
 
 bool InputRouter::moveFocus(bool forward) {
-  Glob* focus = get_kbd_focus();
-  if (!focus)
-    return false;
-  Glob* next = TabOrderManager::nextFor(focus, forward);
-  return next && next != focus && set_kbd_focus(next);
+  return forward ? TabOrderManager::incrementTabStop() : TabOrderManager::decrementTabStop();
 }
 
 void InputRouter::forget(Glob* widget) {

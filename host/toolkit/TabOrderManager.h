@@ -30,6 +30,9 @@ public:
   // The widget Tab moves to from `focus`: by the tab order of the nearest
   // panel that has one and holds `focus`, else by tree order in its window.
   static Glob* nextFor(Glob* focus, bool forward);
+  // Move the keyboard focus as Tab and Shift-Tab do; true when it moved.
+  static bool incrementTabStop();
+  static bool decrementTabStop();
 
 private:
   struct Stop {

@@ -15,6 +15,7 @@ root_colour | eyedropper | magnifier | picker) needed+=(xsetroot) ;;
 screenshot) needed+=(import compare) ;;
 titles) needed+=(xprop) ;;
 scale) needed+=(identify) ;;
+ipaddress) needed+=(xclip) ;;
 esac
 for tool in "${needed[@]}"; do
   if ! command -v "$tool" >/dev/null; then
@@ -75,6 +76,7 @@ eyedropper | magnifier) extra=(--screen-tools) ;;
 picker) extra=(--picker) ;;
 list | tree | table) extra=(--lists) ;;
 tabs | splitter) extra=(--containers) ;;
+ipaddress) extra=(--gallery ipaddress) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -481,6 +483,65 @@ splitter)
   sleep 0.3
   shown=$(ask containers)
   expect "a drag far left stops at the left box's least width" "$(number "$shown" left)" "$(number "$shown" leftMin)"
+  ;;
+ipaddress)
+  # The gallery's page: a camera address without a port, a stream address
+  # with one. Each entry's text boxes are CustomTextBox widgets, four and
+  # five; the labels under them (TextLabel 1 and 3) show what Return gave.
+  [ "$(field "$(ask 'widget CustomTextBox 8')" text)" = 554 ] || fail "the gallery page did not open: $(ask 'widget CustomTextBox 8')"
+  texts() {
+    local all="" n
+    for n in $(seq "$1" "$2"); do all+="$(field "$(ask "widget CustomTextBox $n")" text)|"; done
+    echo "$all"
+  }
+  click_box() {
+    read -r x y <<<"$(centre "$(ask "widget CustomTextBox $1")" box)"
+    xdotool mousemove "$x" "$y" click 1
+    sleep 0.2
+  }
+  # Puts TEXT on the session's clipboard from another program, which serves
+  # it until the next copy takes the clipboard over.
+  copy_elsewhere() {
+    printf '%s' "$1" | xclip -selection clipboard -quiet &
+    pids+=($!)
+    sleep 0.3
+  }
+  # Backspace at the end of the last box empties it, steps back a box, and so
+  # on to the first: the whole entry is cleared from the keyboard.
+  click_box 3
+  xdotool key End key --delay 30 --repeat 16 BackSpace
+  sleep 0.3
+  expect "camera boxes cleared by Backspace" "$(texts 0 3)" "||||"
+  xdotool type --delay 80 '172.16.0.25'
+  xdotool key Return
+  sleep 0.3
+  expect "camera address typed with dots" "$(field "$(ask 'widget TextLabel 1')" text)" 'Return gives: 172.16.0.25'
+  click_box 8
+  xdotool key End key --delay 30 --repeat 22 BackSpace
+  sleep 0.3
+  expect "stream boxes cleared by Backspace" "$(texts 4 8)" "|||||"
+  xdotool type --delay 80 '0100000000078554'
+  xdotool key Return
+  sleep 0.3
+  expect "stream address typed without dots" "$(field "$(ask 'widget TextLabel 3')" text)" \
+    'Return gives: 010.000.000.007:8554'
+  expect "stream boxes" "$(texts 4 8)" "010|000|000|007|8554|"
+  copy_elsewhere '192.168.7.42:9000'
+  click_box 6
+  xdotool key ctrl+v Return
+  sleep 0.3
+  expect "address pasted from another program" "$(field "$(ask 'widget TextLabel 3')" text)" \
+    'Return gives: 192.168.7.42:9000'
+  copy_elsewhere 'not.an.address'
+  click_box 1
+  xdotool key ctrl+v Return
+  sleep 0.3
+  expect "text with dots that is no address changes nothing" "$(field "$(ask 'widget TextLabel 1')" text)" \
+    'Return gives: 172.16.0.25'
+  copy_elsewhere ' 10.1.2.3 '
+  xdotool key ctrl+v Return
+  sleep 0.3
+  expect "address pasted into the camera entry" "$(field "$(ask 'widget TextLabel 1')" text)" 'Return gives: 10.1.2.3'
   ;;
 *)
   fail "unknown case"

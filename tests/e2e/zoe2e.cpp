@@ -18,6 +18,9 @@
 //               where their first rows are (--lists)
 //   containers  the current tab and the tabs' places, the splitter's place
 //               and the widths beside it (--containers)
+//   widget C N  the Nth (from 0) widget of class C on the gallery page:
+//               its place and, for text boxes and labels, its text
+//               (--gallery)
 //   quit
 // With --shot FILE it instead paints the same panel on the headless screen,
 // saves that window's picture and exits, for comparison with the display.
@@ -26,10 +29,14 @@
 // the same form built from a description); with --screen-tools
 // a panel with an eye dropper opens above it; with --picker a colour picker
 // opens beside it; with --lists a list and a tree open beside it; with
-// --containers tabs and a splitter open beside it.
+// --containers tabs and a splitter open beside it; with --gallery NAME the
+// gallery's page of that name opens beside it.
 
 #include "ContainersPanel.h"
 #include "FormPanel.h"
+#ifdef ZO_E2E_GALLERY
+#include "GalleryPagePanel.h"
+#endif
 #include "InputProbe.h"
 #include "ListsPanel.h"
 #include "PickerPanel.h"
@@ -66,6 +73,9 @@ struct Session {
   std::unique_ptr<PickerPanel> picker;
   std::unique_ptr<ListsPanel> lists;
   std::unique_ptr<ContainersPanel> containers;
+#ifdef ZO_E2E_GALLERY
+  std::unique_ptr<GalleryPagePanel> gallery;
+#endif
   bool quit = false;
 };
 
@@ -179,6 +189,17 @@ void answer(Session& session, std::string const& line) {
     std::cout << (session.containers ? session.containers->stateJson(&jsonBox)
                                      : std::string("{\"error\":\"no containers\"}"))
               << std::endl;
+  } else if (command == "widget") {
+    std::string className;
+    int index = 0;
+    words >> className >> index;
+#ifdef ZO_E2E_GALLERY
+    std::cout << (session.gallery ? session.gallery->widgetJson(className, index, &jsonBox, &jsonString)
+                                  : std::string("{\"error\":\"no gallery page\"}"))
+              << std::endl;
+#else
+    std::cout << "{\"error\":\"built without the gallery\"}" << std::endl;
+#endif
   } else if (command == "quit") {
     session.quit = true;
   } else if (!command.empty()) {
@@ -200,6 +221,14 @@ bool hasFlag(int argc, char** argv, std::string_view flag) {
     if (argv[i] == flag)
       return true;
   return false;
+}
+
+// The word after a flag; empty when the flag is not there.
+std::string flagValue(int argc, char** argv, std::string_view flag) {
+  for (int i = 1; i + 1 < argc; ++i)
+    if (argv[i] == flag)
+      return argv[i + 1];
+  return {};
 }
 
 } // namespace
@@ -242,6 +271,12 @@ int main(int argc, char** argv) {
     int const row = UifStd::getRowHeight();
     session.containers = std::make_unique<ContainersPanel>(XY<int>(row * 26, row * 8));
   }
+#ifdef ZO_E2E_GALLERY
+  if (std::string const page = flagValue(argc, argv, "--gallery"); !page.empty()) {
+    int const row = UifStd::getRowHeight();
+    session.gallery = std::make_unique<GalleryPagePanel>(page, XY<int>(row * 26, row * 8));
+  }
+#endif
   // Commands arrive on a thread of their own and are answered on the
   // user-interface thread, between window events.
   std::thread reader([&session] {
@@ -257,6 +292,9 @@ int main(int argc, char** argv) {
   session.picker.reset();
   session.lists.reset();
   session.containers.reset();
+#ifdef ZO_E2E_GALLERY
+  session.gallery.reset();
+#endif
   GlobManager::requestDeletion(session.panel);
   MessageLoop::runPending();
   return 0;

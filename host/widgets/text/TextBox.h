@@ -18,5 +18,5 @@ public:
   // selected.
   void setCursorPosition(std::size_t position);
   // Selects the whole text, so that typing replaces it.
-  void highlightAllText();
+  virtual void highlightAllText();
 };

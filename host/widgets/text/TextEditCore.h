@@ -64,6 +64,7 @@ public:
   bool accepts(wchar_t character) const noexcept;
   // 0: no limit.
   void setSizeLimit(std::size_t limit) { sizeLimit_ = limit; }
+  std::size_t sizeLimit() const noexcept { return sizeLimit_; }
 
   // What an editor does when a key common to every editor asks for it.
   struct KeyActions {

@@ -204,6 +204,20 @@ TEST_F(GlobInputTest, AHostsPartsTakeTheirPlaceInItsOwnersTabOrder) {
   EXPECT_EQ(get_kbd_focus(), third);
 }
 
+TEST_F(GlobInputTest, TabStopsCanBeSteppedWithoutAKey) {
+  left->setCanBeIt(true);
+  right->setCanBeIt(true);
+  EXPECT_FALSE(TabOrderManager::incrementTabStop()); // nothing has the focus
+  set_kbd_focus(left);
+  EXPECT_TRUE(TabOrderManager::incrementTabStop());
+  EXPECT_EQ(get_kbd_focus(), right);
+  EXPECT_TRUE(TabOrderManager::decrementTabStop());
+  EXPECT_EQ(get_kbd_focus(), left);
+  right->setCanBeIt(false);
+  EXPECT_FALSE(TabOrderManager::incrementTabStop()); // nowhere else to go
+  EXPECT_EQ(get_kbd_focus(), left);
+}
+
 TEST_F(GlobInputTest, FocusChangesAreAnnounced) {
   left->setCanBeIt(true);
   right->setCanBeIt(true);

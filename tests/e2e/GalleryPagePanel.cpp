@@ -1,0 +1,48 @@
+#include "GalleryPagePanel.h"
+
+#include <zowidgets/host/widgets/text/TextBoxBase.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+void collect(Glob& widget, std::string const& className, std::vector<Glob*>& found) {
+  if (className == widget.idstring())
+    found.push_back(&widget);
+  for (Glob* child : widget.getChildren())
+    collect(*child, className, found);
+}
+
+LightweightString<wchar_t> textOf(Glob const& widget) {
+  if (auto const* box = dynamic_cast<TextBoxBase const*>(&widget))
+    return box->getString();
+  if (auto const* label = dynamic_cast<TextLabel const*>(&widget))
+    return label->getString().getString();
+  return {};
+}
+
+} // namespace
+
+GalleryPagePanel::GalleryPagePanel(std::string const& name, XY<int> screenPosition) {
+  std::vector<GalleryPage> const pages = allPages();
+  auto const page = std::find_if(pages.begin(), pages.end(), [&](GalleryPage const& p) { return p.name == name; });
+  if (page != pages.end())
+    windows_ = openPage(*page, PageContext{model_, screenPosition});
+}
+
+GalleryPagePanel::~GalleryPagePanel() { closePage(windows_); }
+
+std::string GalleryPagePanel::widgetJson(std::string const& className, int index,
+                                         std::string (*toScreen)(Zo::Box<int> const&),
+                                         std::string (*quote)(std::string_view)) const {
+  std::vector<Glob*> found;
+  if (windows_.main)
+    collect(*windows_.main, className, found);
+  if (index < 0 || index >= static_cast<int>(found.size()))
+    return "{\"error\":" + quote("no " + className + " " + std::to_string(index)) + "}";
+  Glob const& widget = *found[static_cast<std::size_t>(index)];
+  Zo::Box<int> const box = Zo::Box<int>(0, 0, widget.width(), widget.height()).translated(widget.screenPosition());
+  return "{\"box\":" + toScreen(box) + ",\"text\":" + quote(toNarrow(textOf(widget))) + "}";
+}
