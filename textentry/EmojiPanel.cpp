@@ -11,11 +11,36 @@
 #include <zowidgets/values/notify/UIThreadCallbackDupe.h>
 
 #include <algorithm>
+#include <map>
 
 namespace {
 
 constexpr int kDefaultCellsAcross = 8;
 constexpr int kDefaultRowsOfCells = 6;
+
+// A category's emoji with their names as wide text, made once: every search
+// matches every name, and the table never changes.
+struct CategoryTable {
+  std::vector<Emoji::Character> emojis;
+  std::vector<LightweightString<wchar_t>> names;
+};
+
+CategoryTable const& tableOf(Emoji::eCategory category) {
+  static std::map<Emoji::eCategory, CategoryTable> tables;
+  auto [entry, added] = tables.try_emplace(category);
+  if (added) {
+    entry->second.emojis = Emoji::getEmojis(category);
+    for (Emoji::Character const& emoji : entry->second.emojis)
+      entry->second.names.push_back(LightweightString<wchar_t>::fromUTF8(emoji.name));
+  }
+  return entry->second;
+}
+
+// The host's patterns match whole texts by default; a filter box finds its
+// text anywhere in a name.
+bool nameMatches(LightweightString<wchar_t> const& name, TextSearch::Criteria const& criteria) {
+  return TextSearch::match(name, criteria, TextSearch::kSubstring);
+}
 
 } // namespace
 
@@ -95,14 +120,13 @@ XY<int> EmojiPanel::calcGridSize() const {
 }
 
 std::vector<Emoji::Character> EmojiPanel::getCategoryContents(Emoji::eCategory category) const {
-  std::vector<Emoji::Character> contents = Emoji::getEmojis(category);
+  CategoryTable const& table = tableOf(category);
   if (criteria_.empty())
-    return contents;
-  // The host's patterns match whole texts by default; a filter box finds
-  // its text anywhere in a name.
-  std::erase_if(contents, [this](Emoji::Character const& emoji) {
-    return !TextSearch::match(LightweightString<wchar_t>::fromUTF8(emoji.name), criteria_, TextSearch::kSubstring);
-  });
+    return table.emojis;
+  std::vector<Emoji::Character> contents;
+  for (std::size_t i = 0; i < table.emojis.size(); ++i)
+    if (nameMatches(table.names[i], criteria_))
+      contents.push_back(table.emojis[i]);
   return contents;
 }
 
@@ -119,7 +143,11 @@ int EmojiPanel::search(TextSearchWidgetEvent const& event) {
   criteria_ = TextSearch::Criteria(event.text);
   categories_ = Emoji::getCategories();
   if (!criteria_.empty())
-    std::erase_if(categories_, [this](Emoji::eCategory category) { return getCategoryContents(category).empty(); });
+    std::erase_if(categories_, [this](Emoji::eCategory category) {
+      std::vector<LightweightString<wchar_t>> const& names = tableOf(category).names;
+      return std::none_of(names.begin(), names.end(),
+                          [this](LightweightString<wchar_t> const& name) { return nameMatches(name, criteria_); });
+    });
   rebuildingTabs_ = true;
   tabs_->setTabs(categoryTabs());
   rebuildingTabs_ = false;

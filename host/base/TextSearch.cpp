@@ -16,6 +16,9 @@ using Tokens = std::vector<Token>;
 // Lower case for the letters of the Latin, Greek and Cyrillic scripts; other
 // characters are their own fold.
 wchar_t foldCase(wchar_t c) {
+  // Most text is ASCII: one test, not the whole table.
+  if (c < 0xC0)
+    return c >= L'A' && c <= L'Z' ? c + 32 : c;
   auto between = [c](wchar_t first, wchar_t last) { return c >= first && c <= last; };
   bool even = c % 2 == 0;
   if (between(L'A', L'Z') || (between(0xC0, 0xDE) && c != 0xD7))
