@@ -1,5 +1,7 @@
 #include "GalleryPagePanel.h"
 
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/text/MultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
@@ -20,6 +22,8 @@ LightweightString<wchar_t> textOf(Glob const& widget) {
     return box->getString();
   if (auto const* label = dynamic_cast<TextLabel const*>(&widget))
     return label->getString().getString();
+  if (auto const* lines = dynamic_cast<MultiLineTextBox const*>(&widget))
+    return lines->getString();
   return {};
 }
 
@@ -28,6 +32,7 @@ LightweightString<wchar_t> textOf(Glob const& widget) {
 GalleryPagePanel::GalleryPagePanel(std::string const& name, XY<int> screenPosition) {
   std::vector<GalleryPage> const pages = allPages();
   auto const page = std::find_if(pages.begin(), pages.end(), [&](GalleryPage const& p) { return p.name == name; });
+  before_ = GlobManager::topLevelWindows();
   if (page != pages.end())
     windows_ = openPage(*page, PageContext{model_, screenPosition});
 }
@@ -37,9 +42,14 @@ GalleryPagePanel::~GalleryPagePanel() { closePage(windows_); }
 std::string GalleryPagePanel::widgetJson(std::string const& className, int index,
                                          std::string (*toScreen)(Zo::Box<int> const&),
                                          std::string (*quote)(std::string_view)) const {
+  // The page's windows, then any it opened since (a drop-down, say).
   std::vector<Glob*> found;
-  if (windows_.main)
-    collect(*windows_.main, className, found);
+  for (Glob* window : windows_.all)
+    if (is_good_glob_ptr(window))
+      collect(*window, className, found);
+  for (Glob* window : windowsOpenedSince(before_))
+    if (std::find(windows_.all.begin(), windows_.all.end(), window) == windows_.all.end())
+      collect(*window, className, found);
   if (index < 0 || index >= static_cast<int>(found.size()))
     return "{\"error\":" + quote("no " + className + " " + std::to_string(index)) + "}";
   Glob const& widget = *found[static_cast<std::size_t>(index)];

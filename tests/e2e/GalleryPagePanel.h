@@ -19,7 +19,8 @@ public:
   GalleryPagePanel(GalleryPagePanel const&) = delete;
   GalleryPagePanel& operator=(GalleryPagePanel const&) = delete;
 
-  // The `index`th widget (from 0, depth first) of the page whose class is
+  // The `index`th widget (from 0, depth first, through the page's windows
+  // and then those opened since) of the page whose class is
   // `className`: where it is and, for text boxes and labels, its text, as
   // JSON; an error when there is none.
   std::string widgetJson(std::string const& className, int index, std::string (*toScreen)(Zo::Box<int> const&),
@@ -27,5 +28,6 @@ public:
 
 private:
   GalleryModel model_;
+  std::vector<Glob*> before_; // the windows open before the page
   PageWindows windows_;
 };

@@ -77,6 +77,7 @@ picker) extra=(--picker) ;;
 list | tree | table) extra=(--lists) ;;
 tabs | splitter) extra=(--containers) ;;
 ipaddress) extra=(--gallery ipaddress) ;;
+emoji) extra=(--gallery multiline) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -483,6 +484,37 @@ splitter)
   sleep 0.3
   shown=$(ask containers)
   expect "a drag far left stops at the left box's least width" "$(number "$shown" left)" "$(number "$shown" leftMin)"
+  ;;
+emoji)
+  # The note page opens with its editor beside it: a MultiLineTextBoxPanel
+  # holding the note, whose smiley button opens the emoji picker.
+  note=$(field "$(ask 'widget MultiLineTextBox 0')" text)
+  expect "the editor holds the note" "$note" 'Scene 12, take 3\u000aSound: wind noise on the boom'
+  read -r x y <<<"$(centre "$(ask 'widget MultiLineTextBox 0')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.2
+  xdotool key ctrl+Home
+  read -r x y <<<"$(centre "$(ask 'widget DropDownButton2 0')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.5
+  cell=$(ask 'widget EmojiView 2')
+  grep -q '"box"' <<<"$cell" || fail "the picker did not open: $cell"
+  read -r x y <<<"$(centre "$cell" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.3
+  expect "the picked emoji went in at the caret" "$(field "$(ask 'widget MultiLineTextBox 0')" text)" \
+    "$(printf '\xf0\x9f\x98\x84')Scene 12, take 3\\u000aSound: wind noise on the boom"
+  # OK, at the right of the editor's footer, enters the text: the editor
+  # goes and the page shows the note's first line. The first click outside
+  # the picker closes it; the second reaches the button.
+  read -r x y w h <<<"$(box "$(ask 'widget MultiLineTextBoxPanel 0')" box)"
+  xdotool mousemove $((x + w - 40)) $((y + h - 12)) click 1
+  sleep 0.3
+  xdotool click 1
+  sleep 0.3
+  grep -q '"error"' <<<"$(ask 'widget MultiLineTextBox 0')" || fail "the editor is still open"
+  expect "the note shows its new first line" "$(field "$(ask 'widget TextLabel 0')" text)" \
+    "$(printf '\xf0\x9f\x98\x84')Scene 12, take 3..."
   ;;
 ipaddress)
   # The gallery's page: a camera address without a port, a stream address
