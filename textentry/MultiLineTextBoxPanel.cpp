@@ -80,6 +80,8 @@ MultiLineTextBoxPanel::MultiLineTextBoxPanel(InitArgs const& args) : StandardPan
 
 void MultiLineTextBoxPanel::insert(EmojiPanelEvent const& event) {
   textBox_->insertAtCaret(event.character.text.view());
+  // Typing goes on in the box, with the picker still open for more.
+  textBox_->claimKbdFocus();
   textBox_->invalidate();
 }
 

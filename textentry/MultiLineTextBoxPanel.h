@@ -36,7 +36,7 @@ public:
   explicit MultiLineTextBoxPanel(InitArgs const& args);
   char const* idstring() const override { return "MultiLineTextBoxPanel"; }
 
-  // Puts the emoji in at the caret.
+  // Puts the emoji in at the caret; the box takes the keyboard focus.
   virtual void insert(EmojiPanelEvent const& event);
 
   int handleEmojiEvent(EmojiPanelEvent const& event);

@@ -107,3 +107,21 @@ TEST_F(MultiLineTextBoxPanelTest, ClosingThePanelOtherwiseDropsTheText) {
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(MultiLineTextBoxPanelTest, TypingGoesOnInTheBoxRightAfterAPick) {
+  open(L"Hi");
+  HeadlessInput::clickOn(*panel->getEmojiButton());
+  pump();
+  EmojiPanel* picker = panel->getEmojiButton()->getDropDownPanel();
+  ASSERT_NE(picker, nullptr);
+  auto* cell = static_cast<EmojiPanel::EmojiView*>(picker->getGrid()->getItem(0));
+  HeadlessInput::clickOn(*cell);
+  EXPECT_TRUE(panel->getTextBox()->hasKbdFocus());
+  EXPECT_NE(panel->getEmojiButton()->getDropDownPanel(), nullptr) << "the picker stays for more";
+  HeadlessInput::typeText("!");
+  EXPECT_EQ(panel->getTextBox()->getString().str(), L"Hi" + cell->getCharacter().text.str() + L"!");
+}
+
+} // namespace
