@@ -78,6 +78,7 @@ list | tree | table) extra=(--lists) ;;
 tabs | splitter) extra=(--containers) ;;
 ipaddress) extra=(--gallery ipaddress) ;;
 emoji) extra=(--gallery multiline) ;;
+search) extra=(--gallery search) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -484,6 +485,41 @@ splitter)
   sleep 0.3
   shown=$(ask containers)
   expect "a drag far left stops at the left box's least width" "$(number "$shown" left)" "$(number "$shown" leftMin)"
+  ;;
+search)
+  # The search page: a search box, a filter box and a magnifier button whose
+  # drop-down searches; each reports what it found among ten clip names in
+  # the label below it (TextLabel 0, 1 and 3).
+  click_widget() {
+    read -r x y <<<"$(centre "$(ask "widget $1 $2")" box)"
+    xdotool mousemove "$x" "$y" click 1
+    sleep 0.2
+  }
+  click_widget TextBox 0
+  xdotool type --delay 60 'harbour'
+  xdotool key Return
+  sleep 0.3
+  expect "Return in the search box searches" "$(field "$(ask 'widget TextLabel 0')" text)" \
+    '2 found: Reel 2 harbour, Drone harbour'
+  click_widget TextBox 1
+  xdotool type --delay 60 'interview'
+  xdotool key Return
+  sleep 0.3
+  expect "the filter finds the interviews" "$(field "$(ask 'widget TextLabel 1')" text)" \
+    '2 found: Reel 1 interview, Reel 2 interview'
+  # The filter's button is now the clear button: a press empties the box.
+  read -r x y w h <<<"$(box "$(ask 'widget TextFilterWidget 0')" box)"
+  xdotool mousemove $((x + w - h / 2)) $((y + h / 2)) click 1
+  sleep 0.3
+  expect "the clear button empties the filter" "$(field "$(ask 'widget TextBox 1')" text)" ''
+  click_widget DropDownSearchPanelButton 0
+  sleep 0.3
+  xdotool type --delay 60 'drone'
+  xdotool key Return
+  sleep 0.3
+  expect "the drop-down's search reaches its target" "$(field "$(ask 'widget TextLabel 3')" text)" \
+    '2 found: Drone harbour, Drone coastline'
+  grep -q '"error"' <<<"$(ask 'widget DropDownSearchPanel 0')" || fail "the drop-down is still open"
   ;;
 emoji)
   # The note page opens with its editor beside it: a MultiLineTextBoxPanel
