@@ -79,6 +79,7 @@ tabs | splitter) extra=(--containers) ;;
 ipaddress) extra=(--gallery ipaddress) ;;
 emoji) extra=(--gallery multiline) ;;
 search) extra=(--gallery search) ;;
+credentials) extra=(--gallery credentials) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -485,6 +486,31 @@ splitter)
   sleep 0.3
   shown=$(ask containers)
   expect "a drag far left stops at the left box's least width" "$(number "$shown" left)" "$(number "$shown" leftMin)"
+  ;;
+credentials)
+  # The connection form: address and user name filled in, the password box
+  # (TextBox 2) empty, so Connect (PushButton 0) does nothing until a
+  # password is typed.
+  read -r x y <<<"$(centre "$(ask 'widget PushButton 0')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.3
+  expect "Connect waits for a password" "$(field "$(ask 'widget TextLabel 0')" text)" \
+    'Type a password to enable Connect'
+  read -r x y <<<"$(centre "$(ask 'widget TextBox 2')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.2
+  xdotool type --delay 60 's3cret'
+  sleep 0.3
+  expect "the password box holds what was typed" "$(field "$(ask 'widget TextBox 2')" text)" 's3cret'
+  read -r x y <<<"$(centre "$(ask 'widget PushButton 0')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.3
+  status=$(field "$(ask 'widget TextLabel 0')" text)
+  case "$status" in
+  "Connecting: editor at media.example.org, port 8443"*", with a password") echo "ok: Connect sends the request" ;;
+  *) fail "Connect sends the request: got '$status'" ;;
+  esac
+  case "$status" in *s3cret*) fail "the password shows in the status line" ;; esac
   ;;
 search)
   # The search page: a search box, a filter box and a magnifier button whose
