@@ -31,7 +31,12 @@
 namespace {
 
 struct GalleryTest : ::testing::Test {
-  void SetUp() override { useHeadlessScreen(); }
+  // The pointer starts at the same place in every test: windows that open
+  // at the pointer (the magnifier's) depend on it.
+  void SetUp() override {
+    useHeadlessScreen();
+    HeadlessInput::moveTo(XY<int>(0, 0));
+  }
   void TearDown() override {
     for (Glob* window : GlobManager::topLevelWindows())
       GlobManager::requestDeletion(window);
@@ -152,6 +157,7 @@ TEST_F(GalleryTest, TheCredentialsPageEnablesConnectAndRefusesALoginWithAnError)
   EXPECT_EQ(error.find(L"secret"), std::wstring::npos);
   GlobManager::requestDeletion(login);
   settleWindows();
+  closePage(windows);
 }
 
 TEST_F(GalleryTest, ACommandPageRunsTheCommandAndCapturesTheWindowItOpens) {
