@@ -166,7 +166,8 @@ TEST(Emoji, FlagsKeycapsSkinTonesAndJoinedSequencesAreWhole) {
   ASSERT_NE(wave, nullptr);
   EXPECT_EQ(wave->text, L"\U0001F44B\U0001F3FD");
 
-  Emoji::Character const* keycap = findByName(Emoji::getEmojis(Emoji::kSymbols), "keycap: #");
+  std::vector<Emoji::Character> const symbols = Emoji::getEmojis(Emoji::kSymbols);
+  Emoji::Character const* keycap = findByName(symbols, "keycap: #");
   ASSERT_NE(keycap, nullptr);
   EXPECT_EQ(keycap->text, L"#\uFE0F\u20E3");
   EXPECT_EQ(keycap->codePoint, unsigned('#'));
