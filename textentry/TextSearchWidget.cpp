@@ -145,8 +145,4 @@ void TextSearchWidget::setPalette(Palette const& palette) {
     button_->setFaceColour(palette.doIt(), kNoRedraw);
 }
 
-void TextSearchWidget::handleKbdFocus(bool gained) {
-  StandardPanel::handleKbdFocus(gained);
-  if (gained && textBox_)
-    textBox_->claimKbdFocus();
-}
+bool TextSearchWidget::claimKbdFocus() { return textBox_->claimKbdFocus(); }

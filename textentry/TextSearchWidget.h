@@ -64,8 +64,8 @@ public:
   void setActive(bool active, eRedrawFlag redraw) override;
   void setPalette(Palette const& palette) override;
   void handleChildResize(Glob* child) override;
-  // Focus given to the widget goes on to its text box.
-  void handleKbdFocus(bool gained) override;
+  // Focus given to the widget goes to its text box.
+  bool claimKbdFocus() override;
 
 protected:
   // Whether the button takes presses now.
