@@ -16,6 +16,8 @@ struct TreeView::Node {
   bool expanded = false;
   // -1 until asked: whether the item can open.
   int openable = -1;
+  // Where it stands among its parent's children.
+  std::size_t index = 0;
 };
 
 namespace {
@@ -122,6 +124,20 @@ void TreeView::setAdaptor(iTreeViewAdaptor* adaptor) {
   refresh(0);
 }
 
+TreeView::Node& TreeView::childOf(Node& parent, std::size_t index) const {
+  std::unique_ptr<Node>& slot = parent.children[index];
+  if (!slot) {
+    slot = std::make_unique<Node>();
+    slot->item = adaptor_->getChildItem(parent.item.id, index);
+    slot->depth = parent.depth + 1;
+    slot->parent = &parent;
+    slot->index = index;
+  }
+  return *slot;
+}
+
+TreeView::Node& TreeView::nodeAt(int row) const { return childOf(*visible_[row].parent, visible_[row].index); }
+
 void TreeView::load(Node& node) {
   if (node.loaded)
     return;
@@ -129,12 +145,20 @@ void TreeView::load(Node& node) {
   node.children.clear();
   if (!adaptor_)
     return;
-  for (iTreeViewAdaptor::Item& item : adaptor_->getChildItems(node.item.id)) {
-    auto child = std::make_unique<Node>();
-    child->item = std::move(item);
-    child->depth = node.depth + 1;
-    child->parent = &node;
-    node.children.push_back(std::move(child));
+  // Counted children stay empty slots until they are needed.
+  if (std::optional<std::size_t> const count = adaptor_->getChildCount(node.item.id)) {
+    node.children.resize(*count);
+  } else {
+    std::vector<iTreeViewAdaptor::Item> items = adaptor_->getChildItems(node.item.id);
+    node.children.reserve(items.size());
+    for (iTreeViewAdaptor::Item& item : items) {
+      auto child = std::make_unique<Node>();
+      child->item = std::move(item);
+      child->depth = node.depth + 1;
+      child->parent = &node;
+      child->index = node.children.size();
+      node.children.push_back(std::move(child));
+    }
   }
   node.openable = node.children.empty() ? 0 : 1;
 }
@@ -145,10 +169,11 @@ bool TreeView::hasChildren(Node& node) const {
   return node.openable == 1;
 }
 
-void TreeView::collectShown(Node& node, std::vector<Node*>& out) const {
-  for (auto& child : node.children) {
-    out.push_back(child.get());
-    if (child->expanded)
+void TreeView::collectShown(Node& node, std::vector<Shown>& out) const {
+  for (std::size_t index = 0; index < node.children.size(); ++index) {
+    out.push_back({&node, index});
+    // A child with no node yet has never been opened.
+    if (Node* child = node.children[index].get(); child && child->expanded)
       collectShown(*child, out);
   }
 }
@@ -157,26 +182,28 @@ void TreeView::refresh(int keepState) {
   std::set<std::wstring> opened;
   LightweightString<wchar_t> const selectedId = keepState ? getSelectedItem() : LightweightString<wchar_t>();
   if (keepState)
-    for (Node* node : visible_)
-      if (node->expanded)
+    for (Shown const& shown : visible_)
+      if (Node const* node = shown.parent->children[shown.index].get(); node && node->expanded)
         opened.insert(node->item.id.str());
   visible_.clear();
   root_ = std::make_unique<Node>();
   load(*root_);
   // Reopen depth first, so that a reopened item's children are there to
   // reopen in turn.
-  std::vector<Node*> pending;
-  for (auto& child : root_->children)
-    pending.push_back(child.get());
-  while (!pending.empty()) {
-    Node* node = pending.back();
-    pending.pop_back();
-    if (!opened.count(node->item.id.str()))
-      continue;
-    load(*node);
-    node->expanded = !node->children.empty();
-    for (auto& child : node->children)
-      pending.push_back(child.get());
+  if (!opened.empty()) {
+    std::vector<Node*> pending;
+    for (std::size_t index = 0; index < root_->children.size(); ++index)
+      pending.push_back(&childOf(*root_, index));
+    while (!pending.empty()) {
+      Node* node = pending.back();
+      pending.pop_back();
+      if (!opened.count(node->item.id.str()))
+        continue;
+      load(*node);
+      node->expanded = !node->children.empty();
+      for (std::size_t index = 0; index < node->children.size(); ++index)
+        pending.push_back(&childOf(*node, index));
+    }
   }
   collectShown(*root_, visible_);
   selected_ = selectedId.empty() ? -1 : rowOf(selectedId);
@@ -184,31 +211,37 @@ void TreeView::refresh(int keepState) {
 }
 
 TreeView::Node* TreeView::find(Node& from, LightweightString<wchar_t> const& id) const {
-  for (auto& child : from.children) {
-    if (child->item.id == id)
-      return child.get();
-    if (child->loaded)
-      if (Node* found = find(*child, id))
+  for (std::size_t index = 0; index < from.children.size(); ++index) {
+    Node& child = childOf(from, index);
+    if (child.item.id == id)
+      return &child;
+    if (child.loaded)
+      if (Node* found = find(child, id))
         return found;
   }
   return nullptr;
 }
 
-int TreeView::rowOf(LightweightString<wchar_t> const& id) const {
+int TreeView::rowOf(Node const& node) const {
   for (int row = 0; row < rowCount(); ++row)
-    if (visible_[row]->item.id == id)
+    if (visible_[row].parent == node.parent && visible_[row].index == node.index)
       return row;
   return -1;
 }
 
-iTreeViewAdaptor::Item const* TreeView::itemAt(int row) const {
-  return row >= 0 && row < rowCount() ? &visible_[row]->item : nullptr;
+int TreeView::rowOf(LightweightString<wchar_t> const& id) const {
+  Node const* node = find(*root_, id);
+  return node ? rowOf(*node) : -1;
 }
 
-int TreeView::depthAt(int row) const { return row >= 0 && row < rowCount() ? visible_[row]->depth : -1; }
+iTreeViewAdaptor::Item const* TreeView::itemAt(int row) const {
+  return row >= 0 && row < rowCount() ? &nodeAt(row).item : nullptr;
+}
+
+int TreeView::depthAt(int row) const { return row >= 0 && row < rowCount() ? visible_[row].parent->depth + 1 : -1; }
 
 LightweightString<wchar_t> TreeView::getSelectedItem() const {
-  return selected_ >= 0 ? visible_[selected_]->item.id : LightweightString<wchar_t>();
+  return selected_ >= 0 ? nodeAt(selected_).item.id : LightweightString<wchar_t>();
 }
 
 bool TreeView::setSelectedItem(LightweightString<wchar_t> const& id) {
@@ -221,8 +254,8 @@ bool TreeView::setSelectedItem(LightweightString<wchar_t> const& id) {
     ancestors.push_back(up);
   for (auto it = ancestors.rbegin(); it != ancestors.rend(); ++it)
     if (!(*it)->expanded)
-      openAt(rowOf((*it)->item.id), false);
-  selectRow(rowOf(id), false);
+      openAt(rowOf(**it), false);
+  selectRow(rowOf(*node), false);
   return true;
 }
 
@@ -236,7 +269,7 @@ bool TreeView::expand(LightweightString<wchar_t> const& id) {
   if (row < 0)
     return false;
   openAt(row, false);
-  return visible_[row]->expanded;
+  return nodeAt(row).expanded;
 }
 
 bool TreeView::collapse(LightweightString<wchar_t> const& id) {
@@ -248,15 +281,15 @@ bool TreeView::collapse(LightweightString<wchar_t> const& id) {
 }
 
 void TreeView::openAt(int row, bool reportIt) {
-  Node* node = visible_[row];
-  if (node->expanded)
+  Node& node = nodeAt(row);
+  if (node.expanded)
     return;
-  load(*node);
-  if (node->children.empty())
+  load(node);
+  if (node.children.empty())
     return;
-  node->expanded = true;
-  std::vector<Node*> shown;
-  collectShown(*node, shown);
+  node.expanded = true;
+  std::vector<Shown> shown;
+  collectShown(node, shown);
   visible_.insert(visible_.begin() + row + 1, shown.begin(), shown.end());
   if (selected_ > row)
     selected_ += static_cast<int>(shown.size());
@@ -266,12 +299,12 @@ void TreeView::openAt(int row, bool reportIt) {
 }
 
 void TreeView::closeAt(int row, bool reportIt) {
-  Node* node = visible_[row];
-  if (!node->expanded)
+  Node& node = nodeAt(row);
+  if (!node.expanded)
     return;
-  node->expanded = false;
+  node.expanded = false;
   int end = row + 1;
-  while (end < rowCount() && visible_[end]->depth > node->depth)
+  while (end < rowCount() && depthAt(end) > node.depth)
     ++end;
   visible_.erase(visible_.begin() + row + 1, visible_.begin() + end);
   // A selection inside the closed branch moves to the item closed.
@@ -296,7 +329,7 @@ void TreeView::selectRow(int row, bool reportIt) {
     report(TreeViewEvent::kSelection, row);
 }
 
-void TreeView::report(int type, int row) { broadcast(TreeViewEvent{type, visible_[row]->item.id, this}); }
+void TreeView::report(int type, int row) { broadcast(TreeViewEvent{type, nodeAt(row).item.id, this}); }
 
 void TreeView::setAppearance(int appearance) {
   appearance_ = appearance;
@@ -308,7 +341,7 @@ void TreeView::setScrollbarDisplay(int display) { setScrollBarAllowed(display !=
 Glob* TreeView::makeRow(int index, int width, int height) { return new TreeRow(this, index, XY<int>(width, height)); }
 
 void TreeView::updateRow(int index, Glob* row) {
-  Node& node = *visible_[index];
+  Node& node = nodeAt(index);
   static_cast<TreeRow*>(row)->setLook(index == selected_, index == selected_ && hasKbdFocus(), hasChildren(node),
                                       node.expanded);
 }
@@ -328,8 +361,8 @@ int TreeView::handleMouseEvent(Event const& event) {
     return 1;
   int const x = event.position.x - getView()->getX();
   bool const onArrow = appearance_ != kFlat && x < expanderRight(row) && x >= expanderRight(row) - indentStep();
-  if (onArrow && hasChildren(*visible_[row])) {
-    if (visible_[row]->expanded)
+  if (onArrow && hasChildren(nodeAt(row))) {
+    if (nodeAt(row).expanded)
       closeAt(row, true);
     else
       openAt(row, true);
@@ -337,8 +370,8 @@ int TreeView::handleMouseEvent(Event const& event) {
   }
   selectRow(row, true);
   if (event.clicks >= 2) {
-    if (hasChildren(*visible_[row]))
-      visible_[row]->expanded ? closeAt(row, true) : openAt(row, true);
+    if (hasChildren(nodeAt(row)))
+      nodeAt(row).expanded ? closeAt(row, true) : openAt(row, true);
     report(TreeViewEvent::kActivated, row);
   }
   return 1;
@@ -372,20 +405,20 @@ int TreeView::handleKeyboardEvent(int key) {
   case kKeyRight:
     if (at < 0)
       move(0);
-    else if (!visible_[at]->expanded && hasChildren(*visible_[at]))
+    else if (!nodeAt(at).expanded && hasChildren(nodeAt(at)))
       openAt(at, true);
-    else if (visible_[at]->expanded)
+    else if (nodeAt(at).expanded)
       move(at + 1);
     return 1;
   case kKeyLeft:
     if (at < 0)
       move(0);
-    else if (visible_[at]->expanded)
+    else if (nodeAt(at).expanded)
       closeAt(at, true);
-    else if (visible_[at]->depth > 0) {
+    else if (depthAt(at) > 0) {
       // The parent is the nearest row above that stands one level out.
       int parent = at - 1;
-      while (visible_[parent]->depth >= visible_[at]->depth)
+      while (depthAt(parent) >= depthAt(at))
         --parent;
       move(parent);
     }

@@ -20,7 +20,8 @@ struct TreeViewEvent {
 };
 
 // A tree of items from an iTreeViewAdaptor, one row per item in sight: an
-// item's children are asked for when it first opens. Rows exist only for
+// item's children are asked for when it first opens, and from a counted
+// adaptor one by one as they come into sight. Rows exist only for
 // the lines on screen (VirtualRowsBase). The mouse opens and closes items by
 // their arrows (or a double click) and selects by a click; the keys move the
 // selection (Up, Down, Page Up, Page Down, Home, End), Right opens an item or
@@ -49,7 +50,8 @@ public:
   void refresh(int keepState = 1);
   // Selects an item by id, opening its ancestors if they are loaded, and
   // scrolls it into sight; false when no loaded item has the id. Not
-  // reported to listeners.
+  // reported to listeners. Finding an id among counted children not yet
+  // seen asks the adaptor for them.
   bool setSelectedItem(LightweightString<wchar_t> const& id);
   LightweightString<wchar_t> getSelectedItem() const;
   int getSelectedIndex() const noexcept { return selected_; }
@@ -80,6 +82,14 @@ protected:
 
 private:
   struct Node;
+  // A row in sight: a child of a loaded item, by index, so that the rows of
+  // a counted adaptor need no node until they are seen.
+  struct Shown {
+    Node* parent;
+    std::size_t index;
+  };
+  Node& nodeAt(int row) const;
+  Node& childOf(Node& parent, std::size_t index) const;
   void load(Node& node);
   bool hasChildren(Node& node) const;
   void openAt(int row, bool report);
@@ -87,13 +97,14 @@ private:
   void selectRow(int row, bool report);
   void report(int type, int row);
   // Appends a node's shown descendants, depth first.
-  void collectShown(Node& node, std::vector<Node*>& out) const;
+  void collectShown(Node& node, std::vector<Shown>& out) const;
   Node* find(Node& from, LightweightString<wchar_t> const& id) const;
+  int rowOf(Node const& node) const;
   int expanderRight(int row) const;
 
   iTreeViewAdaptor* adaptor_ = nullptr;
   std::unique_ptr<Node> root_;
-  std::vector<Node*> visible_;
+  std::vector<Shown> visible_;
   int selected_ = -1;
   int appearance_ = kShowExpanders;
 };

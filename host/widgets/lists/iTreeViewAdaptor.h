@@ -7,13 +7,19 @@
 #include <zowidgets/host/widgets/popups/Menu.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
 
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 class Glob;
 
 // What a TreeView shows: the model answers for the children of an item,
-// named by id (the empty id is the root). Everything but getChildItems has
-// a default body, so a flat list needs one function.
+// named by id (the empty id is the root), in one of two forms. The list form
+// hands over all the children at once (getChildItems). The counted form says
+// how many there are (getChildCount) and hands them over one by one
+// (getChildItem): the tree then asks only for the items that come into
+// sight, so a long flat list costs nothing until it is seen. Everything else
+// has a default body.
 class ZO_API iTreeViewAdaptor {
 public:
   struct Item {
@@ -27,9 +33,14 @@ public:
 
   virtual ~iTreeViewAdaptor() = default;
 
-  virtual std::vector<Item> getChildItems(LightweightString<wchar_t> const& parentId) const = 0;
+  // The list form. By default it is made from the counted form.
+  virtual std::vector<Item> getChildItems(LightweightString<wchar_t> const& parentId) const;
+  // The counted form: no count (the default) means the list form answers.
+  virtual std::optional<std::size_t> getChildCount(LightweightString<wchar_t> const&) const { return std::nullopt; }
+  // Asked only for an index below the count.
+  virtual Item getChildItem(LightweightString<wchar_t> const&, std::size_t) const { return {}; }
   // Whether an item can open; asked only for items in sight.
-  virtual bool hasChildItems(LightweightString<wchar_t> const& id) const { return !getChildItems(id).empty(); }
+  virtual bool hasChildItems(LightweightString<wchar_t> const& id) const;
   // The user renamed an item; false refuses the new text.
   virtual bool rename(LightweightString<wchar_t> const&, UIString const&) { return false; }
   // A widget to show in place of an item's text, or null for the text.

@@ -55,6 +55,26 @@ public:
   bool hasChildItems(LightweightString<wchar_t> const&) const override { return false; }
 };
 
+// A million clips under the root, each with two takes, in the counted form:
+// it counts what it is asked for.
+class CountedClipsAdaptor : public iTreeViewAdaptor {
+public:
+  mutable int itemsAsked = 0;
+
+  std::optional<std::size_t> getChildCount(LightweightString<wchar_t> const& parentId) const override {
+    return parentId.empty() ? 1'000'000u : (parentId.str().find(L'/') == std::wstring::npos ? 2u : 0u);
+  }
+  Item getChildItem(LightweightString<wchar_t> const& parentId, std::size_t index) const override {
+    ++itemsAsked;
+    Item item;
+    std::wstring const name =
+        parentId.empty() ? std::to_wstring(index) : parentId.str() + L"/take " + std::to_wstring(index);
+    item.id = LightweightString<wchar_t>(name.c_str());
+    item.text = UIString(item.id);
+    return item;
+  }
+};
+
 struct TreeViewTest : HeadlessScreenTest {
   BinsAdaptor bins;
   TreeView* tree = nullptr;
@@ -214,6 +234,74 @@ TEST_F(TreeViewTest, AMillionItemsMakeWidgetsOnlyForTheRowsInSight) {
   key(kKeyPageUp);
   EXPECT_LE(tree->liveRowCount(), bound);
   EXPECT_EQ(tree->getView()->getChildren().size(), static_cast<size_t>(tree->liveRowCount()));
+}
+
+TEST_F(TreeViewTest, ACountedAdaptorIsAskedOnlyForTheItemsInSight) {
+  CountedClipsAdaptor clips;
+  openTree(&clips);
+  EXPECT_EQ(tree->rowCount(), 1'000'000);
+  EXPECT_LE(clips.itemsAsked, tree->linesPerPage() + 1);
+  EXPECT_EQ(tree->itemAt(0)->id, LightweightString<wchar_t>(L"0"));
+  tree->claimKbdFocus();
+  key(kKeyEnd);
+  EXPECT_EQ(tree->getSelectedItem(), LightweightString<wchar_t>(L"999999"));
+  EXPECT_LE(clips.itemsAsked, 3 * (tree->linesPerPage() + 1)) << "the rows between were never asked for";
+  EXPECT_LE(tree->liveRowCount(), tree->linesPerPage() + 1);
+}
+
+TEST_F(TreeViewTest, ACountedItemOpensByKeysAndItsChildrenComeByIndex) {
+  CountedClipsAdaptor clips;
+  openTree(&clips);
+  tree->claimKbdFocus();
+  key(kKeyDown);
+  EXPECT_EQ(tree->getSelectedItem(), LightweightString<wchar_t>(L"0"));
+  key(kKeyRight);
+  EXPECT_TRUE(tree->isExpanded(L"0"));
+  EXPECT_EQ(tree->rowCount(), 1'000'002);
+  EXPECT_EQ(tree->itemAt(1)->id, LightweightString<wchar_t>(L"0/take 0"));
+  EXPECT_EQ(tree->depthAt(2), 1);
+  EXPECT_EQ(tree->itemAt(3)->id, LightweightString<wchar_t>(L"1"));
+  key(kKeyRight);
+  key(kKeyDown);
+  EXPECT_EQ(tree->getSelectedItem(), LightweightString<wchar_t>(L"0/take 1"));
+  key(kKeyLeft);
+  EXPECT_EQ(tree->getSelectedItem(), LightweightString<wchar_t>(L"0")) << "Left on a leaf goes to its parent";
+  key(kKeyLeft);
+  EXPECT_FALSE(tree->isExpanded(L"0"));
+  EXPECT_EQ(tree->rowCount(), 1'000'000);
+}
+
+TEST_F(TreeViewTest, SelectingACountedItemNotYetSeenAsksTheAdaptorForIt) {
+  CountedClipsAdaptor clips;
+  openTree(&clips);
+  EXPECT_TRUE(tree->setSelectedItem(L"4321"));
+  EXPECT_EQ(tree->getSelectedIndex(), 4321);
+  EXPECT_NE(tree->getRowGlob(4321), nullptr) << "scrolled into sight";
+  EXPECT_FALSE(tree->setSelectedItem(L"no such clip"));
+}
+
+TEST(iTreeViewAdaptor, TheListFormIsMadeFromTheCountedFormAndAnAdaptorWithNeitherIsEmpty) {
+  class Takes : public iTreeViewAdaptor {
+  public:
+    std::optional<std::size_t> getChildCount(LightweightString<wchar_t> const& id) const override {
+      return id.empty() ? 3u : 0u;
+    }
+    Item getChildItem(LightweightString<wchar_t> const&, std::size_t index) const override {
+      Item item;
+      item.id = LightweightString<wchar_t>(std::to_wstring(index * 10).c_str());
+      return item;
+    }
+  } takes;
+  std::vector<iTreeViewAdaptor::Item> const items = takes.getChildItems(L"");
+  ASSERT_EQ(items.size(), 3u);
+  EXPECT_EQ(items[2].id, LightweightString<wchar_t>(L"20"));
+  EXPECT_TRUE(takes.hasChildItems(L""));
+  EXPECT_FALSE(takes.hasChildItems(L"20"));
+
+  class Nothing : public iTreeViewAdaptor {
+  } nothing;
+  EXPECT_TRUE(nothing.getChildItems(L"").empty());
+  EXPECT_FALSE(nothing.hasChildItems(L""));
 }
 
 TEST_F(TreeViewTest, ARowIsDrawnInItsOwnFont) {
