@@ -1,9 +1,9 @@
 #include <zowidgets/host/base/JSONBuilder.h>
 
+#include <zowidgets/host/base/AtomicFile.h>
+
 #include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <memory>
 
 namespace JSON {
 
@@ -221,12 +221,8 @@ LightweightString<char> Builder::getText() const {
 }
 
 bool Builder::saveToFile(LightweightString<wchar_t> const& path) const {
-  std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.toUTF8().c_str(), "wb"), &std::fclose);
-  if (!file)
-    return false;
-  LightweightString<char> text = getText() + "\n";
-  bool written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
-  return std::fclose(file.release()) == 0 && written;
+  LightweightString<char> const text = getText() + "\n";
+  return Zo::writeFileAtomically(path.toUTF8().str(), text.view());
 }
 
 } // namespace JSON

@@ -46,3 +46,20 @@ double Zo::FloatFromWString(LightweightString<wchar_t> const& text, double fallb
     return fallback;
   return negative ? -value : value;
 }
+
+int Zo::IntFromWString(LightweightString<wchar_t> const& text, int fallback) {
+  std::wstring_view view = text.view();
+  std::size_t start = 0;
+  while (start < view.size() && std::iswspace(static_cast<wint_t>(view[start])))
+    ++start;
+  std::string narrow;
+  if (start < view.size() && (view[start] == L'-' || view[start] == L'+'))
+    narrow.push_back(view[start++] == L'-' ? '-' : '+');
+  for (std::size_t i = start; i < view.size() && view[i] >= L'0' && view[i] <= L'9'; ++i)
+    narrow.push_back(static_cast<char>(view[i]));
+  // from_chars takes a minus sign but no plus.
+  std::size_t const skip = !narrow.empty() && narrow[0] == '+' ? 1 : 0;
+  int value = 0;
+  auto const parsed = std::from_chars(narrow.data() + skip, narrow.data() + narrow.size(), value);
+  return parsed.ec == std::errc() && parsed.ptr == narrow.data() + narrow.size() ? value : fallback;
+}

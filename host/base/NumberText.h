@@ -20,4 +20,9 @@ ZO_API LightweightString<wchar_t> WStringFromInteger(long long value);
 // ".5", "7px" all read); `fallback` when there is none or it is not finite.
 ZO_API double FloatFromWString(LightweightString<wchar_t> const& text, double fallback);
 
+// The decimal integer at the start of the text, after any blanks ("12",
+// "-3", "7px" all read); `fallback` when there is none or it lies outside
+// the range of int.
+ZO_API int IntFromWString(LightweightString<wchar_t> const& text, int fallback);
+
 } // namespace Zo

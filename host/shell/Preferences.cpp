@@ -1,5 +1,6 @@
 #include <zowidgets/host/shell/Preferences.h>
 
+#include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/base/DataConvert.h>
 #include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/base/configb.h>
@@ -15,9 +16,6 @@
 #include <optional>
 #include <string_view>
 #include <system_error>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -43,49 +41,6 @@ std::optional<std::string> readFile(std::string const& path) {
     return std::string();
   }
   return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-bool writeAll(int fd, std::string_view text) {
-  while (!text.empty()) {
-    ssize_t written = ::write(fd, text.data(), text.size());
-    if (written < 0 && errno == EINTR)
-      continue;
-    if (written <= 0)
-      return false;
-    text.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
-// Makes the rename itself durable.
-void syncFolder(fs::path const& folder) {
-  int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (fd >= 0) {
-    ::fsync(fd);
-    ::close(fd);
-  }
-}
-
-// Replaces `path` by a file holding `text`, or leaves it as it was.
-bool writeAtomically(std::string const& path, std::string_view text) {
-  fs::path const folder = fs::path(path).parent_path();
-  std::error_code error;
-  if (!folder.empty())
-    fs::create_directories(folder, error);
-  std::string temp = path + ".XXXXXX";
-  int fd = ::mkstemp(temp.data());
-  if (fd < 0)
-    return false;
-  bool written = writeAll(fd, text) && ::fsync(fd) == 0;
-  written = ::close(fd) == 0 && written;
-  if (written && std::rename(temp.c_str(), path.c_str()) == 0) {
-    syncFolder(folder.empty() ? fs::path(".") : folder);
-    return true;
-  }
-  int const cause = errno;
-  ::unlink(temp.c_str());
-  errno = cause;
-  return false;
 }
 
 } // namespace
@@ -130,7 +85,7 @@ struct EditorPreferences::Store {
     }
     configb file;
     file.child(kRootKey) = values;
-    if (writeAtomically(path, file.toText().view())) {
+    if (Zo::writeFileAtomically(path, file.toText().view())) {
       unsaved = false;
       return true;
     }

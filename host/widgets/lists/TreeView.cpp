@@ -138,7 +138,7 @@ TreeView::Node& TreeView::childOf(Node& parent, std::size_t index) const {
 
 TreeView::Node& TreeView::nodeAt(int row) const { return childOf(*visible_[row].parent, visible_[row].index); }
 
-void TreeView::load(Node& node) {
+void TreeView::loadChildren(Node& node) {
   if (node.loaded)
     return;
   node.loaded = true;
@@ -187,7 +187,7 @@ void TreeView::refresh(int keepState) {
         opened.insert(node->item.id.str());
   visible_.clear();
   root_ = std::make_unique<Node>();
-  load(*root_);
+  loadChildren(*root_);
   // Reopen depth first, so that a reopened item's children are there to
   // reopen in turn.
   if (!opened.empty()) {
@@ -199,7 +199,7 @@ void TreeView::refresh(int keepState) {
       pending.pop_back();
       if (!opened.count(node->item.id.str()))
         continue;
-      load(*node);
+      loadChildren(*node);
       node->expanded = !node->children.empty();
       for (std::size_t index = 0; index < node->children.size(); ++index)
         pending.push_back(&childOf(*node, index));
@@ -284,7 +284,7 @@ void TreeView::openAt(int row, bool reportIt) {
   Node& node = nodeAt(row);
   if (node.expanded)
     return;
-  load(node);
+  loadChildren(node);
   if (node.children.empty())
     return;
   node.expanded = true;

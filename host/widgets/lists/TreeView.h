@@ -90,7 +90,7 @@ private:
   };
   Node& nodeAt(int row) const;
   Node& childOf(Node& parent, std::size_t index) const;
-  void load(Node& node);
+  void loadChildren(Node& node);
   bool hasChildren(Node& node) const;
   void openAt(int row, bool report);
   void closeAt(int row, bool report);

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <limits>
 #include <random>
 #include <string>
@@ -187,7 +188,11 @@ TEST(JSONBuilder, SavesToFileThatParsesBack) {
   ASSERT_TRUE(element);
   EXPECT_EQ(element->getString("name"), "Title");
   EXPECT_EQ(element->getChild("modifiers")->getStringAttrib(0), "shift");
-  EXPECT_FALSE(builder.saveToFile(WString(L"/no/such/folder/file.json")));
+  // A file where a folder should be: nothing can be written under it.
+  auto const blocker = std::filesystem::temp_directory_path() / "zo_json_builder_blocker";
+  std::ofstream(blocker).put('x');
+  EXPECT_FALSE(builder.saveToFile(WString::fromUTF8((blocker / "file.json").string())));
+  std::filesystem::remove(blocker);
 }
 
 namespace {

@@ -55,4 +55,22 @@ TEST(NumberText, TextWithoutANumberGivesTheFallback) {
   EXPECT_EQ(Zo::FloatFromWString(WString(L"inf"), 4.0), 4.0);
 }
 
+TEST(NumberText, IntegersReadFromTheStartAfterBlanks) {
+  EXPECT_EQ(Zo::IntFromWString(WString(L"12"), -1), 12);
+  EXPECT_EQ(Zo::IntFromWString(WString(L"  -3"), -1), -3);
+  EXPECT_EQ(Zo::IntFromWString(WString(L"+8"), -1), 8);
+  EXPECT_EQ(Zo::IntFromWString(WString(L"7px"), -1), 7);
+  EXPECT_EQ(Zo::IntFromWString(WString(L"2.9"), -1), 2) << "the point ends the number";
+}
+
+TEST(NumberText, TextWithNoIntegerOrOneOutOfRangeGivesTheFallback) {
+  EXPECT_EQ(Zo::IntFromWString(WString(), 5), 5);
+  EXPECT_EQ(Zo::IntFromWString(WString(L"Arial"), 5), 5);
+  EXPECT_EQ(Zo::IntFromWString(WString(L"-"), 5), 5);
+  EXPECT_EQ(Zo::IntFromWString(WString(L"+-4"), 5), 5);
+  EXPECT_EQ(Zo::IntFromWString(WString(L"2147483647"), 5), 2147483647);
+  EXPECT_EQ(Zo::IntFromWString(WString(L"2147483648"), 5), 5);
+  EXPECT_EQ(Zo::IntFromWString(WString(L"-2147483648"), 5), -2147483647 - 1);
+}
+
 } // namespace

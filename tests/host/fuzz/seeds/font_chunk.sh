@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Seeds the font chunk reader with a written font, an old compact-number
+# one, two fonts in a row and a few damaged ones; and a text form.
+#   seeds/font_chunk.sh CORPUS
+set -euo pipefail
+corpus=$1
+# "FD" chunk: family, size 12.0, style 1, background and text colours.
+payload='Sans\x00\x00\x00\x40\x41\x01\x00\x00\x80\x3f\x00\x00\x80\x3f\x00\x00\x80\x3f\x00\x00\x80\x3f\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x80\x3f'
+font="\$\\x00\\x02\\x00\\x00\\x00\\x00\\x00\\x37\\x00\\x00\\x00FD\\x00\\x01\\x00\\x2a\\x00\\x00\\x00\\x2a\\x00\\x00\\x00$payload"
+printf "$font" >"$corpus/font"
+printf "$font$font" >"$corpus/two-fonts"
+printf "\$\\x00\\x01\\x00\\x00\\x00\\x33\\x00FD\\x00\\x03\\x07\\x2a\\x00\\x2a\\x00$payload" >"$corpus/version-1"
+printf "\$\\x00\\x02\\x00\\x00\\x00\\x00\\x00\\x37\\x00\\x00\\x00XY\\x00\\x01\\x00\\x2a\\x00\\x00\\x00\\x2a\\x00\\x00\\x00$payload" >"$corpus/wrong-name"
+printf "\$\\x00\\x02\\x00\\x00\\x00\\x00\\x00\\x37\\x00\\x00\\x00FD\\x00\\x01\\x00\\x10\\x00\\x00\\x00\\x2a\\x00\\x00\\x00$payload" >"$corpus/overread"
+printf "\$\\x00\\x03\\x00" >"$corpus/version-3"
+printf '0,16777215,1,12,DejaVu Sans' >"$corpus/text"
