@@ -29,6 +29,8 @@ FactoryGlobWrapper::FactoryGlobWrapper(InitArgs const& args) : StandardPanel(wit
   wrapped_->setResizable(false);
   if (args.widget.size != XY<int>(0, 0))
     wrapped_->setDimensions(args.widget.size);
+  else
+    setDimensions(wrapped_->getSize());
   // The host keeps minimum sizes as plain values, so the wrapper takes its
   // widget's as it stands now.
   setMinSize(wrapped_->getMinSize());

@@ -10,8 +10,8 @@ class ZO_API FactoryGlobWrapper : public StandardPanel {
 public:
   struct InitArgs : StandardPanel::InitArgs {
     InitArgs() = default;
-    // The wrapper takes `widget`'s size; a widget made at size 0 keeps the
-    // size it chose itself.
+    // The wrapper takes `widget`'s size; with size 0 the widget keeps the
+    // size it chose itself, and the wrapper takes that.
     explicit InitArgs(GlobCreationInfo const& widget) : StandardPanel::InitArgs(widget.size), widget(widget) {}
     GlobCreationInfo widget; // className names what to make
   };

@@ -91,6 +91,13 @@ TEST_F(FactoryGlobWrapperTest, TheWidgetIsMadeByNameAtTheWrappersSize) {
   EXPECT_STREQ(wrapper->idstring(), "FactoryGlobWrapper:ColourSwatch");
 }
 
+TEST_F(FactoryGlobWrapperTest, AWidgetAskedForAtSizeZeroKeepsItsOwnSize) {
+  FactoryGlobWrapper* wrapper = openWrapper("Button", XY<int>(0, 0));
+  ASSERT_NE(wrapper->getWrapped(), nullptr);
+  EXPECT_EQ(wrapper->getWrapped()->getSize(), XY<int>(Button::calcWidth(UIString()), Button::calcHeight()));
+  EXPECT_EQ(wrapper->getSize(), wrapper->getWrapped()->getSize());
+}
+
 TEST_F(FactoryGlobWrapperTest, AWidgetThatIsNoMenuGlobGivesNoMenuRows) {
   FactoryGlobWrapper* wrapper = openWrapper("Button", XY<int>(80, 23));
   ASSERT_NE(wrapper->getWrapped(), nullptr);
