@@ -31,6 +31,14 @@
 #include <zowidgets/containers/DropDownHost.h>
 #include <zowidgets/containers/DropDownMessages.h>
 #include <zowidgets/containers/DropDownWidgetWithDtorNotify.h>
+#include <zowidgets/containers/FactoryGlobWrapper.h>
+#include <zowidgets/containers/FactoryGlobWrapperPanel.h>
+#include <zowidgets/containers/PageIndexTestPanel.h>
+#include <zowidgets/containers/PageIndexWidget.h>
+#include <zowidgets/containers/WizardData.h>
+#include <zowidgets/containers/WizardPanel.h>
+#include <zowidgets/containers/WizardStagePanel.h>
+#include <zowidgets/containers/iWizardStage.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
 #include <zowidgets/fonts/FontText.h>
 #include <zowidgets/host/base/AtomicFile.h>

@@ -123,6 +123,21 @@ void Button::setIconName(std::string_view name, eRedrawFlag redraw) {
     invalidate();
 }
 
+void Button::setIconTrailing(bool trailing, eRedrawFlag redraw) {
+  iconTrailing_ = trailing;
+  if (redraw != kNoRedraw)
+    invalidate();
+}
+
+void Button::setIgnoresClicks(bool ignores) {
+  ignoresClicks_ = ignores;
+  if (ignores && (tracker_.isPressed() || tracker_.isHovered())) {
+    // The pointer may rest on it now; without input it would keep that look.
+    tracker_.reset();
+    invalidate();
+  }
+}
+
 int Button::iconSide() const {
   return icon_.empty() && iconName_.empty() ? 0 : std::max(1, height() - UifStd::getWidgetGap() * 2);
 }
@@ -200,6 +215,8 @@ void Button::press() {
 int Button::react(Event const& event) {
   if (!event.isMouse() && event.type != Event::kKeyDown)
     return Glob::react(event);
+  if (ignoresClicks_)
+    return 0;
   PressTracker::Reaction const reaction = tracker_.react(event, getSize());
   if (reaction.lookChanged)
     invalidate();
@@ -248,15 +265,18 @@ void Button::drawLabel(CanvasRenderer& renderer, Zo::Box<int> const& box) const 
   Zo::Box<double> area(box.x0 + labelPadding(), box.y0, box.x1 - labelPadding(), box.y1);
   LightweightString<wchar_t> const text = displayText();
   if (int const side = iconSide(); side > 0) {
-    // Alone, the icon is centred; with text, it leads and the text follows.
-    double const x = text.empty() ? box.x0 + (box.width() - side) / 2 : area.x0;
+    // Alone, the icon is centred; with text, it leads (or trails) the text.
+    double const x = text.empty() ? box.x0 + (box.width() - side) / 2 : iconTrailing_ ? area.x1 - side : area.x0;
     double const y = box.y0 + (box.height() - side) / 2;
     Zo::Box<double> const square(x, y, x + side, y + side);
     if (iconName_.empty())
       renderer.renderPrimitive(Glib::ImageDescription(icon_, square, isActive() ? 1.0 : 0.4));
     else // the label's colour already shows an inactive button
       renderer.renderPrimitive(Glib::ImageDescription(IconCache::get(iconName_, side, labelColour()).surface, square));
-    area.x0 += side + UifStd::getWidgetGap();
+    if (iconTrailing_)
+      area.x1 -= side + UifStd::getWidgetGap();
+    else
+      area.x0 += side + UifStd::getWidgetGap();
   }
   Glib::TextDescription description(text, area, UifStd::getFont(), labelColour(), Glib::eTextAlignment::Centre);
   renderer.renderPrimitive(description);

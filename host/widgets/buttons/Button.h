@@ -94,8 +94,17 @@ public:
   // follows the scale and the button's state. An empty name removes it.
   void setIconName(std::string_view name, eRedrawFlag redraw = kRedrawNow);
   std::string const& getIconName() const noexcept { return iconName_; }
+  // Puts the icon after the label instead of before it, as on a button whose
+  // arrow points the way it goes.
+  void setIconTrailing(bool trailing, eRedrawFlag redraw = kRedrawNow);
+  bool isIconTrailing() const noexcept { return iconTrailing_; }
   void setLatching(bool latching) { latching_ = latching; }
   bool isLatching() const noexcept { return latching_; }
+  // A button that ignores clicks keeps its look, but mouse input and the
+  // keys that press it pass it by: a latched choice that is not to be
+  // chosen again, say. press() still works.
+  void setIgnoresClicks(bool ignores);
+  bool ignoresClicks() const noexcept { return ignoresClicks_; }
   // The latched state: 1 down, 0 up.
   void setState(int state, eRedrawFlag redraw = kRedrawNow);
   int getState() const noexcept { return state_; }
@@ -152,4 +161,6 @@ private:
   wchar_t glyph_ = 0;
   bool latching_ = false;
   bool autoResize_ = false;
+  bool iconTrailing_ = false;
+  bool ignoresClicks_ = false;
 };

@@ -195,6 +195,47 @@ TEST_F(ButtonTest, AnIconAloneIsCentredAndLeadsALabel) {
   EXPECT_GT(led->width(), Button::calcWidth(UIString(L"Record")));
 }
 
+TEST_F(ButtonTest, ATrailingIconFollowsTheLabel) {
+  Zo::Image::Surface icon(4, 4);
+  icon.fill(Colour(1.0, 0.0, 0.0));
+  Button::InitArgs args(L"Next", XY<int>());
+  args.icon = icon;
+  args.autoResize = true;
+  Button* button = addButton(args);
+  button->setIconTrailing(true);
+  int const side = button->height() - UifStd::getWidgetGap() * 2;
+  int const padding = UifStd::getWidgetGap() * 2;
+  int const y = button->height() / 2;
+  EXPECT_EQ(rgbOf(widgetPixel(*button, XY<int>(button->width() - padding - side / 2, y))), (Rgb{255, 0, 0}));
+  EXPECT_NE(rgbOf(widgetPixel(*button, XY<int>(padding + side / 2, y))), (Rgb{255, 0, 0}))
+      << "the leading place is left to the label";
+  button->setIconTrailing(false);
+  EXPECT_EQ(rgbOf(widgetPixel(*button, XY<int>(padding + side / 2, y))), (Rgb{255, 0, 0}));
+}
+
+TEST_F(ButtonTest, AButtonThatIgnoresClicksPassesMouseAndKeysByButStillPresses) {
+  Button::InitArgs args(L"3", XY<int>(60, 0), "numberPressed");
+  args.latching = true;
+  Button* button = addButton(args);
+  HeadlessInput::clickOn(*button);
+  ASSERT_EQ(button->getState(), 1);
+  EXPECT_TRUE(button->isHovered());
+  button->setIgnoresClicks(true);
+  EXPECT_FALSE(button->isHovered()) << "the hover look goes with the input";
+  HeadlessInput::clickOn(*button);
+  ASSERT_TRUE(button->claimKbdFocus());
+  HeadlessInput::key(' ');
+  EXPECT_EQ(button->getState(), 1) << "still latched";
+  EXPECT_EQ(events.size(), 1u);
+  button->press();
+  EXPECT_EQ(button->getState(), 0);
+  EXPECT_EQ(events.size(), 2u);
+  button->setIgnoresClicks(false);
+  HeadlessInput::clickOn(*button);
+  EXPECT_EQ(button->getState(), 1);
+  EXPECT_EQ(events.size(), 3u);
+}
+
 TEST_F(ButtonTest, AFaceColourOverridesThePaletteUntilMadeInvalid) {
   Button* button = addButton(Button::InitArgs(L"Grade", XY<int>(80, 0)));
   XY<int> const onFace(UifStd::getWidgetGap(), button->height() / 2);
