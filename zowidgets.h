@@ -31,6 +31,7 @@
 #include <zowidgets/containers/DropDownHost.h>
 #include <zowidgets/containers/DropDownMessages.h>
 #include <zowidgets/containers/DropDownWidgetWithDtorNotify.h>
+#include <zowidgets/containers/SpaceDivider.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
 #include <zowidgets/host/base/CriticalSection.h>
