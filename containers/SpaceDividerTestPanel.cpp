@@ -4,7 +4,6 @@
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/text/TextLabel.h>
 
 namespace {
 
@@ -18,8 +17,9 @@ CommandRegistrar const registration(SpaceDividerTestPanel::kCommand,
 
 constexpr unsigned kStandardWidgets = StandardPanel::kTitle | StandardPanel::kPoot;
 
-// A pane named by its text, in the child-window colour.
-TextLabel::InitArgs pane(Palette const& palette, wchar_t const* text) {
+} // namespace
+
+TextLabel::InitArgs SpaceDividerTestPanel::paneArgs(Palette const& palette, wchar_t const* text) {
   TextLabel::InitArgs args;
   args.useParentAllotment = true;
   args.text = text;
@@ -28,22 +28,20 @@ TextLabel::InitArgs pane(Palette const& palette, wchar_t const* text) {
   return args;
 }
 
-} // namespace
-
 SpaceDividerTestPanel::SpaceDividerTestPanel(InitArgs const& args) : StandardPanel(args) {
   int const row = UifStd::getRowHeight();
   Zo::Box<int> const user = getUserArea();
   outer_ = createWidget<SpaceDivider>(SpaceDivider::InitArgs(XY<int>(user.width(), user.height()), kSideBySide, 0.4f),
                                       UserTopLeft(0, 0));
-  outer_->createWidgetX<TextLabel>(pane(getPalette(), L"Left"), SpaceDivider::kFirstWidget)
+  outer_->createWidgetX<TextLabel>(paneArgs(getPalette(), L"Left"), SpaceDivider::kFirstWidget)
       ->setMinSize(XY<int>(4 * row, 0));
   SpaceDivider::InitArgs innerArgs(XY<int>(), kStacked, 0.5f);
   innerArgs.useParentAllotment = true;
   inner_ = outer_->createWidgetX<SpaceDivider>(innerArgs, SpaceDivider::kSecondWidget);
   inner_->setSplitterType(SpaceDivider::kStandardSplitter);
-  inner_->createWidgetX<TextLabel>(pane(getPalette(), L"Top"), SpaceDivider::kFirstWidget)
+  inner_->createWidgetX<TextLabel>(paneArgs(getPalette(), L"Top"), SpaceDivider::kFirstWidget)
       ->setMinSize(XY<int>(0, 2 * row));
-  inner_->createWidgetX<TextLabel>(pane(getPalette(), L"Bottom"), SpaceDivider::kSecondWidget)
+  inner_->createWidgetX<TextLabel>(paneArgs(getPalette(), L"Bottom"), SpaceDivider::kSecondWidget)
       ->setMinSize(XY<int>(0, 2 * row));
   Drawable::Suspender holdRedraws;
   inner_->resize(inner_->width(), inner_->height());

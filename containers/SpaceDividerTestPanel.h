@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zowidgets/containers/SpaceDivider.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 // A demonstration for developers: a side-by-side divider whose right side is
 // a stacked divider, each side a labelled pane. Opened by the command
@@ -14,6 +15,10 @@ public:
 
   // Unset: where the toolkit puts new windows.
   static SpaceDividerTestPanel* open(XY<int> screenPosition = XY<int>::unset());
+
+  // A pane of a divider named by its centred text, in the child-window
+  // colour, sized for its share.
+  static TextLabel::InitArgs paneArgs(Palette const& palette, wchar_t const* text);
 
   SpaceDivider* getOuterDivider() const noexcept { return outer_; }
   SpaceDivider* getInnerDivider() const noexcept { return inner_; }

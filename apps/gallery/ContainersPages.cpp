@@ -4,6 +4,7 @@
 
 #include <zowidgets/containers/SimpleTabbedPanel.h>
 #include <zowidgets/containers/SpaceDivider.h>
+#include <zowidgets/containers/SpaceDividerTestPanel.h>
 #include <zowidgets/containers/SplitTabsWidget.h>
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
@@ -15,15 +16,6 @@
 namespace {
 
 using WString = LightweightString<wchar_t>;
-
-TextLabel::InitArgs pane(Palette const& palette, wchar_t const* text) {
-  TextLabel::InitArgs args;
-  args.useParentAllotment = true;
-  args.text = text;
-  args.alignment = Glib::eTextAlignment::Centre;
-  args.setPalette(makeChildPalette(palette, kChildPanel));
-  return args;
-}
 
 WString describeSplit(SpaceDivider const& divider) {
   char text[64];
@@ -43,15 +35,16 @@ Glob* buildSpaceDividerPage(PageContext const& context) {
   Palette const& palette = panel->getPalette();
   auto* outer = panel->createWidget<SpaceDivider>(SpaceDivider::InitArgs(dividerSize, kSideBySide, 0.35f),
                                                   Glob::UserTopLeft(0, 0));
-  outer->createWidgetX<TextLabel>(pane(palette, L"Bins"), SpaceDivider::kFirstWidget)
+  outer->createWidgetX<TextLabel>(SpaceDividerTestPanel::paneArgs(palette, L"Bins"), SpaceDivider::kFirstWidget)
       ->setMinSize(XY<int>(m.row * 4, 0));
   SpaceDivider::InitArgs innerArgs(XY<int>(), kStacked, 0.3f);
   innerArgs.useParentAllotment = true;
   innerArgs.config.set(SpaceDivider::kDividerIDKey, "left");
   auto* inner = outer->createWidgetX<SpaceDivider>(innerArgs, SpaceDivider::kSecondWidget);
   inner->setSplitterType(SpaceDivider::kStandardSplitter);
-  inner->createWidgetX<TextLabel>(pane(palette, L"Viewer"), SpaceDivider::kFirstWidget);
-  Glob* timeline = inner->createWidgetX<TextLabel>(pane(palette, L"Timeline"), SpaceDivider::kSecondWidget);
+  inner->createWidgetX<TextLabel>(SpaceDividerTestPanel::paneArgs(palette, L"Viewer"), SpaceDivider::kFirstWidget);
+  Glob* timeline = inner->createWidgetX<TextLabel>(SpaceDividerTestPanel::paneArgs(palette, L"Timeline"),
+                                                   SpaceDivider::kSecondWidget);
   inner->resize(inner->width(), inner->height());
   outer->resize(dividerSize.x, dividerSize.y);
 
@@ -68,7 +61,7 @@ Glob* buildSpaceDividerPage(PageContext const& context) {
 }
 
 SimpleTabbedPanel::Page labelPage(Palette const& palette, wchar_t const* title, wchar_t const* text) {
-  TextLabel::InitArgs args = pane(palette, text);
+  TextLabel::InitArgs args = SpaceDividerTestPanel::paneArgs(palette, text);
   args.useParentAllotment = false;
   return SimpleTabbedPanel::Page::of<TextLabel>(args, title);
 }

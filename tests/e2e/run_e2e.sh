@@ -137,6 +137,11 @@ expect() {
   [ "$2" = "$3" ] || fail "$1: expected '$3', got '$2'"
   echo "ok: $1 = $3"
 }
+# LABEL VALUE LOW HIGH: the value lies from LOW to HIGH.
+expect_within() {
+  [ "$2" -ge "$3" ] && [ "$2" -le "$4" ] || fail "$1: expected $3 to $4, got $2"
+  echo "ok: $1 = $2"
+}
 
 state=$(ask state)
 read -r probe_x probe_y probe_w probe_h <<<"$(box "$state" probe)"
@@ -654,9 +659,7 @@ spacedivider)
   read -r viewer_x _ viewer_w _ <<<"$(box "$(ask 'widget TextLabel 1')" box)"
   # Let go, the division is read back over the whole width: it may settle a
   # pixel short of the pointer.
-  [ "$grown_w" -ge $((bins_w + 59)) ] && [ "$grown_w" -le $((bins_w + 60)) ] ||
-    fail "the bins grew from $bins_w to $grown_w, not by the 60-pixel drag"
-  echo "ok: the bins grew from $bins_w to $grown_w"
+  expect_within "the bins' width after a 60-pixel drag" "$grown_w" $((bins_w + 59)) $((bins_w + 60))
   expect "the viewer starts past the hairline" "$viewer_x" $((bins_x + grown_w + 1))
   expect "the two sides still fill the divider" $((grown_w + 1 + viewer_w)) "$total"
   expect "the divider reports the width on the screen" "$(field "$(ask 'widget TextLabel 3')" text | sed -E 's/.*bins ([0-9]+) pixels.*/\1/')" \
@@ -668,9 +671,7 @@ spacedivider)
   sleep 0.3
   read -r _ _ _ raised_viewer_h <<<"$(box "$(ask 'widget TextLabel 1')" box)"
   read -r _ raised_timeline_y _ raised_timeline_h <<<"$(box "$(ask 'widget TextLabel 2')" box)"
-  [ "$raised_timeline_h" -ge $((timeline_h + 29)) ] && [ "$raised_timeline_h" -le $((timeline_h + 30)) ] ||
-    fail "the timeline went from $timeline_h to $raised_timeline_h high, not up by the 30-pixel drag"
-  echo "ok: the timeline grew from $timeline_h to $raised_timeline_h"
+  expect_within "the timeline's height after a 30-pixel drag" "$raised_timeline_h" $((timeline_h + 29)) $((timeline_h + 30))
   expect "the viewer gave the same" $((raised_viewer_h + raised_timeline_h)) $((viewer_h + timeline_h))
   expect "the timeline keeps its bottom edge" $((raised_timeline_y + raised_timeline_h)) $((timeline_y + timeline_h))
   ;;
