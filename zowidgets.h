@@ -35,6 +35,11 @@
 #include <zowidgets/containers/FactoryGlobWrapperPanel.h>
 #include <zowidgets/containers/PageIndexTestPanel.h>
 #include <zowidgets/containers/PageIndexWidget.h>
+#include <zowidgets/containers/SimpleTabbedPanel.h>
+#include <zowidgets/containers/SpaceDivider.h>
+#include <zowidgets/containers/SpaceDividerTestPanel.h>
+#include <zowidgets/containers/SplitTabsWidget.h>
+#include <zowidgets/containers/SplitTabsWidgetTestPanel.h>
 #include <zowidgets/containers/WizardData.h>
 #include <zowidgets/containers/WizardPanel.h>
 #include <zowidgets/containers/WizardStagePanel.h>

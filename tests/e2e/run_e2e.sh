@@ -80,6 +80,7 @@ ipaddress) extra=(--gallery ipaddress) ;;
 emoji) extra=(--gallery multiline) ;;
 search) extra=(--gallery search) ;;
 credentials) extra=(--gallery credentials) ;;
+spacedivider) extra=(--gallery spacedivider) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -135,6 +136,11 @@ text() { sed -E 's/.*"text":"(([^"\\]|\\.)*)".*/\1/' <<<"$1"; }
 expect() {
   [ "$2" = "$3" ] || fail "$1: expected '$3', got '$2'"
   echo "ok: $1 = $3"
+}
+# LABEL VALUE LOW HIGH: the value lies from LOW to HIGH.
+expect_within() {
+  [ "$2" -ge "$3" ] && [ "$2" -le "$4" ] || fail "$1: expected $3 to $4, got $2"
+  echo "ok: $1 = $2"
 }
 
 state=$(ask state)
@@ -638,6 +644,36 @@ ipaddress)
   xdotool key ctrl+v Return
   sleep 0.3
   expect "address pasted into the camera entry" "$(field "$(ask 'widget TextLabel 1')" text)" 'Return gives: 10.1.2.3'
+  ;;
+spacedivider)
+  # The gallery page: bins (TextLabel 0) beside a viewer (1) over a timeline
+  # (2), a hairline between bins and viewer, a bar between viewer and
+  # timeline, and a status line (3) that names the bins' width.
+  read -r bins_x _ bins_w _ <<<"$(box "$(ask 'widget TextLabel 0')" box)"
+  read -r viewer_x _ viewer_w _ <<<"$(box "$(ask 'widget TextLabel 1')" box)"
+  total=$((bins_w + 1 + viewer_w))
+  read -r x y <<<"$(centre "$(ask 'widget DiscreetSplitter 0')" box)"
+  drag_to "$x" "$y" $((x + 60)) "$y"
+  sleep 0.3
+  read -r _ _ grown_w _ <<<"$(box "$(ask 'widget TextLabel 0')" box)"
+  read -r viewer_x _ viewer_w _ <<<"$(box "$(ask 'widget TextLabel 1')" box)"
+  # Let go, the division is read back over the whole width: it may settle a
+  # pixel short of the pointer.
+  expect_within "the bins' width after a 60-pixel drag" "$grown_w" $((bins_w + 59)) $((bins_w + 60))
+  expect "the viewer starts past the hairline" "$viewer_x" $((bins_x + grown_w + 1))
+  expect "the two sides still fill the divider" $((grown_w + 1 + viewer_w)) "$total"
+  expect "the divider reports the width on the screen" "$(field "$(ask 'widget TextLabel 3')" text | sed -E 's/.*bins ([0-9]+) pixels.*/\1/')" \
+    "$grown_w"
+  read -r _ viewer_y _ viewer_h <<<"$(box "$(ask 'widget TextLabel 1')" box)"
+  read -r _ timeline_y _ timeline_h <<<"$(box "$(ask 'widget TextLabel 2')" box)"
+  read -r x y <<<"$(centre "$(ask 'widget Splitter 0')" box)"
+  drag_to "$x" "$y" "$x" $((y - 30))
+  sleep 0.3
+  read -r _ _ _ raised_viewer_h <<<"$(box "$(ask 'widget TextLabel 1')" box)"
+  read -r _ raised_timeline_y _ raised_timeline_h <<<"$(box "$(ask 'widget TextLabel 2')" box)"
+  expect_within "the timeline's height after a 30-pixel drag" "$raised_timeline_h" $((timeline_h + 29)) $((timeline_h + 30))
+  expect "the viewer gave the same" $((raised_viewer_h + raised_timeline_h)) $((viewer_h + timeline_h))
+  expect "the timeline keeps its bottom edge" $((raised_timeline_y + raised_timeline_h)) $((timeline_y + timeline_h))
   ;;
 *)
   fail "unknown case"

@@ -100,9 +100,10 @@ TEST_F(IPAddressEntryBoxTest, IsAsWideAsItsBoxesAndTheirGaps) {
     CustomTextBox const* part = box(*withPort, index);
     EXPECT_EQ(part->width(), IPAddressEntryBox::calcBoxWidth(index < 4 ? L"999" : L"12345"));
     EXPECT_EQ(part->height(), withPort->height());
-    if (index > 0)
+    if (index > 0) {
       EXPECT_EQ(part->getX(),
                 box(*withPort, index - 1)->getX() + box(*withPort, index - 1)->width() + IPAddressEntryBox::gap());
+    }
   }
   EXPECT_LE(box(*withPort, 4)->getX() + box(*withPort, 4)->width(), withPort->width());
 }

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <zowidgets/containers/SpaceDivider.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
+
+// A demonstration for developers: a side-by-side divider whose right side is
+// a stacked divider, each side a labelled pane. Opened by the command
+// "Space Divider Test".
+class ZO_API SpaceDividerTestPanel : public StandardPanel {
+public:
+  static constexpr char const* kCommand = "Space Divider Test";
+
+  explicit SpaceDividerTestPanel(InitArgs const& args);
+  char const* idstring() const override { return "SpaceDividerTestPanel"; }
+
+  // Unset: where the toolkit puts new windows.
+  static SpaceDividerTestPanel* open(XY<int> screenPosition = XY<int>::unset());
+
+  // A pane of a divider named by its centred text, in the child-window
+  // colour, sized for its share.
+  static TextLabel::InitArgs paneArgs(Palette const& palette, wchar_t const* text);
+
+  SpaceDivider* getOuterDivider() const noexcept { return outer_; }
+  SpaceDivider* getInnerDivider() const noexcept { return inner_; }
+
+private:
+  SpaceDivider* outer_ = nullptr;
+  SpaceDivider* inner_ = nullptr;
+};
