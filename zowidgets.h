@@ -31,6 +31,8 @@
 #include <zowidgets/containers/DropDownHost.h>
 #include <zowidgets/containers/DropDownMessages.h>
 #include <zowidgets/containers/DropDownWidgetWithDtorNotify.h>
+#include <zowidgets/hints/Hint.h>
+#include <zowidgets/hints/HintWindow.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
 #include <zowidgets/host/base/CriticalSection.h>
