@@ -48,7 +48,7 @@ TEST_F(TipWindowPointer, OnATopTipItRunsAlongXAndStaysWhole) {
   int const depth = 2 * TipWindowBase::getTipDepth();
   Rgb const text = rgbOf(window->getPalette().text());
   // An offset at the very end is drawn a pointer's depth in, whole.
-  EXPECT_TRUE(near(at(*window, XY<int>(depth, tip.y1 - depth))), text));
+  EXPECT_TRUE(near(at(*window, XY<int>(depth, tip.y1 - depth)), text));
   EXPECT_TRUE(near(at(*window, XY<int>(depth, tip.y1 - 2)), text)) << "towards the point at the top edge";
   EXPECT_FALSE(near(at(*window, XY<int>(depth, tip.y1 - depth - 2)), text, 40)) << "nothing below its base";
 }
