@@ -46,6 +46,8 @@
 #include <zowidgets/containers/iWizardStage.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
 #include <zowidgets/fonts/FontText.h>
+#include <zowidgets/hints/Hint.h>
+#include <zowidgets/hints/HintWindow.h>
 #include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>

@@ -5,6 +5,7 @@
 #include "HtmlIndex.h"
 #include "PageWindows.h"
 
+#include <zowidgets/hints/HintWindow.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/Command.h>
@@ -75,7 +76,7 @@ TEST(GalleryCommands, CommandNamesBecomeFileSafe) {
 TEST_F(GalleryTest, EveryWidgetFamilyHasARegisteredPage) {
   std::vector<GalleryPage> const pages = allPages();
   for (char const* name : {"buttons", "menus", "menus-open", "text-entry", "values", "groups", "scrolling",
-                           "standard-panel", "icons", "commands"})
+                           "standard-panel", "icons", "hints", "commands"})
     EXPECT_NE(findPage(pages, name), nullptr) << name;
 }
 
@@ -104,6 +105,20 @@ TEST_F(GalleryTest, TheOpenMenuPageCapturesThePanelAndItsMenu) {
   Zo::Image::Surface const picture = capturePage(windows);
   EXPECT_GT(picture.height(), windows.main->height());
   EXPECT_GE(picture.width(), windows.main->width());
+}
+
+TEST_F(GalleryTest, TheHintsPageShowsItsHintRightOfTheExportButton) {
+  std::vector<GalleryPage> const pages = allPages();
+  PageWindows const windows = openPage(*findPage(pages, "hints"), context);
+  HintWindow* hint = HintWindow::showing();
+  ASSERT_NE(hint, nullptr);
+  EXPECT_EQ(windows.all.size(), 2u);
+  auto* button = dynamic_cast<PushButton*>(hint->getSibling());
+  ASSERT_NE(button, nullptr);
+  EXPECT_EQ(button->getLabel(), L"Export");
+  EXPECT_EQ(hint->getTopLevel(), windows.main);
+  EXPECT_GT(hint->screenPosition().x, button->screenPosition().x + button->width() - 1);
+  EXPECT_NE(hint->getLinkButton(), nullptr);
 }
 
 TEST_F(GalleryTest, BoxesBoundToOneValueFollowEachOtherWhenClicked) {

@@ -3,6 +3,7 @@
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/detail/GlobRegistry.h>
 
 #include <algorithm>
 
@@ -32,7 +33,11 @@ Canvas::Canvas(Glob* root, XY<int> screenPosition, XY<int> size)
 }
 
 Canvas::~Canvas() {
-  unmap();
+  // Gone with its root, which already told of its deletion: not "hidden".
+  if (mapped_) {
+    mapped_ = false;
+    screenBackend().canvasUnmapped(*this);
+  }
   std::erase(canvases(), this);
 }
 
@@ -46,6 +51,7 @@ void Canvas::move(XY<int> screenPosition) {
   position_ = screenPosition;
   if (mapped_)
     screenBackend().canvasMoved(*this);
+  GlobRegistry::announce(GlobManagerEvent::kMoved, root_);
 }
 
 void Canvas::resize(XY<int> size) {
@@ -57,6 +63,7 @@ void Canvas::resize(XY<int> size) {
   addDamage(Zo::Box<int>(0, 0, size.x, size.y));
   if (mapped_)
     screenBackend().canvasResized(*this);
+  GlobRegistry::announce(GlobManagerEvent::kResized, root_);
 }
 
 void Canvas::map() {
@@ -72,6 +79,7 @@ void Canvas::unmap() {
     return;
   mapped_ = false;
   screenBackend().canvasUnmapped(*this);
+  GlobRegistry::announce(GlobManagerEvent::kHidden, root_);
 }
 
 void Canvas::popToTop() {

@@ -8,10 +8,19 @@
 
 #include <algorithm>
 #include <cstring>
+#include <set>
+#include <string>
+#include <utility>
 
 namespace {
 XY<int> pendingRootPosition = XY<int>::unset();
+
+// (idstring, type name) pairs added by Glob::addTypeName.
+std::set<std::pair<std::string, std::string>>& typeNames() {
+  static std::set<std::pair<std::string, std::string>> names;
+  return names;
 }
+} // namespace
 
 Glob::Glob(GlobCreationInfo const& info)
     : requestedScreenPosition_(info.screenPosition), size_(info.size), oldSize_(info.size), border_(info.border),
@@ -25,6 +34,18 @@ Glob::Glob(GlobCreationInfo const& info)
 
 void Glob::setupRootPos(Canvas* relativeTo, XY<int> position) {
   pendingRootPosition = relativeTo ? relativeTo->getPosition() + position : position;
+}
+
+bool Glob::isType(char const* name) const {
+  if (!name)
+    return false;
+  char const* own = idstring();
+  return std::strcmp(own, name) == 0 || typeNames().count({own, name}) != 0;
+}
+
+void Glob::addTypeName(char const* idstring, char const* typeName) {
+  if (idstring && typeName)
+    typeNames().emplace(idstring, typeName);
 }
 
 Glob::~Glob() {

@@ -36,6 +36,13 @@ public:
   ~Glob() override;
 
   virtual char const* idstring() const { return "Glob"; }
+  // True when this widget is of the type `name`: its idstring is `name`, or
+  // `name` was registered for its idstring with addTypeName. Exact names
+  // only; base classes do not count.
+  bool isType(char const* name) const;
+  // Lets every widget whose idstring is `idstring` answer to `typeName` as
+  // well, for code that asks by a family name rather than a class name.
+  static void addTypeName(char const* idstring, char const* typeName);
   // What the desktop shows for this widget's window when it is a top-level
   // one: a panel's title. Empty for most widgets.
   virtual LightweightString<wchar_t> windowTitle() const { return {}; }

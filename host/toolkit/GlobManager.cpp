@@ -20,6 +20,8 @@ struct Registry {
   std::unordered_map<EventHandler const*, Glob*> byHandler;
   std::vector<Glob*> pendingDeletion;
   std::vector<Glob*> modal;
+  // (window, the modal window it belongs beside)
+  std::vector<std::pair<Glob*, Glob*>> besideModal;
   std::map<LightweightString<char>, GlobManager::Factory> factories;
 };
 
@@ -42,12 +44,14 @@ void deletePending() {
   }
 }
 
-void tell(GlobManagerEvent::eKind kind, Glob* widget) {
+} // namespace
+
+void GlobRegistry::announce(GlobManagerEvent::eKind kind, Glob* widget) {
+  if (!widget)
+    return;
   GlobManager::notifier().issueNotification(GlobManagerEvent{kind, widget, widget->handlerStamp()},
                                             NotifyMsgTypeDictionary::instance().anyType());
 }
-
-} // namespace
 
 void GlobRegistry::enrol(Glob* widget) {
   registry().live.insert(widget);
@@ -65,10 +69,12 @@ void GlobRegistry::withdraw(Glob* widget) {
   r.byHandler.erase(widget);
   std::erase(r.pendingDeletion, widget);
   std::erase(r.modal, widget);
+  std::erase_if(r.besideModal, [widget](auto const& pair) { return pair.first == widget || pair.second == widget; });
   InputRouter::forget(widget);
   GlobRegistry::forgetFocus(widget);
+  announce(GlobManagerEvent::kWidgetDeleted, widget);
   if (!widget->parent() && widget->canvas())
-    tell(GlobManagerEvent::kDeleted, widget);
+    announce(GlobManagerEvent::kDeleted, widget);
 }
 
 bool GlobRegistry::isLive(Glob const* widget) { return widget && registry().live.count(widget) != 0; }
@@ -122,7 +128,8 @@ void GlobManager::realize(Glob* root) {
   Canvas* canvas = root->canvas();
   canvas->popToTop();
   canvas->map();
-  tell(GlobManagerEvent::kRealized, root);
+  GlobRegistry::announce(GlobManagerEvent::kRealized, root);
+  GlobRegistry::announce(GlobManagerEvent::kActivated, root);
 }
 
 void GlobManager::requestDeletion(Glob* widget) {
@@ -144,7 +151,26 @@ void GlobManager::addModalGlob(Glob* root) {
     registry().modal.push_back(root);
 }
 
+void GlobManager::addModalGlob(Glob* root, Glob* modalOwner) {
+  if (is_good_glob_ptr(root) && is_good_glob_ptr(modalOwner) && root != modalOwner)
+    registry().besideModal.emplace_back(root, modalOwner);
+}
+
 void GlobManager::removeModalGlob(Glob* root) { std::erase(registry().modal, root); }
+
+bool GlobManager::refusesInput(Glob const* widget) {
+  Glob const* modal = currentModal();
+  if (!modal)
+    return false;
+  if (!widget)
+    return true;
+  Glob const* root = widget;
+  while (root->parent())
+    root = root->parent();
+  auto const& beside = registry().besideModal;
+  return root != modal && std::none_of(beside.begin(), beside.end(),
+                                       [&](auto const& pair) { return pair.first == root && pair.second == modal; });
+}
 
 bool GlobManager::isModal(Glob const* root) {
   auto const& modal = registry().modal;

@@ -5,9 +5,21 @@
 
 #include <functional>
 
-// What the window manager tells its listeners.
+// What the window manager tells its listeners. `glob` is a top-level window
+// for every kind but kWidgetDeleted. A kind 11 event may carry a window that
+// is being shown for the first time; a kWidgetDeleted one a widget that is
+// already half destroyed: compare its pointer, never call it.
 struct ZO_API GlobManagerEvent {
-  enum eKind : int { kRealized = 0, kDeleted = 1, kRaised = 2 };
+  enum eKind : int {
+    kRealized = 0,
+    kDeleted = 1, // a top-level window is being destroyed
+    kRaised = 2,
+    kMoved = 10,        // a window moved on the screen
+    kActivated = 11,    // a window came into use: shown, or a button pressed in it
+    kResized = 12,      // a window changed size
+    kHidden = 14,       // a window was taken off the screen (not destroyed)
+    kWidgetDeleted = 20 // any widget is being destroyed, its children still whole
+  };
   int kind = kRealized;
   Glob* glob = nullptr;
   IdStamp id;
@@ -42,6 +54,13 @@ public:
   static bool isDeletionPending(Glob const* widget);
   // While a modal window is up, input to other windows is refused.
   static void addModalGlob(Glob* root);
+  // Lets `root`, a window that belongs beside the modal window `modalOwner`,
+  // take input while that one is the modal window, without becoming modal
+  // itself (the owner keeps its input too). Forgotten when either dies.
+  static void addModalGlob(Glob* root, Glob* modalOwner);
+  // True when a modal window refuses input to `widget`: one is up, and the
+  // widget is neither in it nor in a window added beside it.
+  static bool refusesInput(Glob const* widget);
   static void removeModalGlob(Glob* root);
   static bool isModal(Glob const* root);
   static Glob* currentModal();

@@ -3,6 +3,7 @@
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
+#include <zowidgets/host/toolkit/detail/GlobRegistry.h>
 
 #include <algorithm>
 
@@ -77,7 +78,7 @@ Glob* widgetAt(XY<int> screen) {
   if (!canvas)
     return nullptr;
   Glob* root = canvas->root();
-  if (Glob* modal = GlobManager::currentModal(); modal && root != modal && !isParentedTo(root, modal))
+  if (GlobManager::refusesInput(root))
     return nullptr;
   XY<int> at = canvas->getPosition();
   return root->pick(XY<int>(screen.x - at.x, screen.y - at.y));
@@ -148,8 +149,10 @@ void InputRouter::mouseButton(XY<int> screen, int button, bool pressed, int modi
   if (pressed && !s.capture) {
     if (Glob* focusable = focusableAncestor(target))
       set_kbd_focus(focusable);
-    if (Canvas* canvas = target ? target->canvas() : nullptr)
+    if (Canvas* canvas = target ? target->canvas() : nullptr) {
       canvas->popToTop();
+      GlobRegistry::announce(GlobManagerEvent::kActivated, canvas->root());
+    }
   }
   Glob* taker = bubble(target, event);
   if (pressed && !s.capture)
@@ -176,9 +179,8 @@ void deliverKeyEvent(Event const& event) {
   if (interceptedFirst(event))
     return;
   Glob* target = get_kbd_focus();
-  Glob* modal = GlobManager::currentModal();
-  if (modal && target != modal && !isParentedTo(target, modal))
-    target = modal;
+  if (GlobManager::refusesInput(target))
+    target = GlobManager::currentModal();
   if (!target) {
     std::vector<Glob*> windows = GlobManager::topLevelWindows();
     target = windows.empty() ? nullptr : windows.back();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zowidgets/host/base/Export.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 
 class EventHandler;
 class Glob;
@@ -16,6 +17,8 @@ bool isLive(Glob const* widget);
 // The live widget whose event-handler part this is; null for a handler that
 // is no live widget (never dereferenced, so a dead one is safe to ask about).
 Glob* liveGlobOf(EventHandler const* handler);
+// Tells GlobManager's listeners that this happened to `widget`.
+void announce(GlobManagerEvent::eKind kind, Glob* widget);
 // Drops the keyboard focus if `widget` holds it, without telling anyone.
 void forgetFocus(Glob* widget);
 } // namespace GlobRegistry

@@ -36,9 +36,17 @@ XY<int> StatusMessage::standardSpacing() { return XY<int>(UifStd::getWidgetGap()
 
 Colour StatusMessage::getBaseColour() { return StatusMessageLook::current().window; }
 
-XY<int> StatusMessage::calcSize(UIString const& text, eWidgetRelativity relativity, unsigned flags) {
+XY<int> StatusMessage::okButtonSize() {
   StatusMessageLook const look = StatusMessageLook::current();
-  XY<int> const spacing = standardSpacing();
+  return XY<int>(look.buttonWidth, look.buttonHeight);
+}
+
+XY<int> StatusMessage::calcSize(UIString const& text, eWidgetRelativity relativity, unsigned flags) {
+  return calcSize(text, relativity, flags, standardSpacing());
+}
+
+XY<int> StatusMessage::calcSize(UIString const& text, eWidgetRelativity relativity, unsigned flags, XY<int> spacing) {
+  StatusMessageLook const look = StatusMessageLook::current();
   XY<int> const laidOut = MessageText::analyse(text).size;
   XY<int> inner(laidOut.x + 2 * spacing.x, laidOut.y + 2 * spacing.y);
   if (flags & kOkButton) {

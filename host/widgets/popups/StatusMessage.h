@@ -34,10 +34,14 @@ public:
   // The outer size of a message showing `text` with its tip on the side
   // `relativity` names and these flags, at the standard spacing.
   static XY<int> calcSize(UIString const& text, eWidgetRelativity relativity, unsigned flags);
+  // The same with `spacing` round the text instead of the standard spacing.
+  static XY<int> calcSize(UIString const& text, eWidgetRelativity relativity, unsigned flags, XY<int> spacing);
   // The window colour status messages are drawn on.
   static Colour getBaseColour();
   // A widget gap beside, above and below the text.
   static XY<int> standardSpacing();
+  // The size of the footer's OK button.
+  static XY<int> okButtonSize();
 
   // OK was pressed: closes the window. Whoever acts on the acknowledgement
   // does so here, after this base's version.

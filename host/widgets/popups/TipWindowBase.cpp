@@ -30,7 +30,8 @@ WidgetSurround tipRoom(eWidgetRelativity relativity) {
 
 } // namespace
 
-TipWindowBase::TipWindowBase(InitArgs const& args) : Glob(args), direction_(args.relativity) {
+TipWindowBase::TipWindowBase(InitArgs const& args)
+    : Glob(args), direction_(args.relativity), pointerOffset_(args.pointerOffset) {
   if (!args.hasBorder)
     setBorder(getDefaultBorder());
 }
@@ -125,6 +126,32 @@ void TipWindowBase::drawBorder(CanvasRenderer& renderer) {
     frame.outlineWidth = thickness;
     renderer.renderPrimitive(frame);
   }
-  if (Zo::Box<int> const tip = getTipBox(); !tip.empty())
+  if (Zo::Box<int> const tip = getTipBox(); !tip.empty()) {
     renderer.renderPrimitive(Glib::RectDescription(tip, palette.selection()));
+    drawPointer(renderer, tip);
+  }
+}
+
+// A triangle in the text colour, twice as deep as the tip band: its point on
+// the band's outer edge at the pointer offset, its base inside the window, so
+// that the band shows which part of it faces the anchor.
+void TipWindowBase::drawPointer(CanvasRenderer& renderer, Zo::Box<int> const& tip) const {
+  if (pointerOffset_ < 0)
+    return;
+  bool const alongX = direction_ == kRelativeAbove || direction_ == kRelativeBelow;
+  double const length = alongX ? tip.width() : tip.height();
+  double const depth = 2.0 * (alongX ? tip.height() : tip.width());
+  double const at = std::clamp<double>(pointerOffset_, depth, std::max(depth, length - depth));
+  // Measured across from the window edge the band lies on; the outer edge
+  // faces the anchor: the top edge for a window below it, and so on.
+  bool const edgeIsHigh = direction_ == kRelativeBelow || direction_ == kRelativeLeft;
+  XY<double> const edge(edgeIsHigh && !alongX ? tip.x1 : tip.x0, edgeIsHigh && alongX ? tip.y1 : tip.y0);
+  double const inward = edgeIsHigh ? -depth : depth;
+  auto point = [&](double along, double across) {
+    return alongX ? XY<double>(edge.x + along, edge.y + across) : XY<double>(edge.x + across, edge.y + along);
+  };
+  Glib::TriangleStripDescription pointer;
+  pointer.points = {point(at - depth, inward), point(at + depth, inward), point(at, 0.0)};
+  pointer.colours = {getPalette().text()};
+  renderer.renderPrimitive(pointer);
 }

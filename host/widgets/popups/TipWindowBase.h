@@ -13,6 +13,11 @@ public:
     InitArgs() = default;
     explicit InitArgs(XY<int> size) : GlobCreationInfo(size) {}
     eWidgetRelativity relativity = kRelativeBelow;
+    // Where along the tip the thing the window belongs to lies, in pixels
+    // from the tip's left end (a tip along the top or bottom edge) or its
+    // bottom end (a tip along a side); the tip then carries a pointer there.
+    // -1: no pointer, for a window lying wholly beside its anchor.
+    int pointerOffset = -1;
   };
 
   explicit TipWindowBase(InitArgs const& args);
@@ -37,6 +42,7 @@ public:
   // The frame used when the creation record has none.
   static Border getDefaultBorder();
 
+  int getPointerOffset() const noexcept { return pointerOffset_; }
   // Moves the tip; the user area shifts, the outer size stays.
   void setRelativeDirection(eWidgetRelativity relativity);
   eWidgetRelativity getRelativeDirection() const noexcept { return direction_; }
@@ -48,5 +54,8 @@ protected:
   void drawBorder(CanvasRenderer& renderer) override;
 
 private:
+  void drawPointer(CanvasRenderer& renderer, Zo::Box<int> const& tip) const;
+
   eWidgetRelativity direction_;
+  int pointerOffset_;
 };

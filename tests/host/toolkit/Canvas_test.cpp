@@ -237,7 +237,8 @@ TEST_F(CanvasTest, TheManagerTellsListenersOfRealizedAndDeletedWindows) {
   std::vector<int> kinds;
   auto listener = Zo::Ptr<iCallbackBase<int, GlobManagerEvent>>(
       new FunctionCallback<GlobManagerEvent, int>([&](GlobManagerEvent const& e) {
-        kinds.push_back(e.kind);
+        if (e.kind == GlobManagerEvent::kRealized || e.kind == GlobManagerEvent::kDeleted)
+          kinds.push_back(e.kind);
         return 0;
       }));
   auto guard = GlobManager::notifier().addListener(listener, NotifyMsgTypeDictionary::instance().anyType());

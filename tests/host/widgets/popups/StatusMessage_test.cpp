@@ -88,6 +88,28 @@ TEST_F(StatusMessageTest, ItIsSizedToItsTextAndTip) {
   EXPECT_EQ(message->getPalette().window().get_vlib_colour(), StatusMessage::getBaseColour().get_vlib_colour());
 }
 
+TEST_F(StatusMessageTest, ItCanBeSizedForOtherSpacingAndTellsItsOkButtonsSize) {
+  UIString const text(L"Drag a clip here");
+  XY<int> const standard = StatusMessage::calcSize(text, kRelativeNone, StatusMessage::kOkButton);
+  XY<int> const spacing = StatusMessage::standardSpacing();
+  EXPECT_EQ(StatusMessage::calcSize(text, kRelativeNone, StatusMessage::kOkButton, spacing), standard);
+  XY<int> const roomier = spacing + XY<int>(5, 7);
+  // Beside the text twice; above it, below it and above the footer.
+  EXPECT_EQ(StatusMessage::calcSize(text, kRelativeNone, StatusMessage::kOkButton, roomier),
+            standard + XY<int>(10, 21));
+
+  StatusMessage::InitArgs args(text, kRelativeNone);
+  args.spacing = roomier;
+  args.size = StatusMessage::calcSize(text, kRelativeNone, StatusMessage::kOkButton, roomier);
+  args.screenPosition = XY<int>(100, 100);
+  auto* message = new StatusMessage(args);
+  GlobManager::realize(message);
+  Button* ok = message->getOkButton();
+  EXPECT_EQ(ok->getSize(), StatusMessage::okButtonSize());
+  EXPECT_EQ(ok->getY(), message->getMarginArea().y0);
+  EXPECT_EQ(message->getMarginArea().y0 - TipWindowBase::getDefaultBorder().bottom(), roomier.y);
+}
+
 TEST_F(StatusMessageTest, OkAcknowledgesOnceAndCloses) {
   int acknowledged = 0;
   StatusMessage::InitArgs args(UIString(L"New: the trim tool"), kRelativeAbove);
