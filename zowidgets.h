@@ -31,6 +31,11 @@
 #include <zowidgets/containers/DropDownHost.h>
 #include <zowidgets/containers/DropDownMessages.h>
 #include <zowidgets/containers/DropDownWidgetWithDtorNotify.h>
+#include <zowidgets/diagnostics/GlobDetailsView.h>
+#include <zowidgets/diagnostics/GlobInspector.h>
+#include <zowidgets/diagnostics/GlobTreePanel.h>
+#include <zowidgets/diagnostics/InfoWidget.h>
+#include <zowidgets/diagnostics/LabelledLine.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
 #include <zowidgets/host/base/CriticalSection.h>

@@ -92,6 +92,11 @@ public:
   void setResizable(bool resizable) { resizable_ = resizable; }
   bool isResizable() const noexcept { return resizable_; }
 
+  // The point, in this widget's coordinates, where a tool window acts: the
+  // spot an inspector looks through at what lies under it. (0, 0) unless set.
+  void setHotSpot(XY<int> spot) noexcept { hotSpot_ = spot; }
+  XY<int> getHotSpot() const noexcept { return hotSpot_; }
+
   Border const& getBorder() const noexcept { return border_; }
   virtual void setBorder(Border const& border);
   // The area children are placed in by the User... positions, in this
@@ -151,6 +156,13 @@ public:
   virtual void setActive(bool active, eRedrawFlag redraw);
   Palette const& getPalette() const;
   virtual void setPalette(Palette const& palette);
+  // Whether this widget was given a palette of its own, and dropping it to
+  // use its parent's again.
+  bool hasOwnPalette() const noexcept { return palette_ != nullptr; }
+  void inheritPalette();
+  // A heavy widget has a window of its own on the screen (a realized
+  // top-level widget); a light one draws into its top-level widget's window.
+  bool isLightweight() const noexcept { return !ownCanvas_; }
 
   // --- Drawing --------------------------------------------------------------
   // Marks the whole widget for repainting. Painting happens at once, or when
@@ -265,6 +277,7 @@ private:
   XY<int> oldSize_;
   XY<int> minSize_;
   XY<int> maxSize_;
+  XY<int> hotSpot_;
   Border border_;
   std::unique_ptr<Palette> palette_; // null: the parent's
   WidgetPosition placement_;
