@@ -31,23 +31,23 @@ int BorderEdges::reach(Border const& border) {
 
 void BorderEdges::drawShapedEdge(CanvasRenderer& renderer, Border const& border, XY<int> size, Palette const& palette) {
   double const t = border.thickness();
-  // Lines are centred on their path: half a thickness in keeps them inside.
-  Zo::Box<double> const path(t / 2, t / 2, size.x - t / 2, size.y - t / 2);
+  // The outline is a band of that thickness inside the box.
+  Zo::Box<double> const box(0, 0, size.x, size.y);
   switch (border.type()) {
   case Border::kRounded:
     renderer.renderPrimitive(
-        Glib::RoundedRectDescription(path, cornerRadius(), Colour::invalid(), palette.window(4), t));
+        Glib::RoundedRectDescription(box, cornerRadius(), Colour::invalid(), palette.window(4), t));
     break;
   case Border::kDarkenedRounded:
     renderer.renderPrimitive(
-        Glib::RoundedRectDescription(path, cornerRadius(), Colour::invalid(), palette.window(-6), t));
+        Glib::RoundedRectDescription(box, cornerRadius(), Colour::invalid(), palette.window(-6), t));
     break;
   case Border::kMenu:
     renderer.renderPrimitive(
-        Glib::RoundedRectDescription(path, 0.0, Colour::invalid(), palette.text().mix(palette.window(), 0.5), t));
+        Glib::RoundedRectDescription(box, 0.0, Colour::invalid(), palette.text().mix(palette.window(), 0.5), t));
     break;
   case Border::kDropMenu:
-    renderer.renderPrimitive(Glib::RoundedRectDescription(path, 0.0, Colour::invalid(), palette.selection(), t));
+    renderer.renderPrimitive(Glib::RoundedRectDescription(box, 0.0, Colour::invalid(), palette.selection(), t));
     break;
   default:
     break;
