@@ -31,6 +31,11 @@
 #include <zowidgets/containers/DropDownHost.h>
 #include <zowidgets/containers/DropDownMessages.h>
 #include <zowidgets/containers/DropDownWidgetWithDtorNotify.h>
+#include <zowidgets/containers/SimpleTabbedPanel.h>
+#include <zowidgets/containers/SpaceDivider.h>
+#include <zowidgets/containers/SpaceDividerTestPanel.h>
+#include <zowidgets/containers/SplitTabsWidget.h>
+#include <zowidgets/containers/SplitTabsWidgetTestPanel.h>
 #include <zowidgets/diagnostics/GlobDetailsView.h>
 #include <zowidgets/diagnostics/GlobInspector.h>
 #include <zowidgets/diagnostics/GlobTreePanel.h>

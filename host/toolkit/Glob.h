@@ -86,11 +86,26 @@ public:
   virtual void resize(double width, double height);
   void setDimensions(XY<int> size) { resize(size.x, size.y); }
   void setMinSize(XY<int> size) { minSize_ = size; }
-  XY<int> getMinSize() const noexcept { return minSize_; }
+  // Virtual so that a container can report what its children need.
+  virtual XY<int> getMinSize() const { return minSize_; }
   void setMaxSize(XY<int> size) { maxSize_ = size; }
   XY<int> getMaxSize() const noexcept { return maxSize_; }
   void setResizable(bool resizable) { resizable_ = resizable; }
   bool isResizable() const noexcept { return resizable_; }
+  // Which edges of this widget are on the move while its parent shares out
+  // its space anew (a splitter being dragged): eResizeDirection bits, set by
+  // the parent around the sizes it gives, 0 at rest. A widget may read them
+  // in resize(), to draw cheaply while kResizeLive is set, say.
+  enum eResizeDirection : unsigned {
+    kResizeLeft = 1,
+    kResizeRight = 2,
+    kResizeBottom = 4,
+    kResizeTop = 8,
+    kResizeLive = 16,  // a drag is under way
+    kResizeFinal = 32, // the drag has just ended
+  };
+  void setResizeDirection(unsigned flags) noexcept { resizeDirection_ = flags; }
+  unsigned getResizeDirection() const noexcept { return resizeDirection_; }
 
   // The point, in this widget's coordinates, where a tool window acts: the
   // spot an inspector looks through at what lies under it. (0, 0) unless set.
@@ -291,6 +306,7 @@ private:
   bool persistable_ = true;
   bool dirty_ = false;
   bool resizable_ = true;
+  unsigned resizeDirection_ = 0;
   bool laying_out_ = false;
   bool paintsOpaquely_ = false;
   int paintCount_ = 0;

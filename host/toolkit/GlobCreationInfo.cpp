@@ -10,7 +10,8 @@ GlobCreationInfo::GlobCreationInfo(XY<int> size) : size(size) {}
 GlobCreationInfo::GlobCreationInfo(GlobCreationInfo const& other)
     : size(other.size), parent(other.parent), screenPosition(other.screenPosition),
       palette(other.palette ? std::make_unique<Palette>(*other.palette) : nullptr), border(other.border),
-      hasBorder(other.hasBorder), className(other.className), config(other.config) {}
+      hasBorder(other.hasBorder), className(other.className), useParentAllotment(other.useParentAllotment),
+      config(other.config) {}
 
 GlobCreationInfo& GlobCreationInfo::operator=(GlobCreationInfo const& other) {
   if (this != &other) {
@@ -22,6 +23,7 @@ GlobCreationInfo& GlobCreationInfo::operator=(GlobCreationInfo const& other) {
     border = copy.border;
     hasBorder = copy.hasBorder;
     className = copy.className;
+    useParentAllotment = copy.useParentAllotment;
     config = std::move(copy.config);
   }
   return *this;

@@ -41,5 +41,8 @@ struct ZO_API GlobCreationInfo {
   Border border;
   bool hasBorder = false;
   LightweightString<char> className; // for GlobManager::createGlob
+  // Asks a container that makes the widget in a place of its choosing to
+  // size it for that place rather than for the container's whole area.
+  bool useParentAllotment = false;
   configb config;
 };
