@@ -129,7 +129,12 @@ void GlobInspector::draw(CanvasRenderer& renderer) {
   // Emptying is left to the message: the rows are being painted now.
   if (targetHasGone())
     sendMessageWithData(kTargetGoneMsg, this, nullptr);
-  double const side = UifStd::getWidgetGap() * 1.5;
+}
+
+void GlobInspector::drawBorder(CanvasRenderer& renderer) {
+  MessageBase::drawBorder(renderer);
+  // The hot spot's mark goes over the rows, which reach down to it.
+  double const side = UifStd::getRowHeight() / 2.0;
   XY<double> const corner(getHotSpot().x, getHotSpot().y);
   renderer.renderPrimitive(Glib::TriangleFanDescription{
       {corner, XY<double>(corner.x + side, corner.y), XY<double>(corner.x, corner.y + side)},

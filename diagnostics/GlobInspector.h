@@ -58,6 +58,7 @@ public:
 
 protected:
   void draw(CanvasRenderer& renderer) override;
+  void drawBorder(CanvasRenderer& renderer) override;
 
 private:
   static constexpr char const* kTargetGoneMsg = "GlobInspectorTargetGone";

@@ -1,3 +1,4 @@
+#include <zowidgets/containers/SpaceDivider.h>
 #include <zowidgets/diagnostics/GlobDetailsView.h>
 #include <zowidgets/diagnostics/GlobTreePanel.h>
 #include <zowidgets/diagnostics/detail/GlobFacts.h>
@@ -7,7 +8,6 @@
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/lists/TreeView.h>
-#include <zowidgets/host/widgets/panels/Splitter.h>
 
 #include <functional>
 
@@ -75,17 +75,18 @@ GlobTreePanel::GlobTreePanel(InitArgs const& args) : MessageBase(args) {
 GlobTreePanel::~GlobTreePanel() = default;
 
 void GlobTreePanel::makeDivision() {
-  Zo::Box<int> const area = getUserArea();
-  TreeView::InitArgs treeArgs(XY<int>(treeWidth(), area.height()));
+  XY<int> const area = getUserArea().getDimensions();
+  SpaceDivider::InitArgs dividerArgs(area, kSideBySide, static_cast<float>(treeWidth()) / static_cast<float>(area.x));
+  dividerArgs.setBorder(Border());
+  auto* divider = createWidget<SpaceDivider>(dividerArgs, UserTopLeft(0, 0));
+  TreeView::InitArgs treeArgs(area);
   treeArgs.adaptor = this;
   treeArgs.setBorder(Border());
-  tree_ = createWidget<TreeView>(treeArgs, UserTopLeft(0, 0));
-  Splitter::InitArgs splitterArgs(kSideBySide, area.height());
-  splitterArgs.resizesNeighbours = true;
-  Splitter* splitter = createWidget<Splitter>(splitterArgs, RightOf(0, tree_));
-  details_ = createWidget<GlobDetailsView>(
-      GlobCreationInfo(XY<int>(area.width() - tree_->width() - splitter->width(), area.height())),
-      RightOf(0, splitter));
+  treeArgs.useParentAllotment = true;
+  tree_ = divider->createWidgetX<TreeView>(treeArgs, SpaceDivider::kFirstWidget);
+  GlobCreationInfo detailsArgs(area);
+  detailsArgs.useParentAllotment = true;
+  details_ = divider->createWidgetX<GlobDetailsView>(detailsArgs, SpaceDivider::kSecondWidget);
 }
 
 WString GlobTreePanel::idOf(Glob const& widget) { return GlobFacts::stampText(widget.handlerStamp()); }

@@ -12,9 +12,9 @@ struct GlobManagerEvent;
 struct TreeViewEvent;
 
 // The live widget tree of every window but its own, in a window titled
-// "Glob Tree": a tree on the left, one item per widget, its type and size
-// ("StandardPanel, 300, 200"); the details of the selected widget on the
-// right. An item's id is its widget's stamp, so a selection never reaches a
+// "Glob Tree", divided by a SpaceDivider: a tree on the left, one item per
+// widget, its type and size ("StandardPanel, 300, 200"); the details of the
+// selected widget on the right. An item's id is its widget's stamp, so a selection never reaches a
 // widget that has gone.
 //
 // It follows the tree: windows made or destroyed are heard from the

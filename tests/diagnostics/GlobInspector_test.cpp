@@ -48,6 +48,8 @@ TEST_F(InspectorTest, AChordPicksTheWidgetUnderTheHotSpotAndListsItsAncestors) {
   EXPECT_EQ(inspector->getSize(), GlobInspector::calcSizeFor(swatch));
   EXPECT_GT(inspector->height(), GlobInspector::calcSizeFor(nullptr).y);
   EXPECT_EQ(inspector->screenPosition(), spot) << "it grows from its hot spot, which stays put";
+  EXPECT_EQ(rgbOf(widgetPixel(*inspector, XY<int>(1, 1))), rgbOf(inspector->getPalette().selection()))
+      << "the hot spot's mark shows over the rows";
   // The rows stack downwards from the top of the user area.
   Glob const* first = inspector->getInfoWidgets()[0];
   Glob const* second = inspector->getInfoWidgets()[1];
