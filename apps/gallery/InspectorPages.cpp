@@ -1,6 +1,6 @@
 // The developer's inspector at work: a small panel, and an inspector whose
-// hot spot sits on the panel's button, showing the button and its window, the
-// button highlighted. The commands' own pages open the tools bare.
+// hot spot sits on a corner of the panel's button, showing the button and
+// its window, the button highlighted. The commands' own pages open the tools bare.
 #include "PageLayout.h"
 
 #include <zowidgets/diagnostics/GlobInspector.h>
@@ -17,13 +17,15 @@ Glob* buildInspectorPage(PageContext const& context) {
   StandardPanel* panel = openPageWindow(context, XY<int>(m.row * 10, 3 * m.row + 2 * m.gap), L"Inspected panel");
   TextLabel::InitArgs label(XY<int>(m.row * 6, m.row));
   label.text = L"Clip name";
-  auto* legend = panel->createWidget<TextLabel>(label, Glob::UserTopLeft(m.gap, m.gap));
-  auto* button =
-      panel->createWidget<Button>(Button::InitArgs(L"Render", XY<int>(m.row * 4, m.row)), Glob::Below(m.gap, legend));
+  panel->createWidget<TextLabel>(label, Glob::UserTopLeft(m.gap, m.gap));
+  auto* button = panel->createWidget<Button>(Button::InitArgs(L"Render", XY<int>(m.row * 4, m.row)),
+                                             Glob::UserBottomRight(m.gap, m.gap));
   GlobManager::redisplay();
 
-  // The inspector's hot spot on the button, as a drag and a chord put it.
-  XY<int> const spot = button->screenPosition() + XY<int>(button->width() / 2, button->height() / 2);
+  // The inspector's hot spot on the button's bottom-right corner, as a drag
+  // and a chord put it: growing up and right from there, it leaves the rest
+  // of the panel in sight.
+  XY<int> const spot = button->screenPosition() + XY<int>(button->width() - 2, 1);
   GlobInspector::InitArgs args(GlobCreationInfo(GlobInspector::calcSizeFor(button)));
   args.screenPosition = spot;
   args.target = button;
