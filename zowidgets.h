@@ -44,6 +44,11 @@
 #include <zowidgets/containers/WizardPanel.h>
 #include <zowidgets/containers/WizardStagePanel.h>
 #include <zowidgets/containers/iWizardStage.h>
+#include <zowidgets/diagnostics/GlobDetailsView.h>
+#include <zowidgets/diagnostics/GlobInspector.h>
+#include <zowidgets/diagnostics/GlobTreePanel.h>
+#include <zowidgets/diagnostics/InfoWidget.h>
+#include <zowidgets/diagnostics/LabelledLine.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
 #include <zowidgets/fonts/FontText.h>
 #include <zowidgets/hints/Hint.h>

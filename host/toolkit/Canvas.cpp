@@ -138,6 +138,14 @@ Canvas* Canvas::atScreenPoint(XY<int> point) {
   return nullptr;
 }
 
+Glob* Canvas::widgetAtScreenPoint(XY<int> point, Canvas const* lookThrough) {
+  auto const& list = canvases();
+  for (auto it = list.rbegin(); it != list.rend(); ++it)
+    if (*it != lookThrough && (*it)->mapped_ && (*it)->screenBox().contains(point))
+      return (*it)->root_->pick(point - (*it)->position_);
+  return nullptr;
+}
+
 std::vector<Canvas*> const& Canvas::stack() { return canvases(); }
 
 void Canvas::paintAllPending() {

@@ -49,6 +49,10 @@ public:
 
   // The canvas under a screen point, front first; null when none.
   static Canvas* atScreenPoint(XY<int> point);
+  // The deepest visible widget under a screen point, in the front window
+  // there, looking through the window `lookThrough` (an inspector over what
+  // it inspects); null when no window is there.
+  static Glob* widgetAtScreenPoint(XY<int> point, Canvas const* lookThrough = nullptr);
   // Every canvas, back to front.
   static std::vector<Canvas*> const& stack();
   // Paints every canvas that has damage.

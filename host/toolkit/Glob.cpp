@@ -186,6 +186,11 @@ void Glob::setPalette(Palette const& palette) {
   invalidate();
 }
 
+void Glob::inheritPalette() {
+  palette_.reset();
+  invalidate();
+}
+
 int Glob::react(Event const&) { return 0; }
 
 void Glob::drop(int) {}

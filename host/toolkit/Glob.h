@@ -114,6 +114,11 @@ public:
   void setResizeDirection(unsigned flags) noexcept { resizeDirection_ = flags; }
   unsigned getResizeDirection() const noexcept { return resizeDirection_; }
 
+  // The point, in this widget's coordinates, where a tool window acts: the
+  // spot an inspector looks through at what lies under it. (0, 0) unless set.
+  void setHotSpot(XY<int> spot) noexcept { hotSpot_ = spot; }
+  XY<int> getHotSpot() const noexcept { return hotSpot_; }
+
   Border const& getBorder() const noexcept { return border_; }
   virtual void setBorder(Border const& border);
   // The area children are placed in by the User... positions, in this
@@ -173,6 +178,13 @@ public:
   virtual void setActive(bool active, eRedrawFlag redraw);
   Palette const& getPalette() const;
   virtual void setPalette(Palette const& palette);
+  // Whether this widget was given a palette of its own, and dropping it to
+  // use its parent's again.
+  bool hasOwnPalette() const noexcept { return palette_ != nullptr; }
+  void inheritPalette();
+  // A heavy widget has a window of its own on the screen (a realized
+  // top-level widget); a light one draws into its top-level widget's window.
+  bool isLightweight() const noexcept { return !ownCanvas_; }
 
   // --- Drawing --------------------------------------------------------------
   // Marks the whole widget for repainting. Painting happens at once, or when
@@ -287,6 +299,7 @@ private:
   XY<int> oldSize_;
   XY<int> minSize_;
   XY<int> maxSize_;
+  XY<int> hotSpot_;
   Border border_;
   std::unique_ptr<Palette> palette_; // null: the parent's
   WidgetPosition placement_;

@@ -6,6 +6,7 @@
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/toolkit/detail/BorderEdges.h>
 
 #include <algorithm>
 #include <cmath>
@@ -80,29 +81,43 @@ void Glob::drawBackground(CanvasRenderer& renderer) {
 
 void Glob::draw(CanvasRenderer&) {}
 
-void Glob::drawBorder(CanvasRenderer& renderer) {
-  int const thickness = border_.thickness();
-  if (border_.type() == 0 || thickness <= 0)
-    return;
-  // A repaint of the inside (one row of a long panel) leaves the edges alone.
-  Zo::Box<int> inner = canvasBox();
-  inner = Zo::Box<int>(inner.x0 + thickness, inner.y0 + thickness, inner.x1 - thickness, inner.y1 - thickness);
-  if (inner.intersect(renderer.clipBox()) == renderer.clipBox())
-    return;
-  Palette const& palette = getPalette();
+namespace {
+
+void drawBevelledEdge(CanvasRenderer& renderer, Border const& border, XY<int> size, Palette const& palette) {
   // Raised edges are light at the top left and dark at the bottom right;
   // sunken ones the other way round; flat ones one colour.
   Colour light = palette.window(3);
   Colour dark = palette.window(-3);
-  if (border_.type() == 3)
+  if (border.type() == Border::kSunken)
     std::swap(light, dark);
-  if (border_.type() == 1)
+  if (border.type() == Border::kFlat)
     light = dark = palette.window(-2);
-  int const w = width(), h = height(), t = thickness;
+  int const w = size.x, h = size.y, t = border.thickness();
   renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, h - t, w, h), light));
   renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, t, h - t), light));
   renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(t, 0, w, t), dark));
   renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(w - t, t, w, h - t), dark));
+}
+
+} // namespace
+
+void Glob::drawBorder(CanvasRenderer& renderer) {
+  int const reach = BorderEdges::reach(border_);
+  if (reach <= 0)
+    return;
+  // A repaint of the inside (one row of a long panel) leaves the edges alone.
+  Zo::Box<int> inner = canvasBox();
+  inner = Zo::Box<int>(inner.x0 + reach, inner.y0 + reach, inner.x1 - reach, inner.y1 - reach);
+  if (inner.intersect(renderer.clipBox()) == renderer.clipBox())
+    return;
+  Palette const& palette = getPalette();
+  XY<int> const size(width(), height());
+  if (border_.type() > Border::kSunken)
+    BorderEdges::drawShapedEdge(renderer, border_, size, palette);
+  else if (border_.type() != Border::kNone && border_.thickness() > 0)
+    drawBevelledEdge(renderer, border_, size, palette);
+  if (border_.hasShadow())
+    BorderEdges::drawShadow(renderer, border_, size);
 }
 
 Glob* Glob::pick(XY<int> point) {

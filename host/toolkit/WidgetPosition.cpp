@@ -1,4 +1,7 @@
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/toolkit/WidgetPosition.h>
+
+#include <array>
 
 namespace {
 
@@ -84,4 +87,38 @@ void Border::setMargins(int left, int right, int top, int bottom) {
 int Border::calcMarginSize(int sides) const noexcept {
   return ((sides & 1) ? left_ : 0) + ((sides & 2) ? right_ : 0) + ((sides & 4) ? top_ : 0) +
          ((sides & 8) ? bottom_ : 0);
+}
+
+namespace {
+
+struct StyleEdge {
+  int type;
+  int thickness;
+};
+
+// Indexed by Border::eStyle.
+constexpr std::array<StyleEdge, Border::kStyleCount> kStyleEdges{{
+    {Border::kNone, 0},
+    {Border::kMenu, 1},
+    {Border::kDropMenu, 2},
+    {Border::kRounded, 1},
+    {Border::kRaised, 1},
+    {Border::kDarkenedRounded, 2},
+    {Border::kFlat, 1},
+}};
+
+} // namespace
+
+Border Border::forStyle(int style) {
+  if (style <= kNoBorder || style >= kStyleCount)
+    return Border();
+  StyleEdge const edge = kStyleEdges[static_cast<std::size_t>(style)];
+  return Border(edge.type, edge.thickness, UifStd::getWidgetGap());
+}
+
+int Border::style() const noexcept {
+  for (int style = 0; style < kStyleCount; ++style)
+    if (kStyleEdges[static_cast<std::size_t>(style)].type == type_)
+      return style;
+  return -1;
 }

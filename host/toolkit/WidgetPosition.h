@@ -40,11 +40,34 @@ struct ZO_API WidgetSurround {
 };
 
 // A frame inside a widget's edge. The type picks a style of edge (0 none,
-// 1 flat line, 2 raised, 3 sunken, up to kLastBorderType); the margins say how
-// far the user area lies inside the edge.
+// 1 flat line, 2 raised, 3 sunken, then the rounded and menu edges below, up
+// to kLastBorderType); the margins say how far the user area lies inside the
+// edge. A shadow darkens the bottom and right edges, inside the widget's box.
 class ZO_API Border {
 public:
   static constexpr int kLastBorderType = 15;
+  enum eType : int {
+    kNone = 0,
+    kFlat = 1,
+    kRaised = 2,
+    kSunken = 3,
+    kRounded = 4,         // a light rounded line
+    kDarkenedRounded = 5, // a dark rounded band
+    kMenu = 6,            // a thin line in the text colour, as menus have
+    kDropMenu = 7,        // a thicker line in the selection colour
+  };
+  // The named styles a window can be given, each one edge type with its
+  // thickness and the standard margin.
+  enum eStyle : int {
+    kNoBorder = 0,
+    kMenuBorder,
+    kDropMenuBorder,
+    kCurvedPanelBorder,
+    kSquarePanelBorder,
+    kDarkenedRoundedRect,
+    kLineBorder,
+    kStyleCount,
+  };
 
   Border() = default;
   // A uniform margin with no drawn edge.
@@ -62,6 +85,13 @@ public:
   // The total of the margins on the sides `sides` names: bit 1 left, 2 right,
   // 4 top, 8 bottom.
   int calcMarginSize(int sides) const noexcept;
+  // The border of a named style (eStyle); out-of-range styles give none.
+  static Border forStyle(int style);
+  // The named style this border's edge type belongs to; -1 for a type that
+  // no style uses (sunken, and the unnamed types).
+  int style() const noexcept;
+  void setShadow(bool shadow) noexcept { shadow_ = shadow; }
+  bool hasShadow() const noexcept { return shadow_; }
 
   friend bool operator==(Border const&, Border const&) = default;
 
@@ -72,6 +102,7 @@ private:
   int right_ = 0;
   int top_ = 0;
   int bottom_ = 0;
+  bool shadow_ = false;
 };
 
 // Where a child goes in its parent. Coordinates are bottom-up: x grows to the

@@ -1,11 +1,13 @@
 #include "GalleryPagePanel.h"
 
+#include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 namespace {
@@ -24,6 +26,14 @@ LightweightString<wchar_t> textOf(Glob const& widget) {
     return label->getString().getString();
   if (auto const* lines = dynamic_cast<MultiLineTextBox const*>(&widget))
     return lines->getString();
+  // An inspector's row: its lines one after another, its pairs as drawn.
+  if (auto const* row = dynamic_cast<GlobInspector::InfoWidget const*>(&widget)) {
+    std::wstring text;
+    for (LabelledLine const& line : row->describe())
+      for (LabelledValue const& pair : line)
+        text += (text.empty() ? L"" : L" ") + pair.label.str() + pair.value.str();
+    return LightweightString<wchar_t>(text);
+  }
   return {};
 }
 

@@ -79,6 +79,7 @@ tabs | splitter) extra=(--containers) ;;
 ipaddress) extra=(--gallery ipaddress) ;;
 emoji) extra=(--gallery multiline) ;;
 search) extra=(--gallery search) ;;
+inspector) extra=(--gallery inspector) ;;
 credentials) extra=(--gallery credentials) ;;
 spacedivider) extra=(--gallery spacedivider) ;;
 esac
@@ -674,6 +675,26 @@ spacedivider)
   expect_within "the timeline's height after a 30-pixel drag" "$raised_timeline_h" $((timeline_h + 29)) $((timeline_h + 30))
   expect "the viewer gave the same" $((raised_viewer_h + raised_timeline_h)) $((viewer_h + timeline_h))
   expect "the timeline keeps its bottom edge" $((raised_timeline_y + raised_timeline_h)) $((timeline_y + timeline_h))
+  ;;
+inspector)
+  # The inspector page: a panel with a label and a button, and a Glob
+  # Inspector whose marked bottom-left corner (its hot spot) sits on the
+  # button. Drag the inspector by its title until the corner is on the label,
+  # then press left and right together on it: it inspects the label.
+  expect "the page's inspector shows the button" "$(text "$(ask 'widget InfoWidget 0')" | cut -d' ' -f1,2)" \
+    'Type Button'
+  read -r lx ly <<<"$(centre "$(ask 'widget TextLabel 0')" box)"
+  read -r ix iy iw ih <<<"$(box "$(ask 'widget GlobInspector 0')" box)"
+  title_x=$((ix + iw / 2))
+  title_y=$((iy + 6))
+  drag_to "$title_x" "$title_y" $((title_x + lx - ix)) $((title_y + ly - (iy + ih - 1)))
+  sleep 0.3
+  read -r ix iy iw ih <<<"$(box "$(ask 'widget GlobInspector 0')" box)"
+  expect "the hot spot dragged onto the label" "$ix $((iy + ih - 1))" "$lx $ly"
+  xdotool mousemove $((ix + iw / 2)) $((iy + 6)) mousedown 1 mousedown 3 mouseup 3 mouseup 1
+  sleep 0.3
+  expect "the chord inspects the label" "$(text "$(ask 'widget InfoWidget 0')" | cut -d' ' -f1,2)" 'Type TextLabel'
+  expect "its window's row follows" "$(text "$(ask 'widget InfoWidget 1')" | cut -d' ' -f1,2)" 'Type StandardPanel'
   ;;
 *)
   fail "unknown case"
