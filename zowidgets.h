@@ -31,8 +31,11 @@
 #include <zowidgets/containers/DropDownHost.h>
 #include <zowidgets/containers/DropDownMessages.h>
 #include <zowidgets/containers/DropDownWidgetWithDtorNotify.h>
+#include <zowidgets/fonts/FontChooserPanel.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
+#include <zowidgets/fonts/FontItem.h>
 #include <zowidgets/fonts/FontText.h>
+#include <zowidgets/fonts/RecentFonts.h>
 #include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
