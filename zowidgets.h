@@ -31,11 +31,15 @@
 #include <zowidgets/containers/DropDownHost.h>
 #include <zowidgets/containers/DropDownMessages.h>
 #include <zowidgets/containers/DropDownWidgetWithDtorNotify.h>
+#include <zowidgets/fonts/FontChooserButton.h>
 #include <zowidgets/fonts/FontChooserPanel.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
+#include <zowidgets/fonts/FontDefinitionServer.h>
 #include <zowidgets/fonts/FontItem.h>
+#include <zowidgets/fonts/FontLegend.h>
 #include <zowidgets/fonts/FontText.h>
 #include <zowidgets/fonts/RecentFonts.h>
+#include <zowidgets/fonts/TitledFontChooserButton.h>
 #include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
