@@ -35,6 +35,7 @@
 #include <zowidgets/fonts/FontChooserPanel.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
 #include <zowidgets/fonts/FontDefinitionServer.h>
+#include <zowidgets/fonts/FontEditor.h>
 #include <zowidgets/fonts/FontItem.h>
 #include <zowidgets/fonts/FontLegend.h>
 #include <zowidgets/fonts/FontText.h>
