@@ -147,12 +147,14 @@ void FontChooserPanel::addFooter() {
   bold_->setCallback(guarded(this, &FontChooserPanel::toggleBold));
 
   FontDefinition const font = font_->get();
+  // Wide enough for a swatch beside the chevron.
+  XY<int> const swatchButton(row * 2, row);
   DropDownColourPickerButton::InitArgs text(
-      XY<int>(row, row), ColourPicker::InitArgs(ColourPicker::kDefaultFlags, ColourData(font.fgColour)));
+      swatchButton, ColourPicker::InitArgs(ColourPicker::kDefaultFlags, ColourData(font.fgColour)));
   text.callback = guarded(this, &FontChooserPanel::handleFGChange);
   textColour_ = createWidget<DropDownColourPickerButton>(text, Glob::UserBottomLeft(0, 0));
   DropDownColourPickerButton::InitArgs background(
-      XY<int>(row, row), ColourPicker::InitArgs(ColourPicker::kDefaultFlags, ColourData(font.bgColour)));
+      swatchButton, ColourPicker::InitArgs(ColourPicker::kDefaultFlags, ColourData(font.bgColour)));
   background.callback = guarded(this, &FontChooserPanel::handleBGChange);
   backgroundColour_ = createWidget<DropDownColourPickerButton>(background, Glob::RightOf(gap, textColour_));
   for (DropDownColourPickerButton* button : {textColour_, backgroundColour_})
@@ -209,6 +211,7 @@ void FontChooserPanel::applyFilter(LightweightString<wchar_t> const& text) {
   criteria_ = TextSearch::Criteria(text);
   filterItems();
   tree_->refresh(1);
+  selectFamily(font_->get());
 }
 
 void FontChooserPanel::filterItems() {
@@ -307,7 +310,12 @@ void FontChooserPanel::showFont(FontDefinition const& font) {
   italic_->setNewWidgetValue(italic, kRedrawNow);
   textColour_->setColour(font.fgColour);
   backgroundColour_->setColour(font.bgColour);
-  iTreeViewAdaptor::Item const* current = tree_->itemAt(tree_->getSelectedIndex());
+  selectFamily(font);
+}
+
+void FontChooserPanel::selectFamily(FontDefinition const& font) {
+  int const selected = tree_->getSelectedIndex();
+  iTreeViewAdaptor::Item const* current = selected < 0 ? nullptr : tree_->itemAt(selected);
   if (current && FontItem::fromID(current->id).wideName() == font.name)
     return;
   if (!tree_->setSelectedItem(getSelectedFontID()))

@@ -92,6 +92,8 @@ private:
   void setFont(FontDefinition const& font);
   // Shows the value's style and colours, and selects its family.
   void showFont(FontDefinition const& font);
+  // Selects the family's row unless a row of it is selected already.
+  void selectFamily(FontDefinition const& font);
   void watchFont(ValServer<FontDefinition>* server);
   // The items the criteria let through, by index.
   void filterItems();
