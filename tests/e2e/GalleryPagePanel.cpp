@@ -1,6 +1,7 @@
 #include "GalleryPagePanel.h"
 
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
@@ -24,7 +25,15 @@ LightweightString<wchar_t> textOf(Glob const& widget) {
     return label->getString().getString();
   if (auto const* lines = dynamic_cast<MultiLineTextBox const*>(&widget))
     return lines->getString();
+  if (auto const* button = dynamic_cast<Button const*>(&widget))
+    return button->getLabel();
   return {};
+}
+
+// The family a button's label is drawn in; empty for the interface font.
+std::string familyOf(Glob const& widget) {
+  auto const* button = dynamic_cast<Button const*>(&widget);
+  return button ? button->getFont().family().str() : std::string();
 }
 
 } // namespace
@@ -54,5 +63,6 @@ std::string GalleryPagePanel::widgetJson(std::string const& className, int index
     return "{\"error\":" + quote("no " + className + " " + std::to_string(index)) + "}";
   Glob const& widget = *found[static_cast<std::size_t>(index)];
   Zo::Box<int> const box = Zo::Box<int>(0, 0, widget.width(), widget.height()).translated(widget.screenPosition());
-  return "{\"box\":" + toScreen(box) + ",\"text\":" + quote(toNarrow(textOf(widget))) + "}";
+  return "{\"box\":" + toScreen(box) + ",\"text\":" + quote(toNarrow(textOf(widget))) +
+         ",\"family\":" + quote(familyOf(widget)) + "}";
 }
