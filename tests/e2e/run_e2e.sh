@@ -539,7 +539,7 @@ fontbutton)
   expect "the picked family is on the button" "$(field "$button" text)" 'Noto Mono'
   expect "the legend is drawn in it" "$(field "$button" family)" 'Noto Mono'
   # Bold, 24 points, the new family.
-  grep -q ',1,24,Noto Mono"' <<<"$(ask 'widget TextLabel 1')" || fail "the label missed the change: $(ask 'widget TextLabel 1')"
+  grep -q ',1,24,Noto Mono"' <<<"$(ask 'widget TextLabel 0')" || fail "the label missed the change: $(ask 'widget TextLabel 0')"
   # A click elsewhere closes the chooser; the wheel over the button then
   # steps to the next family, still drawn in itself.
   xdotool mousemove 1200 700 click 1
@@ -570,7 +570,7 @@ search)
   xdotool type --delay 60 'interview'
   xdotool key Return
   sleep 0.3
-  expect "the filter finds the interviews" "$(field "$(ask 'widget TextLabel 1')" text)" \
+  expect "the filter finds the interviews" "$(field "$(ask 'widget TextLabel 0')" text)" \
     '2 found: Reel 1 interview, Reel 2 interview'
   # The filter's button is now the clear button: a press empties the box.
   read -r x y w h <<<"$(box "$(ask 'widget TextFilterWidget 0')" box)"
@@ -650,7 +650,7 @@ ipaddress)
   xdotool type --delay 80 '172.16.0.25'
   xdotool key Return
   sleep 0.3
-  expect "camera address typed with dots" "$(field "$(ask 'widget TextLabel 1')" text)" 'Return gives: 172.16.0.25'
+  expect "camera address typed with dots" "$(field "$(ask 'widget TextLabel 0')" text)" 'Return gives: 172.16.0.25'
   click_box 8
   xdotool key End key --delay 30 --repeat 22 BackSpace
   sleep 0.3
@@ -671,12 +671,12 @@ ipaddress)
   click_box 1
   xdotool key ctrl+v Return
   sleep 0.3
-  expect "text with dots that is no address changes nothing" "$(field "$(ask 'widget TextLabel 1')" text)" \
+  expect "text with dots that is no address changes nothing" "$(field "$(ask 'widget TextLabel 0')" text)" \
     'Return gives: 172.16.0.25'
   copy_elsewhere ' 10.1.2.3 '
   xdotool key ctrl+v Return
   sleep 0.3
-  expect "address pasted into the camera entry" "$(field "$(ask 'widget TextLabel 1')" text)" 'Return gives: 10.1.2.3'
+  expect "address pasted into the camera entry" "$(field "$(ask 'widget TextLabel 0')" text)" 'Return gives: 10.1.2.3'
   ;;
 *)
   fail "unknown case"
