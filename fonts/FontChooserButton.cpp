@@ -67,6 +67,5 @@ void FontChooserButton::handleMouseWheelDelta(int delta) {
   FontDefinition font = font_.get();
   font.name = LightweightString<wchar_t>::fromUTF8(fonts[static_cast<std::size_t>(next)].family().view());
   // At either end the font is written all the same, and its listeners told.
-  font_.preNotifyValChanged(kDataChangeAll);
-  font_.updateAndNotify(font);
+  setFontWithNotices(font_, font);
 }

@@ -1,6 +1,7 @@
 #include <zowidgets/fonts/FontChooserPanel.h>
 
 #include <zowidgets/colour/DropDownColourPickerButton.h>
+#include <zowidgets/fonts/FontDefinitionServer.h>
 #include <zowidgets/host/base/NotifyMsgTypeDictionary.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
@@ -47,8 +48,6 @@ std::vector<LightweightString<char>> installedFamilies() {
   families.erase(std::unique(families.begin(), families.end(), equalIgnoringCase), families.end());
   return families;
 }
-
-NormalisedRGB asRGB(ColourData const& colour) { return colour.toNormalisedRGB(); }
 
 } // namespace
 
@@ -245,38 +244,37 @@ int FontChooserPanel::handleTreeEvent(TreeViewEvent const& event) {
   return 0;
 }
 
-void FontChooserPanel::setFont(FontDefinition const& font) {
-  font_->preNotifyValChanged(kDataChangeAll);
-  font_->updateAndNotify(font);
+void FontChooserPanel::setFont(FontDefinition const& font) { setFontWithNotices(*font_, font); }
+
+void FontChooserPanel::setStyleBit(unsigned bit, bool on) {
+  FontDefinition font = font_->get();
+  font.style = static_cast<unsigned char>(on ? font.style | bit : font.style & ~bit);
+  setFont(font);
+}
+
+void FontChooserPanel::setColour(NormalisedRGB FontDefinition::*colour, ColourData const& value) {
+  FontDefinition font = font_->get();
+  font.*colour = value.toNormalisedRGB();
+  setFont(font);
 }
 
 int FontChooserPanel::toggleBold(CheckboxEvent const& event) {
-  FontDefinition font = font_->get();
-  font.style = static_cast<unsigned char>(event.checked ? font.style | Glib::FontDesc::kBold
-                                                        : font.style & ~Glib::FontDesc::kBold);
-  setFont(font);
+  setStyleBit(Glib::FontDesc::kBold, event.checked);
   return 0;
 }
 
 int FontChooserPanel::toggleItalic(CheckboxEvent const& event) {
-  FontDefinition font = font_->get();
-  font.style = static_cast<unsigned char>(event.checked ? font.style | Glib::FontDesc::kItalic
-                                                        : font.style & ~Glib::FontDesc::kItalic);
-  setFont(font);
+  setStyleBit(Glib::FontDesc::kItalic, event.checked);
   return 0;
 }
 
 int FontChooserPanel::handleFGChange(ColourPickerEvent const& event) {
-  FontDefinition font = font_->get();
-  font.fgColour = asRGB(event.colour);
-  setFont(font);
+  setColour(&FontDefinition::fgColour, event.colour);
   return 0;
 }
 
 int FontChooserPanel::handleBGChange(ColourPickerEvent const& event) {
-  FontDefinition font = font_->get();
-  font.bgColour = asRGB(event.colour);
-  setFont(font);
+  setColour(&FontDefinition::bgColour, event.colour);
   return 0;
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 class Checkbox;
+class ColourData;
 class DropDownColourPickerButton;
 class TextFilterWidget;
 class TreeView;
@@ -90,6 +91,8 @@ private:
   void addFooter();
   // Sets the value with the notices before and after.
   void setFont(FontDefinition const& font);
+  void setStyleBit(unsigned bit, bool on);
+  void setColour(NormalisedRGB FontDefinition::*colour, ColourData const& value);
   // Shows the value's style and colours, and selects its family.
   void showFont(FontDefinition const& font);
   // Selects the family's row unless a row of it is selected already.

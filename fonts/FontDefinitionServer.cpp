@@ -15,3 +15,8 @@ void FontDefinitionServer::assignQuietly(FontDefinition const& font) {
   updateAndNotify(font);
   quiet_ = false;
 }
+
+void setFontWithNotices(ValServer<FontDefinition>& server, FontDefinition const& font) {
+  server.preNotifyValChanged(kDataChangeAll);
+  server.updateAndNotify(font);
+}

@@ -19,3 +19,7 @@ public:
 private:
   bool quiet_ = false;
 };
+
+// Sets a font value as a user's edit does: a notice before, the value, a
+// notice after, even when the font is unchanged.
+ZO_API void setFontWithNotices(ValServer<FontDefinition>& server, FontDefinition const& font);
