@@ -570,7 +570,7 @@ search)
   xdotool type --delay 60 'interview'
   xdotool key Return
   sleep 0.3
-  expect "the filter finds the interviews" "$(field "$(ask 'widget TextLabel 0')" text)" \
+  expect "the filter finds the interviews" "$(field "$(ask 'widget TextLabel 1')" text)" \
     '2 found: Reel 1 interview, Reel 2 interview'
   # The filter's button is now the clear button: a press empties the box.
   read -r x y w h <<<"$(box "$(ask 'widget TextFilterWidget 0')" box)"
@@ -650,7 +650,7 @@ ipaddress)
   xdotool type --delay 80 '172.16.0.25'
   xdotool key Return
   sleep 0.3
-  expect "camera address typed with dots" "$(field "$(ask 'widget TextLabel 0')" text)" 'Return gives: 172.16.0.25'
+  expect "camera address typed with dots" "$(field "$(ask 'widget TextLabel 1')" text)" 'Return gives: 172.16.0.25'
   click_box 8
   xdotool key End key --delay 30 --repeat 22 BackSpace
   sleep 0.3
@@ -671,12 +671,12 @@ ipaddress)
   click_box 1
   xdotool key ctrl+v Return
   sleep 0.3
-  expect "text with dots that is no address changes nothing" "$(field "$(ask 'widget TextLabel 0')" text)" \
+  expect "text with dots that is no address changes nothing" "$(field "$(ask 'widget TextLabel 1')" text)" \
     'Return gives: 172.16.0.25'
   copy_elsewhere ' 10.1.2.3 '
   xdotool key ctrl+v Return
   sleep 0.3
-  expect "address pasted into the camera entry" "$(field "$(ask 'widget TextLabel 0')" text)" 'Return gives: 10.1.2.3'
+  expect "address pasted into the camera entry" "$(field "$(ask 'widget TextLabel 1')" text)" 'Return gives: 10.1.2.3'
   ;;
 *)
   fail "unknown case"
