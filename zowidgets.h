@@ -49,8 +49,16 @@
 #include <zowidgets/diagnostics/GlobTreePanel.h>
 #include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/diagnostics/LabelledLine.h>
+#include <zowidgets/fonts/FontChooserButton.h>
+#include <zowidgets/fonts/FontChooserPanel.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
+#include <zowidgets/fonts/FontDefinitionServer.h>
+#include <zowidgets/fonts/FontEditor.h>
+#include <zowidgets/fonts/FontItem.h>
+#include <zowidgets/fonts/FontLegend.h>
 #include <zowidgets/fonts/FontText.h>
+#include <zowidgets/fonts/RecentFonts.h>
+#include <zowidgets/fonts/TitledFontChooserButton.h>
 #include <zowidgets/hints/Hint.h>
 #include <zowidgets/hints/HintWindow.h>
 #include <zowidgets/host/base/AtomicFile.h>

@@ -2,6 +2,7 @@
 
 #include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
@@ -34,7 +35,15 @@ LightweightString<wchar_t> textOf(Glob const& widget) {
         text += (text.empty() ? L"" : L" ") + pair.label.str() + pair.value.str();
     return LightweightString<wchar_t>(text);
   }
+  if (auto const* button = dynamic_cast<Button const*>(&widget))
+    return button->getLabel();
   return {};
+}
+
+// The family a button's label is drawn in; empty for the interface font.
+std::string familyOf(Glob const& widget) {
+  auto const* button = dynamic_cast<Button const*>(&widget);
+  return button ? button->getFont().family().str() : std::string();
 }
 
 } // namespace
@@ -64,5 +73,6 @@ std::string GalleryPagePanel::widgetJson(std::string const& className, int index
     return "{\"error\":" + quote("no " + className + " " + std::to_string(index)) + "}";
   Glob const& widget = *found[static_cast<std::size_t>(index)];
   Zo::Box<int> const box = Zo::Box<int>(0, 0, widget.width(), widget.height()).translated(widget.screenPosition());
-  return "{\"box\":" + toScreen(box) + ",\"text\":" + quote(toNarrow(textOf(widget))) + "}";
+  return "{\"box\":" + toScreen(box) + ",\"text\":" + quote(toNarrow(textOf(widget))) +
+         ",\"family\":" + quote(familyOf(widget)) + "}";
 }

@@ -82,6 +82,7 @@ search) extra=(--gallery search) ;;
 inspector) extra=(--gallery inspector) ;;
 credentials) extra=(--gallery credentials) ;;
 spacedivider) extra=(--gallery spacedivider) ;;
+fontbutton) extra=(--gallery fontbutton) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -518,6 +519,44 @@ credentials)
   *) fail "Connect sends the request: got '$status'" ;;
   esac
   case "$status" in *s3cret*) fail "the password shows in the status line" ;; esac
+  ;;
+fontbutton)
+  # The font button page: a titled button on a bold Liberation Serif, and
+  # a label showing the font's text form.
+  button=$(ask 'widget FontChooserButton 0')
+  expect "the button shows its family" "$(field "$button" text)" 'Liberation Serif'
+  expect "in that family" "$(field "$button" family)" 'Liberation Serif'
+  read -r x y <<<"$(centre "$button" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.5
+  filter=$(ask 'widget TextBox 0')
+  grep -q '"box"' <<<"$filter" || fail "the chooser did not open: $filter"
+  read -r fx fy <<<"$(centre "$filter" box)"
+  xdotool mousemove "$fx" "$fy" click 1
+  sleep 0.2
+  xdotool type --delay 60 'noto mono'
+  sleep 0.3
+  row=$(ask 'widget TreeRow 0')
+  grep -q '"box"' <<<"$row" || fail "the filter left no row: $row"
+  grep -q '"error"' <<<"$(ask 'widget TreeRow 1')" || fail "the filter left more than Noto Mono"
+  read -r rx ry <<<"$(centre "$row" box)"
+  xdotool mousemove "$rx" "$ry" click 1
+  sleep 0.3
+  button=$(ask 'widget FontChooserButton 0')
+  expect "the picked family is on the button" "$(field "$button" text)" 'Noto Mono'
+  expect "the legend is drawn in it" "$(field "$button" family)" 'Noto Mono'
+  # Bold, 24 points, the new family.
+  grep -q ',1,24,Noto Mono"' <<<"$(ask 'widget TextLabel 0')" || fail "the label missed the change: $(ask 'widget TextLabel 0')"
+  # A click elsewhere closes the chooser; the wheel over the button then
+  # steps to the next family, still drawn in itself.
+  xdotool mousemove 1200 700 click 1
+  sleep 0.3
+  xdotool mousemove "$x" "$y" click 5
+  sleep 0.5
+  button=$(ask 'widget FontChooserButton 0')
+  next=$(field "$button" text)
+  [ -n "$next" ] && [ "$next" != 'Noto Mono' ] || fail "the wheel did not step: $button"
+  expect "the stepped family is drawn in itself" "$(field "$button" family)" "$next"
   ;;
 search)
   # The search page: a search box, a filter box and a magnifier button whose

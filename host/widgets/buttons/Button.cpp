@@ -162,6 +162,24 @@ void Button::setFaceColour(Colour const& colour, eRedrawFlag redraw) {
     invalidate();
 }
 
+void Button::setFont(Glib::FontDesc const& font, eRedrawFlag redraw) {
+  font_ = font;
+  if (autoResize_)
+    fitWidth();
+  if (redraw != kNoRedraw)
+    invalidate();
+}
+
+Glib::FontDesc Button::labelFont() const {
+  Glib::FontDesc const standard = UifStd::getFont();
+  Glib::FontDesc used = font_;
+  if (used.family().empty())
+    used.setFamily(standard.family());
+  if (used.size() == 0)
+    used.setSize(standard.size());
+  return used;
+}
+
 void Button::setAutoResize(bool autoResize) {
   autoResize_ = autoResize;
   if (autoResize_)
@@ -170,7 +188,7 @@ void Button::setAutoResize(bool autoResize) {
 
 void Button::fitWidth() {
   int const iconRoom = iconSide() == 0 ? 0 : iconSide() + UifStd::getWidgetGap();
-  int const wanted = calcWidth(UIString(displayText())) + iconRoom + (width() - labelBox().width());
+  int const wanted = calcWidth(UIString(displayText()), labelFont()) + iconRoom + (width() - labelBox().width());
   if (wanted != width())
     resize(wanted, height());
 }
@@ -278,7 +296,7 @@ void Button::drawLabel(CanvasRenderer& renderer, Zo::Box<int> const& box) const 
     else
       area.x0 += side + UifStd::getWidgetGap();
   }
-  Glib::TextDescription description(text, area, UifStd::getFont(), labelColour(), Glib::eTextAlignment::Centre);
+  Glib::TextDescription description(text, area, labelFont(), labelColour(), Glib::eTextAlignment::Centre);
   renderer.renderPrimitive(description);
   if (style_ == kStyleLink && tracker_.isHovered()) {
     Zo::Box<double> const bounds = description.calcBounds();

@@ -111,6 +111,10 @@ public:
   // Invalid colours go back to the palette's.
   void setTextColour(Colour const& colour, eRedrawFlag redraw = kRedrawNow);
   void setFaceColour(Colour const& colour, eRedrawFlag redraw = kRedrawNow);
+  // The font the label is drawn in; FontDesc() (the default) is the
+  // interface font, and an empty family or a size of 0 take the interface's.
+  void setFont(Glib::FontDesc const& font, eRedrawFlag redraw = kRedrawNow);
+  Glib::FontDesc const& getFont() const noexcept { return font_; }
   void setAutoResize(bool autoResize);
 
   // The width a button needs for this label in this font (default font when
@@ -143,6 +147,8 @@ protected:
 
 private:
   void fitWidth();
+  // The label's font with the interface's family and size filled in.
+  Glib::FontDesc labelFont() const;
   // The glyph, if any, then the label.
   LightweightString<wchar_t> displayText() const;
   // The side of the icon's square; 0 without an icon.
@@ -156,6 +162,7 @@ private:
   std::string iconName_;
   Colour textColour_ = Colour::invalid();
   Colour faceColour_ = Colour::invalid();
+  Glib::FontDesc font_;
   int style_ = kStyleRaised;
   int state_ = 0;
   wchar_t glyph_ = 0;

@@ -1,0 +1,321 @@
+#include <zowidgets/fonts/FontChooserPanel.h>
+
+#include <zowidgets/colour/DropDownColourPickerButton.h>
+#include <zowidgets/fonts/FontDefinitionServer.h>
+#include <zowidgets/host/base/NotifyMsgTypeDictionary.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/lists/TreeView.h>
+#include <zowidgets/host/widgets/text/TextBox.h>
+#include <zowidgets/textentry/TextFilterWidget.h>
+#include <zowidgets/values/notify/UIThreadCallbackDupe.h>
+
+#include <algorithm>
+#include <cwctype>
+
+namespace {
+
+constexpr ResId kBoldLabel = 11670;
+constexpr ResId kItalicLabel = 11675;
+constexpr int kRowsAcross = 10;
+constexpr int kRowsDown = 15;
+
+// A call into the panel from one of its widgets, dropped once the panel has
+// gone; on the interface thread it runs at once.
+template <class Event>
+typename Broadcaster<Event>::Callback guarded(FontChooserPanel* panel, int (FontChooserPanel::*method)(Event const&)) {
+  using Callback = iCallbackBase<int, Event>;
+  return typename Broadcaster<Event>::Callback{
+      UIThreadCallbackDupe<Event>::guarded(
+          Zo::Ptr<Callback>(new MethodCallback<FontChooserPanel, Event>(panel, method)), panel),
+      0};
+}
+
+bool lessIgnoringCase(LightweightString<char> const& a, LightweightString<char> const& b) {
+  return std::lexicographical_compare(a.view().begin(), a.view().end(), b.view().begin(), b.view().end(),
+                                      [](char x, char y) { return std::towlower(x) < std::towlower(y); });
+}
+
+bool equalIgnoringCase(LightweightString<char> const& a, LightweightString<char> const& b) {
+  return !lessIgnoringCase(a, b) && !lessIgnoringCase(b, a);
+}
+
+// The installed families, sorted and made unique without regard to case.
+std::vector<LightweightString<char>> installedFamilies() {
+  std::vector<LightweightString<char>> families = Glib::getAvailableFonts();
+  std::stable_sort(families.begin(), families.end(), lessIgnoringCase);
+  families.erase(std::unique(families.begin(), families.end(), equalIgnoringCase), families.end());
+  return families;
+}
+
+} // namespace
+
+FontChooserPanel::InitArgs::InitArgs(ValServer<FontDefinition>* font, LightweightString<char> recentFontsKey)
+    : StandardPanel::InitArgs(GlobCreationInfo(calcSize())), font(font), recentFontsKey(std::move(recentFontsKey)) {
+  setBorder(FontChooserPanel::border());
+}
+
+Border FontChooserPanel::border() {
+  Border edge(0, 0, 15);
+  int const margin = UifStd::getWidgetGap();
+  edge.setMargins(margin, margin, margin, margin);
+  return edge;
+}
+
+XY<int> FontChooserPanel::calcSize() {
+  int const row = UifStd::getRowHeight();
+  return calcPanelSize(XY<int>(row * kRowsAcross, row * kRowsDown), 0, border());
+}
+
+std::vector<FontChooserPanel::FontItem> FontChooserPanel::getFontList(RecentFonts const& recent) {
+  std::vector<LightweightString<char>> const families = installedFamilies();
+  std::vector<FontItem> items;
+  items.reserve(recent.size() + families.size());
+  for (LightweightString<wchar_t> const& name : recent) {
+    LightweightString<char> const utf8 = name.toUTF8();
+    auto const found = std::lower_bound(families.begin(), families.end(), utf8, lessIgnoringCase);
+    if (found != families.end() && equalIgnoringCase(*found, utf8))
+      items.emplace_back(*found, kRecentFont);
+  }
+  for (LightweightString<char> const& family : families)
+    items.emplace_back(family, kOrdinaryFont);
+  return items;
+}
+
+std::vector<Glib::FontDesc> FontChooserPanel::getFontList(LightweightString<char> const& key) {
+  std::vector<Glib::FontDesc> fonts;
+  for (FontItem const& item : getFontList(RecentFonts(key)))
+    fonts.push_back(item.font());
+  return fonts;
+}
+
+FontChooserPanel::FontChooserPanel(InitArgs const& args)
+    : StandardPanel(args), font_(args.font ? args.font : &ownFont_), recent_(args.recentFontsKey),
+      items_(getFontList(recent_)) {
+  Drawable::Suspender const oneRepaint;
+  setResizable(true);
+  filterItems();
+  addFilter();
+  addTree();
+  addFooter();
+  watchFont(font_);
+  showFont(font_->get());
+}
+
+FontChooserPanel::~FontChooserPanel() {
+  fontGuard_.reset();
+  if (fontChosen_)
+    recent_.add(font_->get().name);
+}
+
+void FontChooserPanel::addFilter() {
+  Zo::Box<int> const user = getUserArea();
+  filter_ = createWidget<TextFilterWidget>(TextSearchWidget::InitArgs(XY<int>(user.width(), UifStd::getRowHeight())),
+                                           Glob::UserTopLeft(0, 0));
+  // Return and the search button search; typing narrows the list at once,
+  // and the clear button empties the box without a search.
+  filter_->addListener(guarded(this, &FontChooserPanel::handleFiltering));
+  filter_->getTextBox()->addListener(guarded(this, &FontChooserPanel::handleTyping));
+  filter_->getButton()->setCallback(
+      Broadcaster<ButtonEvent>::makeCallback([this, stamp = EventHandler::stampOf(this)](ButtonEvent const&) {
+        if (EventHandler::valid(this, stamp))
+          applyFilter(filter_->getString());
+      }));
+}
+
+void FontChooserPanel::addTree() {
+  TreeView::InitArgs args{GlobCreationInfo(calcTreeSize())};
+  args.adaptor = this;
+  tree_ = createWidget<TreeView>(args, Glob::Below(UifStd::getWidgetGap(), filter_));
+  tree_->setAppearance(TreeView::kFlat);
+  tree_->setScrollbarDisplay(TreeView::kScrollbarAsNeeded);
+  tree_->addListener(guarded(this, &FontChooserPanel::handleTreeEvent));
+}
+
+void FontChooserPanel::addFooter() {
+  int const row = UifStd::getRowHeight();
+  int const gap = UifStd::getWidgetGap();
+  UIString const italicLabel(kItalicLabel);
+  UIString const boldLabel(kBoldLabel);
+  italic_ = createWidget<Checkbox>(Checkbox::InitArgs(italicLabel, XY<int>(Checkbox::calcWidth(italicLabel), row)),
+                                   Glob::UserBottomRight(0, 0));
+  italic_->setCallback(guarded(this, &FontChooserPanel::toggleItalic));
+  bold_ = createWidget<Checkbox>(Checkbox::InitArgs(boldLabel, XY<int>(Checkbox::calcWidth(boldLabel), row)),
+                                 Glob::LeftOf(gap, italic_));
+  bold_->setCallback(guarded(this, &FontChooserPanel::toggleBold));
+
+  FontDefinition const font = font_->get();
+  // Wide enough for a swatch beside the chevron.
+  XY<int> const swatchButton(row * 2, row);
+  DropDownColourPickerButton::InitArgs text(
+      swatchButton, ColourPicker::InitArgs(ColourPicker::kDefaultFlags, ColourData(font.fgColour)));
+  text.callback = guarded(this, &FontChooserPanel::handleFGChange);
+  textColour_ = createWidget<DropDownColourPickerButton>(text, Glob::UserBottomLeft(0, 0));
+  DropDownColourPickerButton::InitArgs background(
+      swatchButton, ColourPicker::InitArgs(ColourPicker::kDefaultFlags, ColourData(font.bgColour)));
+  background.callback = guarded(this, &FontChooserPanel::handleBGChange);
+  backgroundColour_ = createWidget<DropDownColourPickerButton>(background, Glob::RightOf(gap, textColour_));
+  for (DropDownColourPickerButton* button : {textColour_, backgroundColour_})
+    button->setDropDownAlignment(kAlignStart, kRelativeBelow);
+}
+
+XY<int> FontChooserPanel::calcTreeSize() const {
+  Zo::Box<int> const user = getUserArea();
+  int const taken = 2 * (UifStd::getRowHeight() + UifStd::getWidgetGap());
+  return XY<int>(user.width(), std::max(user.height() - taken, 0));
+}
+
+void FontChooserPanel::resize(double width, double height) {
+  StandardPanel::resize(width, height);
+  if (!tree_)
+    return;
+  Drawable::Suspender const oneRepaint;
+  filter_->resize(getUserArea().width(), filter_->height());
+  XY<int> const treeSize = calcTreeSize();
+  tree_->resize(treeSize.x, treeSize.y);
+  layoutChildren();
+}
+
+LightweightString<wchar_t> FontChooserPanel::getSelectedFontID() const {
+  FontDefinition const font = font_->get();
+  return FontItem::makeID(font, recent_.contains(font.name) ? kRecentFont : kOrdinaryFont);
+}
+
+std::optional<std::size_t> FontChooserPanel::getChildCount(LightweightString<wchar_t> const& parentId) const {
+  return parentId.empty() ? shown_.size() : 0;
+}
+
+iTreeViewAdaptor::Item FontChooserPanel::getChildItem(LightweightString<wchar_t> const&, std::size_t index) const {
+  FontItem const& font = items_[shown_[index]];
+  Item item;
+  item.id = font.getID();
+  item.text = font.getName();
+  item.font = font.font();
+  item.colour = getPalette().text();
+  return item;
+}
+
+std::vector<FontItem const*> FontChooserPanel::getShownItems() const {
+  std::vector<FontItem const*> shown;
+  for (std::size_t index : shown_)
+    shown.push_back(&items_[index]);
+  return shown;
+}
+
+void FontChooserPanel::applyFilter(LightweightString<wchar_t> const& text) {
+  if (text == criteria_.pattern())
+    return;
+  Drawable::Suspender const oneRepaint;
+  criteria_ = TextSearch::Criteria(text);
+  filterItems();
+  tree_->refresh(1);
+  selectFamily(font_->get());
+}
+
+void FontChooserPanel::filterItems() {
+  shown_.clear();
+  for (std::size_t i = 0; i < items_.size(); ++i)
+    if (criteria_.empty() || TextSearch::match(items_[i].wideName(), criteria_, TextSearch::kSubstring))
+      shown_.push_back(i);
+}
+
+int FontChooserPanel::handleFiltering(TextSearchWidgetEvent const& event) {
+  applyFilter(event.text);
+  return 0;
+}
+
+int FontChooserPanel::handleTyping(TextBoxEvent const& event) {
+  if (event.kind == TextBoxEvent::kTextChanged)
+    applyFilter(event.text);
+  return 0;
+}
+
+int FontChooserPanel::handleTreeEvent(TreeViewEvent const& event) {
+  if (event.type != TreeViewEvent::kSelection)
+    return 0;
+  FontItem const chosen = FontItem::fromID(event.id);
+  if (chosen.name().empty())
+    return 0;
+  FontDefinition font = font_->get();
+  font.name = chosen.wideName();
+  fontChosen_ = true;
+  setFont(font);
+  return 0;
+}
+
+void FontChooserPanel::setFont(FontDefinition const& font) { setFontWithNotices(*font_, font); }
+
+void FontChooserPanel::setStyleBit(unsigned bit, bool on) {
+  FontDefinition font = font_->get();
+  font.style = static_cast<unsigned char>(on ? font.style | bit : font.style & ~bit);
+  setFont(font);
+}
+
+void FontChooserPanel::setColour(NormalisedRGB FontDefinition::*colour, ColourData const& value) {
+  FontDefinition font = font_->get();
+  font.*colour = value.toNormalisedRGB();
+  setFont(font);
+}
+
+int FontChooserPanel::toggleBold(CheckboxEvent const& event) {
+  setStyleBit(Glib::FontDesc::kBold, event.checked);
+  return 0;
+}
+
+int FontChooserPanel::toggleItalic(CheckboxEvent const& event) {
+  setStyleBit(Glib::FontDesc::kItalic, event.checked);
+  return 0;
+}
+
+int FontChooserPanel::handleFGChange(ColourPickerEvent const& event) {
+  setColour(&FontDefinition::fgColour, event.colour);
+  return 0;
+}
+
+int FontChooserPanel::handleBGChange(ColourPickerEvent const& event) {
+  setColour(&FontDefinition::bgColour, event.colour);
+  return 0;
+}
+
+void FontChooserPanel::watchFont(ValServer<FontDefinition>* server) {
+  using Callback = iCallbackBase<int, ValServerEvent<FontDefinition>>;
+  fontGuard_ =
+      server->addListener(Zo::Ptr<Callback>(new MethodCallback<FontChooserPanel, ValServerEvent<FontDefinition>>(
+                              this, &FontChooserPanel::handleFontChange)),
+                          NotifyMsgTypeDictionary::instance().anyType());
+}
+
+int FontChooserPanel::handleFontChange(ValServerEvent<FontDefinition> const& event) {
+  if (event.phase == ValServerEvent<FontDefinition>::kGoingAway) {
+    // The caller's value went first (a torn-off panel outliving its button):
+    // the panel goes on with a copy of its own.
+    fontGuard_.reset();
+    ownFont_ = event.value;
+    font_ = &ownFont_;
+    watchFont(font_);
+    return 0;
+  }
+  if (event.phase == ValServerEvent<FontDefinition>::kChanged)
+    showFont(event.value);
+  return 0;
+}
+
+void FontChooserPanel::showFont(FontDefinition const& font) {
+  bool bold = (font.style & Glib::FontDesc::kBold) != 0;
+  bool italic = (font.style & Glib::FontDesc::kItalic) != 0;
+  bold_->setNewWidgetValue(bold, kRedrawNow);
+  italic_->setNewWidgetValue(italic, kRedrawNow);
+  textColour_->setColour(font.fgColour);
+  backgroundColour_->setColour(font.bgColour);
+  selectFamily(font);
+}
+
+void FontChooserPanel::selectFamily(FontDefinition const& font) {
+  int const selected = tree_->getSelectedIndex();
+  iTreeViewAdaptor::Item const* current = selected < 0 ? nullptr : tree_->itemAt(selected);
+  if (current && FontItem::fromID(current->id).wideName() == font.name)
+    return;
+  if (!tree_->setSelectedItem(getSelectedFontID()))
+    tree_->setSelectedItem(FontItem::makeID(font, kOrdinaryFont));
+}
