@@ -81,6 +81,9 @@ emoji) extra=(--gallery multiline) ;;
 search) extra=(--gallery search) ;;
 inspector) extra=(--gallery inspector) ;;
 credentials) extra=(--gallery credentials) ;;
+wizard) extra=(--gallery wizard) ;;
+splittabs) extra=(--gallery splittabs) ;;
+hints) extra=(--gallery hints) ;;
 spacedivider) extra=(--gallery spacedivider) ;;
 fontbutton) extra=(--gallery fontbutton) ;;
 esac
@@ -138,6 +141,27 @@ text() { sed -E 's/.*"text":"(([^"\\]|\\.)*)".*/\1/' <<<"$1"; }
 expect() {
   [ "$2" = "$3" ] || fail "$1: expected '$3', got '$2'"
   echo "ok: $1 = $3"
+}
+# The state of the first CLASS widget whose text is TEXT; empty when none.
+widget_reading() {
+  local index reply
+  for index in $(seq 0 40); do
+    reply=$(ask "widget $1 $index")
+    grep -q '"error"' <<<"$reply" && return 0
+    if [ "$(text "$reply")" = "$2" ]; then
+      echo "$reply"
+      return 0
+    fi
+  done
+}
+# Clicks the middle of the CLASS widget whose text is TEXT.
+click_reading() {
+  local reply x y
+  reply=$(widget_reading "$1" "$2")
+  [ -n "$reply" ] || fail "no $1 reading '$2'"
+  read -r x y <<<"$(centre "$reply" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
 }
 # LABEL VALUE LOW HIGH: the value lies from LOW to HIGH.
 expect_within() {
@@ -734,6 +758,75 @@ inspector)
   sleep 0.3
   expect "the chord inspects the label" "$(text "$(ask 'widget InfoWidget 0')" | cut -d' ' -f1,2)" 'Type TextLabel'
   expect "its window's row follows" "$(text "$(ask 'widget InfoWidget 1')" | cut -d' ' -f1,2)" 'Type StandardPanel'
+  ;;
+wizard)
+  # The gallery's export wizard: "Find the clips" with a tick box for
+  # proxies, "Proxy settings" (skipped until the box is ticked) and "Render".
+  # The current stage's page shows its paragraph as TextLabel 0.
+  stage() { text "$(ask 'widget TextLabel 0')" | cut -c1-24; }
+  expect "the first stage" "$(stage)" 'The clips of the open se'
+  click_reading PushButton Next
+  expect "Next skips the disabled stage" "$(stage)" 'Render writes the files;'
+  [ -n "$(widget_reading PushButton Render)" ] || fail "the last stage's Next does not read Render"
+  click_reading PushButton Back
+  expect "Back skips it too" "$(stage)" 'The clips of the open se'
+  read -r x y <<<"$(centre "$(ask 'widget Checkbox 0')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  click_reading PushButton Next
+  expect "ticked, the proxy stage comes next" "$(stage)" 'Proxies are made at half'
+  click_reading PushButton Next
+  expect "then the last" "$(stage)" 'Render writes the files;'
+  click_reading PushButton Back
+  expect "and Back visits the proxy stage" "$(stage)" 'Proxies are made at half'
+  click_reading PushButton Next
+  click_reading PushButton Render
+  grep -q '"error"' <<<"$(ask 'widget WizardPanel 0')" || fail "Render did not close the wizard"
+  echo "ok: Render closes the wizard"
+  ;;
+splittabs)
+  # The split tabs page: two tab groups (TabbedDialogue 0 and 1) with a bar
+  # between, and a button that narrows the widget below its minimum for two
+  # groups, and widens it again.
+  read -r _ _ left_w _ <<<"$(box "$(ask 'widget TabbedDialogue 0')" box)"
+  read -r x y <<<"$(centre "$(ask 'widget Splitter 0')" box)"
+  drag_to "$x" "$y" $((x + 40)) "$y"
+  sleep 0.3
+  read -r _ _ dragged_w _ <<<"$(box "$(ask 'widget TabbedDialogue 0')" box)"
+  expect_within "the left group after a 40-pixel drag" "$dragged_w" $((left_w + 38)) $((left_w + 42))
+  click_reading PushButton Narrow
+  grep -q '"error"' <<<"$(ask 'widget TabbedDialogue 1')" || fail "narrowed, the groups did not merge"
+  grep -q '"error"' <<<"$(ask 'widget Splitter 0')" || fail "narrowed, the bar stayed"
+  echo "ok: narrowed, one row of tabs"
+  click_reading PushButton Widen
+  grep -q '"box"' <<<"$(ask 'widget TabbedDialogue 1')" || fail "widened, the groups did not split"
+  read -r _ _ again_w _ <<<"$(box "$(ask 'widget TabbedDialogue 0')" box)"
+  expect "widened, the split is where the bar was" "$again_w" "$dragged_w"
+  ;;
+hints)
+  # The hints page: a hint beside the Export button, shown at once, and the
+  # buttons "Try the hint" (shows it unless acknowledged) and "Reset the
+  # hint"; a status line (TextLabel 0) says what happened.
+  status() { text "$(ask 'widget TextLabel 0')"; }
+  showing() { grep -q '"box"' <<<"$(ask 'widget HintWindow 0')"; }
+  showing || fail "no hint on show"
+  click_reading PushButton OK
+  ! showing || fail "OK left the hint on show"
+  click_reading PushButton 'Try the hint'
+  expect "an acknowledged hint stays away" "$(status)" 'Acknowledged already: reset to see it again'
+  ! showing || fail "an acknowledged hint came back"
+  click_reading PushButton 'Reset the hint'
+  expect "reset" "$(status)" 'Forgotten: the hint will show again'
+  click_reading PushButton 'Try the hint'
+  showing || fail "a reset hint did not show"
+  # A click elsewhere dismisses it without acknowledging it.
+  read -r x y <<<"$(centre "$(ask 'widget TextLabel 0')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  ! showing || fail "a click elsewhere left the hint on show"
+  click_reading PushButton 'Try the hint'
+  showing || fail "a dismissed hint was taken as acknowledged"
+  expect "it comes back" "$(status)" 'Not acknowledged yet, so it shows'
   ;;
 *)
   fail "unknown case"
