@@ -83,6 +83,7 @@ inspector) extra=(--gallery inspector) ;;
 credentials) extra=(--gallery credentials) ;;
 wizard) extra=(--gallery wizard) ;;
 splittabs) extra=(--gallery splittabs) ;;
+pageindex) extra=(--gallery page-index) ;;
 hints) extra=(--gallery hints) ;;
 spacedivider) extra=(--gallery spacedivider) ;;
 fontbutton) extra=(--gallery fontbutton) ;;
@@ -802,6 +803,25 @@ splittabs)
   grep -q '"box"' <<<"$(ask 'widget TabbedDialogue 1')" || fail "widened, the groups did not split"
   read -r _ _ again_w _ <<<"$(box "$(ask 'widget TabbedDialogue 0')" box)"
   expect "widened, the split is where the bar was" "$again_w" "$dragged_w"
+  ;;
+pageindex)
+  # The page index page: 40 pages, page 12 current, at most nine numbers
+  # (Button 0 to 8 of the first bar, then its arrows).
+  numbers() {
+    local index out=""
+    for index in 0 1 2 3 4 5 6 7 8; do out+="$(text "$(ask "widget Button $index")") "; done
+    echo "${out% }"
+  }
+  expect "the run around page 12" "$(numbers)" '8 9 10 11 12 13 14 15 16'
+  click_reading Button 15
+  expect "a click on 15 centres the run on it" "$(numbers)" '11 12 13 14 15 16 17 18 19'
+  click_reading Button 15
+  expect "the current page's number ignores clicks" "$(numbers)" '11 12 13 14 15 16 17 18 19'
+  click_reading Button '>'
+  expect "the next arrow moves the run along" "$(numbers)" '12 13 14 15 16 17 18 19 20'
+  click_reading Button 20
+  click_reading Button '<'
+  expect "the previous arrow steps back" "$(numbers)" '15 16 17 18 19 20 21 22 23'
   ;;
 hints)
   # The hints page: a hint beside the Export button, shown at once, and the
