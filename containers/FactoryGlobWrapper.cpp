@@ -31,10 +31,9 @@ FactoryGlobWrapper::FactoryGlobWrapper(InitArgs const& args) : StandardPanel(wit
     wrapped_->setDimensions(args.widget.size);
   else
     setDimensions(wrapped_->getSize());
-  // The host keeps minimum sizes as plain values, so the wrapper takes its
-  // widget's as it stands now.
-  setMinSize(wrapped_->getMinSize());
 }
+
+XY<int> FactoryGlobWrapper::getMinSize() const { return wrapped_ ? wrapped_->getMinSize() : XY<int>(0, 0); }
 
 std::vector<MenuItem> FactoryGlobWrapper::getMenuItems(Event const* event) {
   if (auto* menus = dynamic_cast<MenuGlob*>(wrapped_))

@@ -22,6 +22,8 @@ public:
 
   // Null when the class could not be made.
   Glob* getWrapped() const noexcept { return wrapped_; }
+  // The wrapped widget's minimum, as it stands; (0, 0) without one.
+  XY<int> getMinSize() const override;
   // The wrapped widget's menu rows if it keeps any (a MenuGlob); else none.
   std::vector<MenuItem> getMenuItems(Event const* event) override;
   void resize(double width, double height) override;

@@ -114,6 +114,8 @@ TEST_F(FactoryGlobWrapperTest, AMenuGlobsRowsAreTheWrappersAndItsMinimumSizeToo)
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[0].text.getString(), LightweightString<wchar_t>(L"New bin"));
   EXPECT_EQ(wrapper->getMinSize(), XY<int>(40, 30));
+  wrapper->getWrapped()->setMinSize(XY<int>(50, 35));
+  EXPECT_EQ(wrapper->getMinSize(), XY<int>(50, 35)) << "the widget's minimum is followed";
 }
 
 TEST_F(FactoryGlobWrapperTest, AChildOnePixelNarrowerLeavesAOnePixelStripOnTheRight) {
