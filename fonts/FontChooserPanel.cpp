@@ -12,7 +12,6 @@
 #include <zowidgets/values/notify/UIThreadCallbackDupe.h>
 
 #include <algorithm>
-#include <cwctype>
 
 namespace {
 
@@ -32,9 +31,16 @@ typename Broadcaster<Event>::Callback guarded(FontChooserPanel* panel, int (Font
       0};
 }
 
+// Case is ignored in ASCII letters only: the bytes of other UTF-8
+// characters are compared as they are, never taken one by one for letters.
+unsigned char asciiLower(char c) {
+  auto const byte = static_cast<unsigned char>(c);
+  return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + ('a' - 'A')) : byte;
+}
+
 bool lessIgnoringCase(LightweightString<char> const& a, LightweightString<char> const& b) {
   return std::lexicographical_compare(a.view().begin(), a.view().end(), b.view().begin(), b.view().end(),
-                                      [](char x, char y) { return std::towlower(x) < std::towlower(y); });
+                                      [](char x, char y) { return asciiLower(x) < asciiLower(y); });
 }
 
 bool equalIgnoringCase(LightweightString<char> const& a, LightweightString<char> const& b) {

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cmath>
 #include <memory>
+#include <mutex>
 #include <string_view>
 
 #include <fontconfig/fontconfig.h>
@@ -42,10 +44,26 @@ char const* familyOf(FcPattern* font) {
 } // namespace
 
 std::vector<LightweightString<char>> getAvailableFonts() {
-  std::vector<LightweightString<char>> families;
-  // A configuration of our own, read afresh each time: fonts installed while
-  // the program runs are listed, and no fontconfig state outlives the call.
-  std::unique_ptr<FcConfig, ConfigFree> config(FcInitLoadConfigAndFonts());
+  // A configuration of our own, kept while its files and font folders stay
+  // as they were: reading it costs milliseconds, checking it a stat of each
+  // font folder, so it is checked at most once a second; fonts installed
+  // while the program runs are listed a second later.
+  static std::mutex mutex;
+  static std::unique_ptr<FcConfig, ConfigFree> config;
+  static std::vector<LightweightString<char>> families;
+  static std::chrono::steady_clock::time_point checked;
+  std::lock_guard<std::mutex> const lock(mutex);
+  auto const now = std::chrono::steady_clock::now();
+  if (config) {
+    if (now - checked < std::chrono::seconds(1))
+      return families;
+    checked = now;
+    if (FcConfigUptoDate(config.get()))
+      return families;
+  }
+  checked = now;
+  families.clear();
+  config.reset(FcInitLoadConfigAndFonts());
   std::unique_ptr<FcPattern, PatternFree> anyFont(FcPatternCreate());
   std::unique_ptr<FcObjectSet, ObjectSetFree> names(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, nullptr));
   if (!config || !anyFont || !names)

@@ -49,7 +49,9 @@ inline constexpr unsigned kMaxFontSize = 999;
 // The families of the fonts installed on this machine, in UTF-8, each once,
 // in byte order. A font known by several names is listed by its English
 // name, or else by its first. Empty when the font configuration cannot be
-// read.
+// read. The configuration is read once and kept; it is checked for changed
+// files at most once a second, so fonts installed meanwhile appear then.
+// Any thread.
 ZO_API std::vector<LightweightString<char>> getAvailableFonts();
 
 // The FontDesc size for a size in points at an interface scale: points times
