@@ -45,7 +45,7 @@
 #include <zowidgets/containers/WizardStagePanel.h>
 #include <zowidgets/containers/iWizardStage.h>
 #include <zowidgets/diagnostics/GlobDetailsView.h>
-#include <zowidgets/diagnostics/GlobInspector.h>
+#include <zowidgets/diagnostics/GlobProbe.h>
 #include <zowidgets/diagnostics/GlobTreePanel.h>
 #include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/diagnostics/LabelledLine.h>

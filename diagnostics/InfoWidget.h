@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zowidgets/diagnostics/GlobInspector.h>
+#include <zowidgets/diagnostics/GlobProbe.h>
 #include <zowidgets/diagnostics/LabelledLine.h>
 #include <zowidgets/host/drawing/Palette.h>
 

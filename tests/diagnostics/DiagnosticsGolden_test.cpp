@@ -1,4 +1,4 @@
-#include "diagnostics/InspectorTestSupport.h"
+#include "diagnostics/ProbeTestSupport.h"
 
 #include <zowidgets/diagnostics/GlobDetailsView.h>
 #include <zowidgets/diagnostics/GlobTreePanel.h>
@@ -23,7 +23,7 @@ TEST_F(DiagnosticsGolden, TheInspectorShowingASwatchAndItsWindow) {
   chordAt(titlePoint(*inspector));
   ASSERT_EQ(inspector->getTarget(), swatch);
   pump();
-  EXPECT_TRUE(matchesGolden(shotOf(*panel, *inspector), ZO_GOLDEN_DIR "/inspector_on_swatch.png"));
+  EXPECT_TRUE(matchesGolden(shotOf(*panel, *inspector), ZO_GOLDEN_DIR "/probe_on_swatch.png"));
 }
 
 TEST_F(DiagnosticsGolden, TheGlobTreeWithTheSwatchSelected) {

@@ -1,4 +1,4 @@
-#include "diagnostics/InspectorTestSupport.h"
+#include "diagnostics/ProbeTestSupport.h"
 
 #include <zowidgets/diagnostics/GlobDetailsView.h>
 #include <zowidgets/diagnostics/GlobTreePanel.h>

@@ -1,4 +1,4 @@
-#include "diagnostics/InspectorTestSupport.h"
+#include "diagnostics/ProbeTestSupport.h"
 
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/toolkit/UifStd.h>

@@ -3,7 +3,7 @@
 // its window, the button highlighted. The commands' own pages open the tools bare.
 #include "PageLayout.h"
 
-#include <zowidgets/diagnostics/GlobInspector.h>
+#include <zowidgets/diagnostics/GlobProbe.h>
 #include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>

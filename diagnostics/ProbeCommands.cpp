@@ -1,4 +1,4 @@
-#include <zowidgets/diagnostics/GlobInspector.h>
+#include <zowidgets/diagnostics/GlobProbe.h>
 #include <zowidgets/diagnostics/GlobTreePanel.h>
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/toolkit/GlobManager.h>

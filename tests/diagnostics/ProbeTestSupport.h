@@ -2,7 +2,7 @@
 
 #include "support/WidgetTestSupport.h"
 
-#include <zowidgets/diagnostics/GlobInspector.h>
+#include <zowidgets/diagnostics/GlobProbe.h>
 #include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/toolkit/UifStd.h>

@@ -1,4 +1,4 @@
-#include <zowidgets/diagnostics/GlobInspector.h>
+#include <zowidgets/diagnostics/GlobProbe.h>
 #include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/events/MessageQueue.h>

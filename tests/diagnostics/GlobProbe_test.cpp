@@ -1,4 +1,4 @@
-#include "diagnostics/InspectorTestSupport.h"
+#include "diagnostics/ProbeTestSupport.h"
 
 #include <zowidgets/host/events/Clock.h>
 #include <zowidgets/host/events/Timer.h>
