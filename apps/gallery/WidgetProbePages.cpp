@@ -35,11 +35,11 @@ Glob* buildInspectorPage(PageContext const& context) {
   return panel;
 }
 
-PageRegistrar const inspectorPage{"inspector", "Glob inspector",
-                                  "A panel and a Glob Inspector whose marked corner sits on the panel's button: a row "
-                                  "for the button, highlighted, and one for its window. Drag the "
-                                  "inspector by its title and press the left and right buttons together on it to "
-                                  "inspect what lies under the corner; right-click a row to change that widget",
-                                  buildInspectorPage};
+PageRegistrar const probePage{"globprobe", "Glob inspector",
+                              "A panel and a Glob Inspector whose marked corner sits on the panel's button: a row "
+                              "for the button, highlighted, and one for its window. Drag the "
+                              "inspector by its title and press the left and right buttons together on it to "
+                              "inspect what lies under the corner; right-click a row to change that widget",
+                              buildInspectorPage};
 
 } // namespace

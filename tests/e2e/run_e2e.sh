@@ -79,7 +79,7 @@ tabs | splitter) extra=(--containers) ;;
 ipaddress) extra=(--gallery ipaddress) ;;
 emoji) extra=(--gallery multiline) ;;
 search) extra=(--gallery search) ;;
-inspector) extra=(--gallery inspector) ;;
+globprobe) extra=(--gallery globprobe) ;;
 credentials) extra=(--gallery credentials) ;;
 wizard) extra=(--gallery wizard) ;;
 splittabs) extra=(--gallery splittabs) ;;
@@ -740,7 +740,7 @@ spacedivider)
   expect "the viewer gave the same" $((raised_viewer_h + raised_timeline_h)) $((viewer_h + timeline_h))
   expect "the timeline keeps its bottom edge" $((raised_timeline_y + raised_timeline_h)) $((timeline_y + timeline_h))
   ;;
-inspector)
+globprobe)
   # The inspector page: a panel with a label and a button, and a Glob
   # Inspector whose marked bottom-left corner (its hot spot) sits on the
   # button. Drag the inspector by its title until the corner is on the label,
