@@ -23,7 +23,7 @@ LightweightString<wchar_t> legendOf(Glob const& widget) {
 GlobDetailsView::GlobDetailsView(GlobCreationInfo const& info) : Glob(info) {}
 
 void GlobDetailsView::setTarget(Glob* target) {
-  target_ = target ? GlobHandle(target) : GlobHandle();
+  target_ = GlobHandle(target);
   invalidate();
 }
 

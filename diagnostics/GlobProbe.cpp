@@ -60,7 +60,7 @@ void GlobInspector::setTarget(Glob* target) {
   for (InfoWidget* row : rows_)
     removeWidget(row);
   rows_.clear();
-  target_ = target ? GlobHandle(target) : GlobHandle();
+  target_ = GlobHandle(target);
   if (!target_.isLive()) {
     target_.clear();
     invalidate();
@@ -118,10 +118,11 @@ int GlobInspector::handleMessageEvent(LightweightString<char> const& message, Gl
 }
 
 void GlobInspector::handleTimerEvent() {
-  // A target in another window dies without this one repainting: the next
-  // draw is asked for here.
-  if (targetHasGone())
-    invalidate();
+  // A target in another window dies without this one repainting.
+  if (targetHasGone()) {
+    setTarget(nullptr);
+    fitToTarget();
+  }
 }
 
 void GlobInspector::draw(CanvasRenderer& renderer) {

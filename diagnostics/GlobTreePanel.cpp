@@ -143,7 +143,10 @@ int GlobTreePanel::handleTreeEvent(TreeViewEvent const& event) {
 }
 
 int GlobTreePanel::handleWindowEvent(GlobManagerEvent const& event) {
-  if (event.glob == this)
+  // Windows made and closed change the tree; moves, presses and widgets
+  // inside windows are the timer's to notice.
+  bool const windowsChanged = event.kind == GlobManagerEvent::kRealized || event.kind == GlobManagerEvent::kDeleted;
+  if (!windowsChanged || event.glob == this)
     return 0;
   // A window being destroyed is half gone now: the tree is asked after.
   IdStamp const stamp = handlerStamp();

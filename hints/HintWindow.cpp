@@ -1,7 +1,6 @@
 #include <zowidgets/hints/HintWindow.h>
 
 #include <zowidgets/host/drawing/Palette.h>
-#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
@@ -27,18 +26,15 @@ Glob* liveSibling(WidgetPosition const& position) {
 }
 
 // Where the toolkit puts a window of `args.size` for a position that is no
-// screen point, near the window of the widget it belongs to.
+// screen point.
 XY<int> toolkitPlace(HintWindow::InitArgs const& args, WidgetPosition const& placed) {
-  Glob* owner = GlobManager::getParentForGlob(liveSibling(args.position));
-  Canvas* near = owner ? owner->canvas() : nullptr;
-  if (placed.kind == WidgetPosition::kPanelDefault)
-    return glib_getPosForPanel(near, args.size);
-  return GlobManager::getSafePosForGlob(near, args.size, GlobManager::getPosForGlob(args, placed));
+  return placed.kind == WidgetPosition::kPanelDefault ? glib_getPosForPanel(nullptr, args.size)
+                                                      : GlobManager::calcPosForGlob(args, placed);
 }
 
 } // namespace
 
-HintWindow::ShownWindow HintWindow::lastHintWindow_;
+GlobHandle HintWindow::lastHintWindow_;
 
 HintWindow::InitArgs::InitArgs(Hint const& hint, WidgetPosition const& position)
     : StatusMessage::InitArgs(hint.getText(), TipWindowBase::relativityFor(position), StatusMessage::kOkButton),
@@ -97,7 +93,7 @@ HintWindow* HintWindow::make(Hint const& hint, WidgetPosition position) {
   Glob::setupRootPos(nullptr, at);
   auto* window = new HintWindow(args);
   GlobManager::realize(window);
-  lastHintWindow_ = ShownWindow{window, window->handlerStamp()};
+  lastHintWindow_ = GlobHandle(window);
   return window;
 }
 
@@ -121,16 +117,14 @@ HintWindow::HintWindow(InitArgs const& args)
 void HintWindow::remove() {
   if (HintWindow* window = showing())
     window->closeUnacknowledged();
-  lastHintWindow_ = ShownWindow{};
+  lastHintWindow_.clear();
 }
 
 void HintWindow::shutdown() { remove(); }
 
 HintWindow* HintWindow::showing() {
-  HintWindow* window = lastHintWindow_.window;
-  bool const good = EventHandler::valid(window, lastHintWindow_.stamp) && is_good_glob_ptr(window) &&
-                    !GlobManager::isDeletionPending(window);
-  return good ? window : nullptr;
+  Glob* window = lastHintWindow_.get();
+  return window && !GlobManager::isDeletionPending(window) ? static_cast<HintWindow*>(window) : nullptr;
 }
 
 void HintWindow::handleOkPressed() {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <zowidgets/hints/Hint.h>
-#include <zowidgets/host/base/IdStamp.h>
+#include <zowidgets/host/widgets/popups/DropDownHostBase.h>
 #include <zowidgets/host/base/Ptr.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/widgets/popups/StatusMessage.h>
@@ -71,13 +71,8 @@ public:
 private:
   void closeUnacknowledged();
 
-  // The window on show: good while the pointer is a live widget that still
-  // carries the stamp.
-  struct ShownWindow {
-    HintWindow* window = nullptr;
-    IdStamp stamp;
-  };
-  static ShownWindow lastHintWindow_;
+  // The window on show, dropped by its stamp once it has gone.
+  static GlobHandle lastHintWindow_;
 
   Hint hint_;
   std::vector<Zo::Ptr<Zo::Guard>> guards_;

@@ -130,20 +130,17 @@ void Canvas::paintPending() {
   painting_ = false;
 }
 
-Canvas* Canvas::atScreenPoint(XY<int> point) {
+Canvas* Canvas::atScreenPoint(XY<int> point, Canvas const* lookThrough) {
   auto const& list = canvases();
   for (auto it = list.rbegin(); it != list.rend(); ++it)
-    if ((*it)->mapped_ && (*it)->screenBox().contains(point))
+    if (*it != lookThrough && (*it)->mapped_ && (*it)->screenBox().contains(point))
       return *it;
   return nullptr;
 }
 
 Glob* Canvas::widgetAtScreenPoint(XY<int> point, Canvas const* lookThrough) {
-  auto const& list = canvases();
-  for (auto it = list.rbegin(); it != list.rend(); ++it)
-    if (*it != lookThrough && (*it)->mapped_ && (*it)->screenBox().contains(point))
-      return (*it)->root_->pick(point - (*it)->position_);
-  return nullptr;
+  Canvas* const canvas = atScreenPoint(point, lookThrough);
+  return canvas ? canvas->root_->pick(point - canvas->position_) : nullptr;
 }
 
 std::vector<Canvas*> const& Canvas::stack() { return canvases(); }

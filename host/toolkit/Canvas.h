@@ -47,8 +47,9 @@ public:
   void paintPending();
   int paintCount() const noexcept { return paintCount_; }
 
-  // The canvas under a screen point, front first; null when none.
-  static Canvas* atScreenPoint(XY<int> point);
+  // The canvas under a screen point, front first, looking through the
+  // canvas `lookThrough`; null when none.
+  static Canvas* atScreenPoint(XY<int> point, Canvas const* lookThrough = nullptr);
   // The deepest visible widget under a screen point, in the front window
   // there, looking through the window `lookThrough` (an inspector over what
   // it inspects); null when no window is there.

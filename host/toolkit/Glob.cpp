@@ -8,18 +8,10 @@
 
 #include <algorithm>
 #include <cstring>
-#include <set>
-#include <string>
 #include <utility>
 
 namespace {
 XY<int> pendingRootPosition = XY<int>::unset();
-
-// (idstring, type name) pairs added by Glob::addTypeName.
-std::set<std::pair<std::string, std::string>>& typeNames() {
-  static std::set<std::pair<std::string, std::string>> names;
-  return names;
-}
 } // namespace
 
 Glob::Glob(GlobCreationInfo const& info)
@@ -36,17 +28,7 @@ void Glob::setupRootPos(Canvas* relativeTo, XY<int> position) {
   pendingRootPosition = relativeTo ? relativeTo->getPosition() + position : position;
 }
 
-bool Glob::isType(char const* name) const {
-  if (!name)
-    return false;
-  char const* own = idstring();
-  return std::strcmp(own, name) == 0 || typeNames().count({own, name}) != 0;
-}
-
-void Glob::addTypeName(char const* idstring, char const* typeName) {
-  if (idstring && typeName)
-    typeNames().emplace(idstring, typeName);
-}
+bool Glob::isType(char const* name) const { return name && std::strcmp(idstring(), name) == 0; }
 
 Glob::~Glob() {
   GlobRegistry::withdraw(this);
@@ -119,8 +101,8 @@ bool Glob::isChildGlob(Glob const* widget) const noexcept {
   return std::find(children_.begin(), children_.end(), widget) != children_.end();
 }
 
-Glob* Glob::getRootParent() noexcept {
-  Glob* root = this;
+Glob const* Glob::getRootParent() const noexcept {
+  Glob const* root = this;
   while (root->parent_)
     root = root->parent_;
   return root;

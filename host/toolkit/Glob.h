@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class CanvasRenderer;
@@ -36,13 +37,9 @@ public:
   ~Glob() override;
 
   virtual char const* idstring() const { return "Glob"; }
-  // True when this widget is of the type `name`: its idstring is `name`, or
-  // `name` was registered for its idstring with addTypeName. Exact names
-  // only; base classes do not count.
+  // True when this widget's idstring is `name`, exactly; base classes do not
+  // count.
   bool isType(char const* name) const;
-  // Lets every widget whose idstring is `idstring` answer to `typeName` as
-  // well, for code that asks by a family name rather than a class name.
-  static void addTypeName(char const* idstring, char const* typeName);
   // What the desktop shows for this widget's window when it is a top-level
   // one: a panel's title. Empty for most widgets.
   virtual LightweightString<wchar_t> windowTitle() const { return {}; }
@@ -60,7 +57,8 @@ public:
   // Gives up ownership of a child and returns it, unplaced and parentless.
   Glob* releaseChild(Glob* child);
   bool isChildGlob(Glob const* widget) const noexcept;
-  Glob* getRootParent() noexcept;
+  Glob const* getRootParent() const noexcept;
+  Glob* getRootParent() noexcept { return const_cast<Glob*>(std::as_const(*this).getRootParent()); }
   Canvas* canvas() const noexcept;
   // The first descendant (depth first, this one included) with that name.
   Glob* getWidget(LightweightString<char> const& name);

@@ -164,9 +164,7 @@ bool GlobManager::refusesInput(Glob const* widget) {
     return false;
   if (!widget)
     return true;
-  Glob const* root = widget;
-  while (root->parent())
-    root = root->parent();
+  Glob const* root = widget->getRootParent();
   auto const& beside = registry().besideModal;
   return root != modal && std::none_of(beside.begin(), beside.end(),
                                        [&](auto const& pair) { return pair.first == root && pair.second == modal; });

@@ -8,7 +8,9 @@
 
 #include <sys/wait.h>
 
-#ifdef ZO_HINT_HELPER
+#ifndef ZO_HINT_HELPER
+#error "the build names the helper program in ZO_HINT_HELPER"
+#endif
 
 namespace {
 
@@ -45,5 +47,3 @@ TEST_F(HintWindowTest, OnlyAHintConfirmedWithOkIsAcknowledgedInTheNextProcess) {
 }
 
 } // namespace
-
-#endif

@@ -52,7 +52,6 @@ namespace {
 // The input router tells tooltips of every move and press from the start.
 [[maybe_unused]] bool const hooked =
     (InputRouter::setHoverHook(InputRouter::HoverHook{&Tooltips::pointerMoved, &Tooltips::dismiss}), true);
-[[maybe_unused]] bool const typeNamed = (Glob::addTypeName("TooltipWindow", TooltipWindow::kTypeName), true);
 
 GlobCreationInfo tooltipInfo(XY<int> size, XY<int> screenPosition) {
   GlobCreationInfo info(size);

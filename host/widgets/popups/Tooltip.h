@@ -10,16 +10,15 @@ struct ZO_API TooltipDetails {
   UIString text;
 };
 
-// A small window of text near the pointer. Besides its idstring it answers
-// to the family name kTypeName (Glob::isType), the name other windows know
-// tooltips by.
+// A small window of text near the pointer. Its idstring, kTypeName, is the
+// name other windows know tooltips by (Glob::isType).
 class ZO_API TooltipWindow : public Glob {
 public:
   static constexpr char const* kTypeName = "ZoToolTip";
 
   // A window of `size` with its bottom-left corner at `screenPosition`.
   TooltipWindow(LightweightString<wchar_t> const& text, XY<int> size, XY<int> screenPosition);
-  char const* idstring() const override { return "TooltipWindow"; }
+  char const* idstring() const override { return kTypeName; }
   LightweightString<wchar_t> const& text() const noexcept { return text_; }
   // The size a tooltip of this text needs.
   static XY<int> calcSize(LightweightString<wchar_t> const& text);

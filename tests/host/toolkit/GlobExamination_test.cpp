@@ -5,16 +5,9 @@
 
 namespace {
 
-using GlobInspectionTest = HeadlessScreenTest;
+using GlobExaminationTest = HeadlessScreenTest;
 
-TEST_F(GlobInspectionTest, TheHotSpotIsThePointAToolActsAt) {
-  Glob widget(GlobCreationInfo(XY<int>(10, 10)));
-  EXPECT_EQ(widget.getHotSpot(), XY<int>(0, 0));
-  widget.setHotSpot(XY<int>(3, 7));
-  EXPECT_EQ(widget.getHotSpot(), XY<int>(3, 7));
-}
-
-TEST_F(GlobInspectionTest, OnlyAWidgetWithAWindowOfItsOwnIsHeavy) {
+TEST_F(GlobExaminationTest, OnlyAWidgetWithAWindowOfItsOwnIsHeavy) {
   StandardPanel* panel = openPanel(XY<int>(100, 80));
   Glob* child = panel->addChild(new Glob(GlobCreationInfo(XY<int>(10, 10))), Glob::Centre(0, 0));
   EXPECT_FALSE(panel->isLightweight());
@@ -23,7 +16,7 @@ TEST_F(GlobInspectionTest, OnlyAWidgetWithAWindowOfItsOwnIsHeavy) {
   EXPECT_TRUE(unrealized.isLightweight()) << "no window yet";
 }
 
-TEST_F(GlobInspectionTest, AWidgetCanGoBackToItsParentsPalette) {
+TEST_F(GlobExaminationTest, AWidgetCanGoBackToItsParentsPalette) {
   StandardPanel* panel = openPanel(XY<int>(100, 80));
   Glob* child = panel->addChild(new Glob(GlobCreationInfo(XY<int>(10, 10))), Glob::Centre(0, 0));
   EXPECT_FALSE(child->hasOwnPalette());
@@ -40,7 +33,7 @@ TEST_F(GlobInspectionTest, AWidgetCanGoBackToItsParentsPalette) {
   EXPECT_EQ(child->getPalette().window(), Colour(0.1, 0.1, 0.9)) << "it follows the parent again";
 }
 
-TEST_F(GlobInspectionTest, TheWidgetAtAScreenPointIsFoundInTheFrontWindowOrLookingThroughOne) {
+TEST_F(GlobExaminationTest, TheWidgetAtAScreenPointIsFoundInTheFrontWindowOrLookingThroughOne) {
   StandardPanel* back = openPanel(XY<int>(100, 80), XY<int>(100, 100));
   Glob* inBack = back->addChild(new Glob(GlobCreationInfo(XY<int>(40, 40))), Glob::BottomLeft(10, 10));
   StandardPanel* front = openPanel(XY<int>(100, 80), XY<int>(120, 100));

@@ -13,21 +13,6 @@ public:
 
 using GlobResizeHintsTest = HeadlessScreenTest;
 
-TEST_F(GlobResizeHintsTest, ResizeDirectionIsZeroUntilAParentSetsIt) {
-  Glob widget(GlobCreationInfo(XY<int>(10, 10)));
-  EXPECT_EQ(widget.getResizeDirection(), 0u);
-  widget.setResizeDirection(Glob::kResizeLive | Glob::kResizeRight);
-  EXPECT_EQ(widget.getResizeDirection(), 18u);
-  widget.setResizeDirection(0);
-  EXPECT_EQ(widget.getResizeDirection(), 0u);
-}
-
-TEST_F(GlobResizeHintsTest, EdgeBitsAreDistinctFromTheDragBits) {
-  unsigned const edges = Glob::kResizeLeft | Glob::kResizeRight | Glob::kResizeBottom | Glob::kResizeTop;
-  EXPECT_EQ(edges, 0xFu);
-  EXPECT_EQ(edges & (Glob::kResizeLive | Glob::kResizeFinal), 0u);
-}
-
 TEST_F(GlobResizeHintsTest, ASplitterHonoursTheMinimumAContainerReports) {
   StandardPanel* panel = openPanel(XY<int>(200, 50));
   Glob* left = panel->addChild(new NeedsRoom(GlobCreationInfo(XY<int>(100, 50))), Glob::UserTopLeft(0, 0));
