@@ -3,7 +3,6 @@
 #include <zowidgets/containers/FactoryGlobWrapper.h>
 #include <zowidgets/containers/detail/FillAround.h>
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
@@ -27,10 +26,7 @@ void FactoryGlobWrapperPanel::drawBackground(CanvasRenderer& renderer) {
   Palette const& palette = getPalette();
   Zo::Box<int> const user = getUserArea();
   fillAround(renderer, Zo::Box<int>(0, 0, width(), height()), user, palette.window());
-  if (Zo::Box<int> const bar = getTitleArea(); !bar.empty())
-    renderer.renderPrimitive(Glib::RectDescription(bar, palette.window(-2)));
-  if (Zo::Box<int> const footer = getMarginArea(); !footer.empty())
-    renderer.renderPrimitive(Glib::RectDescription(footer, palette.window(-1)));
+  drawTitleAndFooterBands(renderer);
   Zo::Box<int> const wrapper(wrapper_->getX(), wrapper_->getY(), wrapper_->getX() + wrapper_->width(),
                              wrapper_->getY() + wrapper_->height());
   fillAround(renderer, user, wrapper, palette.window());

@@ -85,9 +85,12 @@ int PageIndexWidget::calcWidth(unsigned short current, unsigned short count, uns
 void PageIndexWidget::setPages(unsigned short current, unsigned short count) {
   // With no pages count - 1 is the largest page number, which limits nothing.
   current = std::min<unsigned short>(current, count - 1);
-  if (!setPagesInternal(current, count))
+  if (current == current_ && count == count_)
     return;
-  relayout();
+  if (setPagesInternal(current, count))
+    relayout();
+  else
+    updatePrevAndNextButtons(kRedrawNow);
 }
 
 void PageIndexWidget::relayout() {
@@ -95,20 +98,22 @@ void PageIndexWidget::relayout() {
   updatePrevAndNextButtons(kNoRedraw);
   emptyLabel_->setVisible(count_ == 0);
   numberHost_->setVisible(count_ != 0);
-  numberHost_->resize(calcWidthInternal(first_, static_cast<unsigned short>(numbers_.size())), height());
+  // The arrows' places and the numbers as they were made, not measured again.
+  int numbersWidth = 2 * UifStd::getRowHeight();
+  for (Button const* number : numbers_)
+    numbersWidth += number->width();
+  numberHost_->resize(numbersWidth, height());
   layoutChildren();
   invalidate();
 }
 
 bool PageIndexWidget::setPagesInternal(unsigned short current, unsigned short count) {
-  if (current == current_ && count == count_)
-    return false;
   unsigned short const shown = shownFor(count, maxButtons_);
   unsigned short const first = firstShown(current, count, maxButtons_);
   count_ = count;
   if (first == first_ && shown == numbers_.size()) {
     setCurrentPage(current);
-    return true;
+    return false;
   }
   first_ = first;
   current_ = current;

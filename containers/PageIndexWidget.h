@@ -74,7 +74,8 @@ public:
   void resize(double width, double height) override;
 
 private:
-  // Says whether anything changed.
+  // True when the run of numbers was made anew, false when at most the
+  // latch moved.
   bool setPagesInternal(unsigned short current, unsigned short count);
   // After a change of pages: arrows, the empty label, the numbers' width.
   void relayout();

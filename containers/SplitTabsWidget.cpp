@@ -1,6 +1,7 @@
 #include <zowidgets/containers/SplitTabsWidget.h>
 
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
@@ -13,13 +14,6 @@ namespace {
 constexpr int kPageFrameSides = 2 | 4;
 // The right group stands out a little from the left.
 constexpr double kRightGroupBrightness = 1.3;
-
-Colour scaled(Colour const& colour, double factor) {
-  Colour brighter(std::min(1.0, colour.red() * factor), std::min(1.0, colour.green() * factor),
-                  std::min(1.0, colour.blue() * factor), colour.flag());
-  brighter.setAlpha(colour.alpha());
-  return brighter;
-}
 
 } // namespace
 
@@ -107,7 +101,9 @@ void SplitTabsWidget::mergeGroups() {
   for (Page const& page : rightPages_)
     if (page.widget)
       left_->addPageForTab(TabbedDialogue::Page(page.title), page.widget);
-  removeWidget(std::exchange(splitter_, nullptr));
+  // A drag can merge the groups from inside the splitter's own message, so
+  // the splitter goes once the queue is back, not now.
+  GlobManager::requestDeletion(releaseChild(std::exchange(splitter_, nullptr)));
   removeWidget(std::exchange(right_, nullptr));
 }
 
@@ -122,8 +118,6 @@ void SplitTabsWidget::splitGroups() {
   left_->setDimensions(XY<int>(leftWidth, user.height()));
   Splitter::InitArgs splitterArgs(kSideBySide, height());
   splitterArgs.setPalette(rightPalette());
-  splitterArgs.callback = Broadcaster<SplitterEvent>::makeCallback(
-      [this](SplitterEvent const& event) { askedBarPosition_ = event.position; });
   splitter_ = createWidget<Splitter>(splitterArgs, RightOf(0, left_));
   TabbedDialogue::InitArgs rightArgs(XY<int>(user.width() - (leftWidth + splitter_->width()), user.height()));
   rightArgs.setPalette(rightPalette());
@@ -136,7 +130,7 @@ void SplitTabsWidget::splitGroups() {
 
 Palette SplitTabsWidget::rightPalette() const {
   Palette const& palette = getPalette();
-  return makeWindowPalette(palette, scaled(palette.window(), kRightGroupBrightness));
+  return makeWindowPalette(palette, scale(palette.window(), kRightGroupBrightness));
 }
 
 int SplitTabsWidget::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {
@@ -147,7 +141,7 @@ int SplitTabsWidget::handleMessageEvent(LightweightString<char> const& message, 
   int const half = Splitter::calcThickness() / 2;
   // A drag follows the pointer; a key gives the bar's new place, whose
   // middle stands where the pointer would.
-  int x = askedBarPosition_ + half;
+  int x = splitter_->getAskedPosition() + half;
   if (splitter_->isDragging())
     x = glib_getMousePos().x - screenPosition().x;
   x = std::max(rangeLow_, std::min(x, rangeHigh_));

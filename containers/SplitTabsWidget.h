@@ -93,6 +93,4 @@ private:
   bool style_;
   int rangeLow_ = 0;
   int rangeHigh_ = 0;
-  // Where the splitter last asked its bar to go, for moves made with keys.
-  int askedBarPosition_ = 0;
 };

@@ -6,7 +6,7 @@
 WizardStagePanel::WizardStagePanel(InitArgs const& args) : StandardPanel(args), data_(args.data) {
   if (args.imageName.empty())
     return;
-  int const side = args.imageSide > 0 ? args.imageSide : 3 * UifStd::getRowHeight();
+  int const side = 3 * UifStd::getRowHeight();
   ImageView::InitArgs view(XY<int>(side, side));
   view.image = loadIcon(args.imageName, side / UifStd::getScale());
   view.scaling = ImageView::kFit;

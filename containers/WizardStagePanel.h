@@ -29,8 +29,7 @@ public:
     InitArgs(XY<int> size, Zo::Ptr<WizardData> data, std::string imageName = {})
         : StandardPanel::InitArgs(size), data(std::move(data)), imageName(std::move(imageName)) {}
     Zo::Ptr<WizardData> data;
-    std::string imageName; // an icon name (host/drawing/IconNames.h); empty: none
-    int imageSide = 0;     // 0: three rows
+    std::string imageName; // an icon name (host/drawing/IconNames.h), three rows square; empty: none
   };
 
   explicit WizardStagePanel(InitArgs const& args);

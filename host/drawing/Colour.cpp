@@ -49,3 +49,10 @@ NormalisedRGB fromColour(Colour const& colour) noexcept {
   return NormalisedRGB(static_cast<float>(colour.red()), static_cast<float>(colour.green()),
                        static_cast<float>(colour.blue()), static_cast<float>(colour.alpha()));
 }
+
+Colour scale(Colour const& colour, double factor) {
+  Colour scaled(std::min(1.0, colour.red() * factor), std::min(1.0, colour.green() * factor),
+                std::min(1.0, colour.blue() * factor), colour.flag());
+  scaled.setAlpha(colour.alpha());
+  return scaled;
+}

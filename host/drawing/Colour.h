@@ -59,3 +59,7 @@ private:
 
 // The colour narrowed to floats, alpha included.
 ZO_API NormalisedRGB fromColour(Colour const& colour) noexcept;
+
+// A colour made brighter by `factor`, each channel clamped to 1, its alpha
+// and flag kept.
+ZO_API Colour scale(Colour const& colour, double factor);

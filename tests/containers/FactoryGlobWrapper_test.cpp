@@ -187,8 +187,9 @@ TEST_F(FactoryGlobWrapperTest, ThePanelTitlesItselfAndItsWrapperFillsTheUserArea
   EXPECT_EQ(wrapper->getPosition(), XY<int>(user.x0, user.y1 - wrapper->height()));
   EXPECT_EQ(wrapper->getSize(), user.getDimensions());
   EXPECT_EQ(wrapper->getWrapped()->getSize(), user.getDimensions());
-  EXPECT_EQ(panel->getMinSize(),
-            StandardPanel::calcPanelSize(wrapper->getMinSize(), panel->getStandardWidgets(), panel->getBorder()));
+  XY<int> const frame = panel->getSize() - user.getDimensions();
+  EXPECT_EQ(panel->getMinSize() - frame, wrapper->getWrapped()->getMinSize())
+      << "the slider's minimum inside the frame";
 
   panel->resize(panel->width() + 30, panel->height() + 10);
   EXPECT_EQ(wrapper->getSize(), panel->getUserArea().getDimensions());

@@ -99,6 +99,9 @@ public:
   // end are told (nothing when the bar would not move).
   void moveBarTo(int position);
   bool isDragging() const noexcept { return dragging_; }
+  // Where the bar was last asked to go, within its range: what the last
+  // move told.
+  int getAskedPosition() const noexcept { return lastPosition_; }
 
   int react(Event const& event) override;
   void setActive(bool active, eRedrawFlag redraw) override;

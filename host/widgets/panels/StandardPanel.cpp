@@ -207,6 +207,10 @@ void StandardPanel::handlePinned(bool) {}
 
 void StandardPanel::drawBackground(CanvasRenderer& renderer) {
   Glob::drawBackground(renderer);
+  drawTitleAndFooterBands(renderer);
+}
+
+void StandardPanel::drawTitleAndFooterBands(CanvasRenderer& renderer) {
   Palette const& palette = getPalette();
   if (Zo::Box<int> bar = getTitleArea(); !bar.empty())
     renderer.renderPrimitive(Glib::RectDescription(bar, palette.window(-2)));

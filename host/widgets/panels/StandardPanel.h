@@ -101,6 +101,9 @@ public:
 
 protected:
   void drawBackground(CanvasRenderer& renderer) override;
+  // The title bar's and the footer's bands, for panels that fill the rest
+  // of their background themselves.
+  void drawTitleAndFooterBands(CanvasRenderer& renderer);
   void draw(CanvasRenderer& renderer) override;
 
 private:

@@ -11,13 +11,6 @@
 #include <utility>
 #include <vector>
 
-Colour scale(Colour const& colour, double factor) {
-  Colour scaled(std::min(1.0, colour.red() * factor), std::min(1.0, colour.green() * factor),
-                std::min(1.0, colour.blue() * factor), colour.flag());
-  scaled.setAlpha(colour.alpha());
-  return scaled;
-}
-
 Zo::Box<int> screenBoxOf(Glob const& widget) {
   XY<int> const at = widget.screenPosition();
   return Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height());

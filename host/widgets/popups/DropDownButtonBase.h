@@ -84,10 +84,6 @@ private:
   bool modal_ = false;
 };
 
-// A colour made brighter by `factor`, each channel clamped to 1: how the
-// drop-down family outlines a button whose drop-down is open.
-ZO_API Colour scale(Colour const& colour, double factor);
-
 // A widget's box on the screen.
 ZO_API Zo::Box<int> screenBoxOf(Glob const& widget);
 // Where `other` lies in `widget`'s coordinates.
