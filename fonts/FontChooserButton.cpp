@@ -28,8 +28,6 @@ FontChooserButton::FontChooserButton(InitArgs const& args)
   updateLegend();
 }
 
-FontChooserButton::~FontChooserButton() { fontGuard_.reset(); }
-
 void FontChooserButton::setSelectedFont(FontDefinition const& font) {
   font_.assignQuietly(font);
   updateLegend();

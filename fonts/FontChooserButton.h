@@ -32,14 +32,12 @@ public:
   };
 
   explicit FontChooserButton(InitArgs const& args);
-  ~FontChooserButton() override;
   char const* idstring() const override { return "FontChooserButton"; }
 
   // Shows `font` without telling anyone.
   void setSelectedFont(FontDefinition const& font);
   FontDefinition getSelectedFont() const { return font_.get(); }
   // The button's font, for widgets that bind to it.
-  ValServer<FontDefinition>& getFontServer() noexcept { return font_; }
   void setClientCallback(Zo::Ptr<iCallbackBase<int, NotifyMsg>> const& callback) { callback_ = callback; }
   // The family's name on the button, in the family.
   void updateLegend();

@@ -202,6 +202,19 @@ iTreeViewAdaptor::Item FontChooserPanel::getChildItem(LightweightString<wchar_t>
   return item;
 }
 
+std::optional<std::size_t> FontChooserPanel::getChildIndex(LightweightString<wchar_t> const& parentId,
+                                                           LightweightString<wchar_t> const& id) const {
+  if (!parentId.empty())
+    return 0;
+  FontItem const wanted = FontItem::fromID(id);
+  for (std::size_t row = 0; row < shown_.size(); ++row) {
+    FontItem const& item = items_[shown_[row]];
+    if (item.category() == wanted.category() && item.name() == wanted.name())
+      return row;
+  }
+  return shown_.size();
+}
+
 std::vector<FontItem const*> FontChooserPanel::getShownItems() const {
   std::vector<FontItem const*> shown;
   for (std::size_t index : shown_)

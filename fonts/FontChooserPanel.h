@@ -65,6 +65,8 @@ public:
   // iTreeViewAdaptor, in the counted form: only rows in sight are asked.
   std::optional<std::size_t> getChildCount(LightweightString<wchar_t> const& parentId) const override;
   Item getChildItem(LightweightString<wchar_t> const& parentId, std::size_t index) const override;
+  std::optional<std::size_t> getChildIndex(LightweightString<wchar_t> const& parentId,
+                                           LightweightString<wchar_t> const& id) const override;
 
   // Narrows the list to the families the text matches; an empty text shows
   // them all. A text equal to the one applied changes nothing.
@@ -74,7 +76,6 @@ public:
   std::vector<FontItem> const& getItems() const noexcept { return items_; }
   // The items the filter lets through, in list order.
   std::vector<FontItem const*> getShownItems() const;
-  RecentFonts const& getRecentFonts() const noexcept { return recent_; }
   bool wasFontChosen() const noexcept { return fontChosen_; }
   TextFilterWidget* getFilter() const noexcept { return filter_; }
   TreeView* getTree() const noexcept { return tree_; }

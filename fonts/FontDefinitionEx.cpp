@@ -23,10 +23,7 @@ NormalisedRGB unpackColour(StreamFile& file) {
 
 int FontDefinitionEx::STRM_hierarchyPack(PStream& stream) const {
   StreamableTraitsBase::PackStack stack;
-  stack.push_back({[](void const* object, PStream& into, StreamableTraitsBase::PackStack& rest) {
-                     return FontLayer::packHeaderAndObject(*static_cast<FontDefinitionEx const*>(object), into, rest);
-                   },
-                   this});
+  stack.push_back(FontLayer::entry(*this));
   return RootLayer::pack(*this, stream, stack);
 }
 

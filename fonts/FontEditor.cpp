@@ -7,8 +7,6 @@
 
 FontEditor::FontEditor(LightweightString<char> const& recentFontsKey) : recentFontsKey_(recentFontsKey) {}
 
-FontEditor::~FontEditor() { fontGuard_.reset(); }
-
 Glob* FontEditor::getWidget(Glob* parent) {
   if (Widget* live = liveWidget())
     return live;

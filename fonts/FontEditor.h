@@ -21,7 +21,6 @@ public:
 
   // Keeps the panel's recent fonts under `recentFontsKey` (empty: none).
   explicit FontEditor(LightweightString<char> const& recentFontsKey = {});
-  ~FontEditor() override;
 
   Glob* getWidget(Glob* parent) override;
   int storeData(CellContext& context) const override;

@@ -25,7 +25,8 @@ public:
   eFontCategory category() const noexcept { return category_; }
   Glib::FontDesc const& font() const noexcept { return font_; }
   UIString getName() const { return UIString(wideName_); }
-  LightweightString<wchar_t> const& getID() const noexcept { return id_; }
+  // Made when asked: a list builds many items and asks few for their ids.
+  LightweightString<wchar_t> getID() const { return makeID(name_, category_); }
 
   static LightweightString<wchar_t> makeID(LightweightString<char> const& name, eFontCategory category);
   static LightweightString<wchar_t> makeID(FontDefinition const& font, eFontCategory category);
@@ -37,5 +38,4 @@ private:
   LightweightString<wchar_t> wideName_;
   eFontCategory category_;
   Glib::FontDesc font_;
-  LightweightString<wchar_t> id_;
 };

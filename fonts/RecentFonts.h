@@ -24,7 +24,6 @@ public:
   // the separator (it would not read back), changes nothing.
   void add(LightweightString<wchar_t> const& name);
   void persist() const;
-  LightweightString<char> const& getKey() const noexcept { return key_; }
 
 private:
   LightweightString<char> key_;

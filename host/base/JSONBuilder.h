@@ -49,8 +49,8 @@ public:
   // The document so far, with every open object and array closed; empty when
   // nothing has been added.
   LightweightString<char> getText() const;
-  // Writes getText(), with a final newline; false if the file cannot be
-  // written.
+  // Writes getText(), with a final newline, atomically (a crash leaves any
+  // old file whole), making missing folders; false if it cannot be written.
   bool saveToFile(LightweightString<wchar_t> const& path) const;
 
 private:

@@ -11,7 +11,7 @@
 class ZO_API Streamable {
 public:
   // How clone() makes its copy; every kind copies the revision.
-  enum BuilderType : int { kFresh = 0, kCopyOf = 2 };
+  enum BuilderType : int { kCopyOf = 2 };
   // What packing and unpacking a layer returns.
   enum eStatus : int { kPacked = 2, kUnpacked = 3, kStreamError = 6, kWrongLayer = 7, kUnexpectedEnd = 8 };
   static constexpr char kShortName[] = "$";

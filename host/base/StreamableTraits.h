@@ -30,9 +30,12 @@ struct StreamableTraitsBase {
 template <class T, class Base> struct StreamableTraits : StreamableTraitsBase {
   static constexpr bool kIsRoot = std::is_void_v<Base>;
 
+  // The stack entry that writes this layer of `object`.
+  static PackStack::value_type entry(T const& object) { return {&packEntry, &object}; }
+
   // Puts this layer on top of the stack and writes from it.
   static int pack(T const& object, PStream& stream, PackStack& stack) {
-    stack.push_back({&packEntry, &object});
+    stack.push_back(entry(object));
     return packHeaderAndObject(object, stream, stack);
   }
 
@@ -101,13 +104,14 @@ template <class T, class Base> struct StreamableTraits : StreamableTraitsBase {
       }
     }
     std::size_t const payloadEnd = payloadStart + ownLength;
-    std::string const objectName = object.hierarchyName(false, false).str();
+    // Named only when something is to be said about it.
+    auto objectName = [&object] { return object.hierarchyName(false, false).str(); };
     if (file.tell() < payloadEnd) {
       char line[1024];
       std::snprintf(line, sizeof line,
                     "Warning: Not all object data was read while unpacking object %s, layer %s v%d.%d, %d/%d bytes "
                     "unread.\n",
-                    objectName.c_str(), name.c_str(), static_cast<int>(major), static_cast<int>(minor),
+                    objectName().c_str(), name.c_str(), static_cast<int>(major), static_cast<int>(minor),
                     static_cast<int>(payloadEnd - file.tell()), static_cast<int>(ownLength));
       LogBoth(line);
     } else if (file.tell() > payloadEnd) {
@@ -115,7 +119,7 @@ template <class T, class Base> struct StreamableTraits : StreamableTraitsBase {
       std::snprintf(line, sizeof line,
                     "Error: Unpacker read beyond end of chunk while unpacking object %s, layer %s v%d.%d, %d bytes "
                     "overread.\n",
-                    objectName.c_str(), name.c_str(), static_cast<int>(major), static_cast<int>(minor),
+                    objectName().c_str(), name.c_str(), static_cast<int>(major), static_cast<int>(minor),
                     static_cast<int>(file.tell() - payloadEnd));
       stream.appendMessage(line);
       return Streamable::kStreamError;
@@ -123,9 +127,6 @@ template <class T, class Base> struct StreamableTraits : StreamableTraitsBase {
     file.seek(payloadEnd);
     return Streamable::kUnpacked;
   }
-
-  // A new object of T copied from `source`, its root built as a copy.
-  static T* clone(T const& source) { return new T(source); }
 
 private:
   static int packEntry(void const* object, PStream& stream, PackStack& stack) {

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string_view>
 
 #include <fontconfig/fontconfig.h>
@@ -51,17 +52,15 @@ std::vector<LightweightString<char>> getAvailableFonts() {
   static std::mutex mutex;
   static std::unique_ptr<FcConfig, ConfigFree> config;
   static std::vector<LightweightString<char>> families;
-  static std::chrono::steady_clock::time_point checked;
+  static std::optional<std::chrono::steady_clock::time_point> checked;
   std::lock_guard<std::mutex> const lock(mutex);
   auto const now = std::chrono::steady_clock::now();
-  if (config) {
-    if (now - checked < std::chrono::seconds(1))
-      return families;
-    checked = now;
-    if (FcConfigUptoDate(config.get()))
-      return families;
-  }
+  // A configuration that failed to load is tried again no sooner either.
+  if (checked && now - *checked < std::chrono::seconds(1))
+    return families;
   checked = now;
+  if (config && FcConfigUptoDate(config.get()))
+    return families;
   families.clear();
   config.reset(FcInitLoadConfigAndFonts());
   std::unique_ptr<FcPattern, PatternFree> anyFont(FcPatternCreate());

@@ -211,9 +211,17 @@ void TreeView::refresh(int keepState) {
 }
 
 TreeView::Node* TreeView::find(Node& from, LightweightString<wchar_t> const& id) const {
+  std::optional<std::size_t> const known =
+      adaptor_ && from.loaded ? adaptor_->getChildIndex(from.item.id, id) : std::nullopt;
+  if (known && *known < from.children.size())
+    if (Node& child = childOf(from, *known); child.item.id == id)
+      return &child;
   for (std::size_t index = 0; index < from.children.size(); ++index) {
+    // With the place known, rows not yet asked for hold nothing opened.
+    if (known && !from.children[index])
+      continue;
     Node& child = childOf(from, index);
-    if (child.item.id == id)
+    if (!known && child.item.id == id)
       return &child;
     if (child.loaded)
       if (Node* found = find(child, id))

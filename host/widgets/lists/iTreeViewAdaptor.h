@@ -39,6 +39,13 @@ public:
   virtual std::optional<std::size_t> getChildCount(LightweightString<wchar_t> const&) const { return std::nullopt; }
   // Asked only for an index below the count.
   virtual Item getChildItem(LightweightString<wchar_t> const&, std::size_t) const { return {}; }
+  // Where `id` lies among the counted children of `parentId`: its index, or
+  // the count when it is not among them. No answer (the default) makes the
+  // tree ask for every child when it looks for an item.
+  virtual std::optional<std::size_t> getChildIndex(LightweightString<wchar_t> const& /*parentId*/,
+                                                   LightweightString<wchar_t> const& /*id*/) const {
+    return std::nullopt;
+  }
   // Whether an item can open; asked only for items in sight.
   virtual bool hasChildItems(LightweightString<wchar_t> const& id) const;
   // The user renamed an item; false refuses the new text.

@@ -6,8 +6,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <unistd.h>
 
 namespace {
@@ -80,19 +78,23 @@ TEST(StreamFile, SavesAtomicallyAndLoadsBack) {
   std::filesystem::remove_all(folder);
 }
 
-TEST(AtomicFile, AFailedWriteLeavesTheOldFileWhole) {
+TEST(AtomicFile, AFailedWriteLeavesWhatWasThereWholeAndNoTemporaryFileBehind) {
   std::filesystem::path const folder =
       std::filesystem::temp_directory_path() / ("zo-atomic-" + std::to_string(::getpid()));
-  std::filesystem::create_directories(folder);
-  std::string const path = (folder / "kept.txt").string();
-  ASSERT_TRUE(Zo::writeFileAtomically(path, "old text"));
-  // A folder in the way of the rename: the write fails and says why.
-  std::string const blocked = (folder / "blocked").string();
+  std::filesystem::remove_all(folder);
   std::filesystem::create_directories(folder / "blocked" / "inside");
-  EXPECT_FALSE(Zo::writeFileAtomically(blocked, "new text"));
-  EXPECT_NE(errno, 0);
-  std::ifstream in(path);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "old text");
+  // A folder with content where the file would go: the rename over it
+  // fails, and what was there is untouched.
+  errno = 0;
+  EXPECT_FALSE(Zo::writeFileAtomically((folder / "blocked").string(), "new text"));
+  EXPECT_NE(errno, 0) << "the failure says why";
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "blocked" / "inside"));
+  int entries = 0;
+  for (auto const& entry : std::filesystem::directory_iterator(folder)) {
+    EXPECT_EQ(entry.path().filename(), "blocked") << "left behind: " << entry.path();
+    ++entries;
+  }
+  EXPECT_EQ(entries, 1);
   std::filesystem::remove_all(folder);
 }
 

@@ -280,6 +280,34 @@ TEST_F(TreeViewTest, SelectingACountedItemNotYetSeenAsksTheAdaptorForIt) {
   EXPECT_FALSE(tree->setSelectedItem(L"no such clip"));
 }
 
+TEST_F(TreeViewTest, AnAdaptorThatKnowsWhereAnItemLiesSparesTheTreeAskingForEveryRow) {
+  // Clips are named by their index, so their place is known.
+  class PlacedClips : public CountedClipsAdaptor {
+  public:
+    std::optional<std::size_t> getChildIndex(LightweightString<wchar_t> const& parentId,
+                                             LightweightString<wchar_t> const& id) const override {
+      if (!parentId.empty())
+        return std::nullopt;
+      std::wstring const text = id.str();
+      if (text.empty() || text.find_first_not_of(L"0123456789") != std::wstring::npos)
+        return 1'000'000u;
+      return std::stoul(text);
+    }
+  } clips;
+  openTree(&clips);
+  clips.itemsAsked = 0;
+  EXPECT_TRUE(tree->setSelectedItem(L"654321"));
+  EXPECT_EQ(tree->getSelectedIndex(), 654321);
+  int const askedToSelect = clips.itemsAsked;
+  EXPECT_LT(askedToSelect, 100) << "the row itself and the rows brought into sight";
+  EXPECT_FALSE(tree->setSelectedItem(L"no such clip"));
+  EXPECT_EQ(clips.itemsAsked, askedToSelect) << "a missing item costs no rows";
+
+  ASSERT_TRUE(tree->expand(L"654321"));
+  EXPECT_TRUE(tree->setSelectedItem(L"654321/take 1")) << "children of opened rows are still found";
+  EXPECT_EQ(tree->getSelectedIndex(), 654323);
+}
+
 TEST(iTreeViewAdaptor, TheListFormIsMadeFromTheCountedFormAndAnAdaptorWithNeitherIsEmpty) {
   class Takes : public iTreeViewAdaptor {
   public:
