@@ -59,8 +59,10 @@
 #include <zowidgets/fonts/FontText.h>
 #include <zowidgets/fonts/RecentFonts.h>
 #include <zowidgets/fonts/TitledFontChooserButton.h>
+#include <zowidgets/hints/DialogueCtx.h>
 #include <zowidgets/hints/Hint.h>
 #include <zowidgets/hints/HintWindow.h>
+#include <zowidgets/hints/YesNoDialogue.h>
 #include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
@@ -84,6 +86,7 @@
 #include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/base/NotifyMsg.h>
 #include <zowidgets/host/base/NotifyMsgTypeDictionary.h>
+#include <zowidgets/host/base/NullType.h>
 #include <zowidgets/host/base/NumberText.h>
 #include <zowidgets/host/base/PStream.h>
 #include <zowidgets/host/base/Ptr.h>
