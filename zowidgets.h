@@ -204,6 +204,8 @@
 #include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/logging/OutfileCheck.h>
+#include <zowidgets/logging/OutfileReporter.h>
 #include <zowidgets/textentry/Credentials.h>
 #include <zowidgets/textentry/CustomTextBox.h>
 #include <zowidgets/textentry/DropDownSearchPanel.h>

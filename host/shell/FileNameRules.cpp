@@ -139,3 +139,7 @@ WString makeValidFilespec(WString const& folder, WString const& name, WString co
 }
 
 } // namespace Zo::FilespecUtils
+
+bool fileNameValid(LightweightString<wchar_t> const& path) {
+  return Zo::FilespecUtils::isValidFileName(stripPath(path));
+}

@@ -48,3 +48,7 @@ ZO_API LightweightString<wchar_t> makeValidFilespec(LightweightString<wchar_t> c
                                                     wchar_t replacement = L'_');
 
 } // namespace Zo::FilespecUtils
+
+// True when the file name at the end of `path` is a valid one
+// (Zo::FilespecUtils::isValidFileName); the folders before it are not judged.
+ZO_API bool fileNameValid(LightweightString<wchar_t> const& path);

@@ -71,6 +71,13 @@ public:
   std::vector<LightweightString<wchar_t>> listFolder(LightweightString<wchar_t> const& folder,
                                                      LightweightString<wchar_t> const& pattern,
                                                      FolderEntries entries = FolderEntries::files) const;
+  // Whether a file may be written at `path`: an existing file that opens
+  // for writing, or a new one in a folder that takes files (canWriteTo).
+  // A path whose folder does not exist is not refused here.
+  bool canWriteFile(LightweightString<wchar_t> const& path) const;
+  // True when `path`, or the nearest folder above it that exists, lies on a
+  // floppy disk drive.
+  bool isFloppy(LightweightString<wchar_t> const& path) const;
   // Makes the folder and any missing parents; true when it exists afterwards.
   bool createFolder(LightweightString<wchar_t> const& folder) const;
   // Removes a file (never a folder); true when it was removed.

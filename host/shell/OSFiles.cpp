@@ -9,6 +9,8 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -16,6 +18,8 @@ namespace fs = std::filesystem;
 namespace {
 
 using WString = LightweightString<wchar_t>;
+
+constexpr unsigned kFloppyMajor = 2;
 
 fs::path diskPath(WString const& path) { return fs::path(std::string(path.toUTF8().view())); }
 
@@ -42,6 +46,31 @@ namespace Zo {
 bool OperatingSystem::fileExists(WString const& path) const {
   std::error_code error;
   return !path.empty() && fs::exists(diskPath(path), error);
+}
+
+bool OperatingSystem::canWriteFile(WString const& path) const {
+  std::error_code error;
+  fs::path const where = diskPath(path);
+  if (path.empty() || fs::is_directory(where, error))
+    return false;
+  if (fs::exists(where, error))
+    return ::access(where.c_str(), W_OK) == 0;
+  fs::path const folder = where.parent_path().empty() ? fs::path(".") : where.parent_path();
+  if (!fs::exists(folder, error))
+    return true;
+  return canWriteTo(WString::fromUTF8(folder.string()));
+}
+
+bool OperatingSystem::isFloppy(WString const& path) const {
+  std::error_code error;
+  fs::path where = fs::absolute(diskPath(path), error);
+  while (!where.empty() && !fs::exists(where, error) && where != where.parent_path())
+    where = where.parent_path();
+  struct stat status {};
+  if (where.empty() || ::stat(where.c_str(), &status) != 0)
+    return false;
+  // Block major 2 is the floppy disk driver's.
+  return major(status.st_dev) == kFloppyMajor;
 }
 
 bool OperatingSystem::canWriteTo(WString const& folder) const {
