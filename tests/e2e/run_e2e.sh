@@ -87,6 +87,7 @@ pageindex) extra=(--gallery page-index) ;;
 hints) extra=(--gallery hints) ;;
 spacedivider) extra=(--gallery spacedivider) ;;
 fontbutton) extra=(--gallery fontbutton) ;;
+dialogues) extra=(--gallery dialogues) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -847,6 +848,49 @@ hints)
   click_reading PushButton 'Try the hint'
   showing || fail "a dismissed hint was taken as acknowledged"
   expect "it comes back" "$(status)" 'Not acknowledged yet, so it shows'
+  ;;
+dialogues)
+  # The dialogues page: "Ask yes or no" opens a question whose answer shows
+  # on the page; "Check the path" checks the output file's path as an
+  # exporter would and says what it found.
+  answered() { [ -n "$(widget_reading TextLabel "$1")" ]; }
+  retype_path() {
+    read -r x y <<<"$(centre "$(ask 'widget TitleTextBox 0')" box)"
+    xdotool mousemove "$x" "$y" click 1
+    # Without a window manager nothing gives the page back the keyboard
+    # once the dialogue that had it has gone; a click would, with one.
+    eval "$(xdotool getmouselocation --shell)"
+    xdotool windowfocus --sync "$WINDOW"
+    sleep 0.3
+    xdotool key ctrl+a
+    sleep 0.2
+    xdotool type --delay 20 "$1"
+    sleep 0.4
+  }
+  click_reading PushButton 'Ask yes or no'
+  click_reading PushButton Yes
+  answered 'Answer: yes' || fail "Yes was not heard"
+  click_reading PushButton 'Ask yes or no'
+  xdotool key Escape
+  sleep 0.4
+  [ -z "$(widget_reading PushButton No)" ] || fail "Escape left the question open"
+  answered 'Answer: yes' || fail "Escape gave an answer"
+  click_reading PushButton 'Ask yes or no'
+  click_reading PushButton No
+  answered 'Answer: no' || fail "No was not heard"
+  # A file that exists, this case's own answers: offered for replacing.
+  retype_path "$work/answers"
+  expect "the path typed" "$(text "$(ask 'widget TitleTextBox 0')")" "$work/answers"
+  click_reading PushButton 'Check the path'
+  answered 'Code 5: the file exists' || fail "an existing file was not reported"
+  click_reading PushButton Yes
+  answered 'Answer: replace the file' || fail "the choice to replace did not reach the page"
+  # A folder that does not exist is said in words.
+  retype_path "$work/gone/clip.mov"
+  click_reading PushButton 'Check the path'
+  answered 'Code 4: the folder does not exist' || fail "a missing folder was not reported"
+  click_reading PushButton OK
+  [ -z "$(widget_reading PushButton OK)" ] || fail "OK left the message open"
   ;;
 *)
   fail "unknown case"
