@@ -49,6 +49,12 @@
 #include <zowidgets/diagnostics/GlobTreePanel.h>
 #include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/diagnostics/LabelledLine.h>
+#include <zowidgets/editor/AngleIndicatorWidget.h>
+#include <zowidgets/editor/CornerHighlight.h>
+#include <zowidgets/editor/GestureButton.h>
+#include <zowidgets/editor/RibbonWidget.h>
+#include <zowidgets/editor/SimpleTimeMarker.h>
+#include <zowidgets/editor/TrackButton.h>
 #include <zowidgets/fonts/FontChooserButton.h>
 #include <zowidgets/fonts/FontChooserPanel.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
@@ -61,6 +67,7 @@
 #include <zowidgets/fonts/TitledFontChooserButton.h>
 #include <zowidgets/hints/Hint.h>
 #include <zowidgets/hints/HintWindow.h>
+#include <zowidgets/host/base/Angles.h>
 #include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
@@ -140,6 +147,7 @@
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/GlobCreationInfo.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/GlobTheme.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/Orientation.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
