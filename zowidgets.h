@@ -55,6 +55,7 @@
 #include <zowidgets/editor/RibbonWidget.h>
 #include <zowidgets/editor/SimpleTimeMarker.h>
 #include <zowidgets/editor/TrackButton.h>
+#include <zowidgets/editor/UIHWDeviceManager.h>
 #include <zowidgets/fonts/FontChooserButton.h>
 #include <zowidgets/fonts/FontChooserPanel.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
@@ -132,6 +133,7 @@
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/shell/DeviceServices.h>
 #include <zowidgets/host/shell/FileNameRules.h>
 #include <zowidgets/host/shell/FilePaths.h>
 #include <zowidgets/host/shell/HTTPServer.h>

@@ -10,6 +10,8 @@
 #include <zowidgets/editor/RibbonWidget.h>
 #include <zowidgets/editor/SimpleTimeMarker.h>
 #include <zowidgets/editor/TrackButton.h>
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
