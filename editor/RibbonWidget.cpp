@@ -41,15 +41,13 @@ void RibbonWidget::setSelected(bool selected) {
 }
 
 GenericParam::ChoiceParam const& RibbonWidget::registerUIThemeParams() {
-  static GenericParam::ChoiceParam const param = [] {
-    std::vector<GenericParam::ChoiceParam::Choice> choices{
-        {UIString(13598), UIString(), kSquare, true},
-        {UIString(13599), UIString(), kRibbon, true},
-        {UIString(13731), UIString(), kDot, true},
-    };
-    UifStd::registerThemeParam(kThemeKey, kRibbon);
-    return GenericParam::ChoiceParam(UIString(kLabelResource), kThemeKey, UIString(), kRibbon, choices);
-  }();
+  static GenericParam::ChoiceParam const param(UIString(kLabelResource), kThemeKey, UIString(), kRibbon,
+                                               {
+                                                   {UIString(13598), UIString(), kSquare, true},
+                                                   {UIString(13599), UIString(), kRibbon, true},
+                                                   {UIString(13731), UIString(), kDot, true},
+                                               });
+  UifStd::registerThemeParam(kThemeKey, kRibbon);
   return param;
 }
 

@@ -33,8 +33,8 @@ public:
   bool isSelected() const noexcept { return selected_; }
   int react(Event const&) override { return 0; }
 
-  // Registers the theme parameter (once; later calls change nothing) and
-  // returns its description: a choice of kind "int" labelled by resource
+  // Gives the theme its "assetindicators" value, 1, unless it has one, and
+  // returns the parameter's description: a choice of kind "int" labelled by resource
   // 13597, with the entries 0 (13598), 1 (13599) and 2 (13731).
   static GenericParam::ChoiceParam const& registerUIThemeParams();
   // The theme's choice, 1 when the key is absent.

@@ -96,8 +96,11 @@ TEST_F(SmallEditorWidgetsTest, TheThemeParameterOffersThreeAppearances) {
   EXPECT_EQ(param.getChoices()[1].label.getString().str(), L"Ribbons");
   EXPECT_EQ(param.getChoices()[2].value, 2u);
   EXPECT_EQ(param.getChoices()[2].label.getString().str(), L"Dots");
-  UifStd::registerThemeParam(RibbonWidget::kThemeKey, RibbonWidget::kRibbon);
+  EXPECT_TRUE(UifStd::getTheme().has(RibbonWidget::kThemeKey));
   EXPECT_EQ(RibbonWidget::getDefaultAppearance(), RibbonWidget::kRibbon);
+  UifStd::getTheme().set(RibbonWidget::kThemeKey, RibbonWidget::kDot);
+  RibbonWidget::registerUIThemeParams();
+  EXPECT_EQ(RibbonWidget::getDefaultAppearance(), RibbonWidget::kDot) << "a value the theme has is kept";
 }
 
 class RibbonTest : public EditorWidgetTest {
