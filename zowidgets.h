@@ -56,6 +56,7 @@
 #include <zowidgets/editor/SimpleTimeMarker.h>
 #include <zowidgets/editor/TrackButton.h>
 #include <zowidgets/editor/UIHWDeviceManager.h>
+#include <zowidgets/editor/VideoWindowBackBuffer.h>
 #include <zowidgets/fonts/FontChooserButton.h>
 #include <zowidgets/fonts/FontChooserPanel.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
