@@ -49,6 +49,14 @@
 #include <zowidgets/diagnostics/GlobTreePanel.h>
 #include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/diagnostics/LabelledLine.h>
+#include <zowidgets/editor/AngleIndicatorWidget.h>
+#include <zowidgets/editor/CornerHighlight.h>
+#include <zowidgets/editor/GestureButton.h>
+#include <zowidgets/editor/RibbonWidget.h>
+#include <zowidgets/editor/SimpleTimeMarker.h>
+#include <zowidgets/editor/TrackButton.h>
+#include <zowidgets/editor/UIHWDeviceManager.h>
+#include <zowidgets/editor/VideoWindowBackBuffer.h>
 #include <zowidgets/fonts/FontChooserButton.h>
 #include <zowidgets/fonts/FontChooserPanel.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
@@ -63,6 +71,7 @@
 #include <zowidgets/hints/Hint.h>
 #include <zowidgets/hints/HintWindow.h>
 #include <zowidgets/hints/YesNoDialogue.h>
+#include <zowidgets/host/base/Angles.h>
 #include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
@@ -128,6 +137,7 @@
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/shell/DeviceServices.h>
 #include <zowidgets/host/shell/FileNameRules.h>
 #include <zowidgets/host/shell/FilePaths.h>
 #include <zowidgets/host/shell/HTTPServer.h>
@@ -143,6 +153,7 @@
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/GlobCreationInfo.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/GlobTheme.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/Orientation.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>

@@ -3,6 +3,7 @@
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/drawing/detail/PixelCompositor.h>
 #include <zowidgets/host/drawing/detail/RoundedBoxes.h>
+#include <zowidgets/host/drawing/detail/TriangleMesh.h>
 
 #include <cairo.h>
 
@@ -104,46 +105,6 @@ void paintImage(cairo_t* context, Zo::Image::Surface const& target, Zo::Image::S
 
 void addCornerColour(cairo_pattern_t* mesh, unsigned int corner, Colour const& colour) {
   cairo_mesh_pattern_set_corner_color_rgba(mesh, corner, colour.red(), colour.green(), colour.blue(), colour.alpha());
-}
-
-// Fills triangles (given as index triples into `points`): a flat colour, or
-// colours blended from their corners.
-void fillTriangles(cairo_t* context, std::vector<XY<double>> const& points, std::vector<Colour> const& colours,
-                   std::vector<std::size_t> const& corners) {
-  if (corners.empty())
-    return;
-  cairo_pattern_t* mesh = colours.size() == 1 ? nullptr : cairo_pattern_create_mesh();
-  for (std::size_t i = 0; i + 2 < corners.size(); i += 3) {
-    XY<double> const& a = points[corners[i]];
-    XY<double> const& b = points[corners[i + 1]];
-    XY<double> const& c = points[corners[i + 2]];
-    cairo_move_to(context, a.x, a.y);
-    cairo_line_to(context, b.x, b.y);
-    cairo_line_to(context, c.x, c.y);
-    cairo_close_path(context);
-    if (!mesh)
-      continue;
-    cairo_mesh_pattern_begin_patch(mesh);
-    cairo_mesh_pattern_move_to(mesh, a.x, a.y);
-    cairo_mesh_pattern_line_to(mesh, b.x, b.y);
-    cairo_mesh_pattern_line_to(mesh, c.x, c.y);
-    for (unsigned int corner = 0; corner < 3; ++corner)
-      addCornerColour(mesh, corner, colours[corners[i + corner]]);
-    cairo_mesh_pattern_end_patch(mesh);
-  }
-  if (mesh) {
-    cairo_set_source(context, mesh);
-    cairo_pattern_destroy(mesh);
-  } else {
-    setSource(context, colours.front());
-  }
-  // Neighbouring triangles wind opposite ways; non-zero filling still covers
-  // both, in one pass without seams.
-  cairo_fill(context);
-}
-
-bool coloursFit(std::vector<Colour> const& colours, std::size_t points) {
-  return colours.size() == 1 || (colours.size() >= points && points > 0);
 }
 
 } // namespace
@@ -456,12 +417,8 @@ void CanvasRenderer::renderMulti(Glib::TriangleStripDescription const* items, un
     return;
   for (unsigned int n = 0; n < count; ++n) {
     auto const& item = items[n];
-    if (!coloursFit(item.colours, item.points.size()))
-      continue;
-    std::vector<std::size_t> corners;
-    for (std::size_t i = 2; i < item.points.size(); ++i)
-      corners.insert(corners.end(), {i - 2, i - 1, i});
-    fillTriangles(cairo(), item.points, item.colours, corners);
+    if (TriangleMesh::coloursFit(item.colours, item.points.size()))
+      TriangleMesh::fill(cairo(), item.points, item.colours, TriangleMesh::stripCorners(item.points.size()));
   }
 }
 
@@ -470,12 +427,8 @@ void CanvasRenderer::renderMulti(Glib::TriangleFanDescription const* items, unsi
     return;
   for (unsigned int n = 0; n < count; ++n) {
     auto const& item = items[n];
-    if (!coloursFit(item.colours, item.points.size()))
-      continue;
-    std::vector<std::size_t> corners;
-    for (std::size_t i = 2; i < item.points.size(); ++i)
-      corners.insert(corners.end(), {std::size_t(0), i - 1, i});
-    fillTriangles(cairo(), item.points, item.colours, corners);
+    if (TriangleMesh::coloursFit(item.colours, item.points.size()))
+      TriangleMesh::fill(cairo(), item.points, item.colours, TriangleMesh::fanCorners(item.points.size()));
   }
 }
 

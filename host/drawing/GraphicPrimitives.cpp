@@ -1,9 +1,9 @@
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 
 #include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/drawing/detail/TriangleMesh.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace Glib {
 
@@ -45,86 +45,21 @@ XY<double> TextDescription::baselineStart() const {
 
 } // namespace Glib
 
-iRegion::iRegion(std::vector<Zo::Box<int>> boxes) {
-  for (Zo::Box<int> const& box : boxes)
-    add(box);
-}
-
-void iRegion::add(Zo::Box<int> const& box) {
-  if (!box.empty())
-    boxes_.push_back(box);
-}
-
-bool iRegion::contains(XY<int> const& point) const noexcept {
-  return std::any_of(boxes_.begin(), boxes_.end(), [&point](Zo::Box<int> const& box) { return box.contains(point); });
-}
-
-bool iRegion::intersects(Zo::Box<int> const& box) const noexcept {
-  return std::any_of(boxes_.begin(), boxes_.end(),
-                     [&box](Zo::Box<int> const& own) { return !own.intersect(box).empty(); });
-}
-
-std::vector<Zo::Box<int>> iRegion::intersect(Zo::Box<int> const& box) const {
-  std::vector<Zo::Box<int>> parts;
-  for (Zo::Box<int> const& own : boxes_) {
-    if (Zo::Box<int> const part = own.intersect(box); !part.empty())
-      parts.push_back(part);
-  }
-  return parts;
-}
-
-Zo::Box<int> iRegion::bounds() const noexcept {
-  Zo::Box<int> result;
-  for (Zo::Box<int> const& box : boxes_)
-    result = result.unite(box);
-  return result;
-}
-
 namespace {
 
 using Glib::RectDescription;
 
-// The pixel spans of one triangle, as rectangles one row high: a pixel is in
-// when its centre is, as rasterisers do it.
-void addTriangleSpans(XY<double> a, XY<double> b, XY<double> c, Colour const& colour,
-                      std::vector<RectDescription>& spans) {
-  double const bottom = std::min({a.y, b.y, c.y});
-  double const top = std::max({a.y, b.y, c.y});
-  XY<double> const corners[3] = {a, b, c};
-  for (int row = static_cast<int>(std::floor(bottom)); row < static_cast<int>(std::ceil(top)); ++row) {
-    double const y = row + 0.5;
-    double left = HUGE_VAL;
-    double right = -HUGE_VAL;
-    for (int i = 0; i < 3; ++i) {
-      XY<double> const p = corners[i];
-      XY<double> const q = corners[(i + 1) % 3];
-      if ((p.y <= y && y < q.y) || (q.y <= y && y < p.y)) {
-        double const x = p.x + (y - p.y) * (q.x - p.x) / (q.y - p.y);
-        left = std::min(left, x);
-        right = std::max(right, x);
-      }
-    }
-    if (!(left < right))
-      continue;
-    int const first = static_cast<int>(std::ceil(left - 0.5));
-    int const end = static_cast<int>(std::ceil(right - 0.5));
-    if (first < end)
-      spans.emplace_back(Zo::Box<int>(first, row, end, row + 1), colour);
+// Each triangle mesh drawn into a picture of its own, the pictures then
+// laid as images: the one primitive every renderer has that carries filled
+// triangles with blended corner colours.
+void drawMeshesAsImages(iGraphicPrimitivesRenderer& renderer, std::vector<TriangleMesh::Picture> const& pictures) {
+  std::vector<Glib::ImageDescription> images;
+  for (TriangleMesh::Picture const& picture : pictures) {
+    if (!picture.image.empty())
+      images.emplace_back(picture.image, picture.where);
   }
-}
-
-// A triangle of per-point colours drawn flat takes the mean of its corners.
-Colour triangleColour(std::vector<Colour> const& colours, std::size_t i0, std::size_t i1, std::size_t i2) {
-  if (colours.size() == 1)
-    return colours.front();
-  Colour const& a = colours[i0];
-  Colour const& b = colours[i1];
-  Colour const& c = colours[i2];
-  return Colour::mix(Colour::mix(a, b, 0.5), c, 2.0 / 3.0);
-}
-
-bool coloursFit(std::vector<Colour> const& colours, std::size_t points) {
-  return colours.size() == 1 || (colours.size() >= points && points > 0);
+  if (!images.empty())
+    renderer.renderMulti(images.data(), static_cast<unsigned int>(images.size()));
 }
 
 } // namespace
@@ -177,30 +112,19 @@ void iGraphicPrimitivesRenderer::renderMulti(Glib::RoundedRectDescription const*
 }
 
 void iGraphicPrimitivesRenderer::renderMulti(Glib::TriangleStripDescription const* items, unsigned int count) {
-  std::vector<RectDescription> spans;
-  for (unsigned int n = 0; n < count; ++n) {
-    auto const& points = items[n].points;
-    if (!coloursFit(items[n].colours, points.size()))
-      continue;
-    for (std::size_t i = 2; i < points.size(); ++i)
-      addTriangleSpans(points[i - 2], points[i - 1], points[i], triangleColour(items[n].colours, i - 2, i - 1, i),
-                       spans);
-  }
-  if (!spans.empty())
-    renderMulti(spans.data(), static_cast<unsigned int>(spans.size()));
+  std::vector<TriangleMesh::Picture> pictures;
+  for (unsigned int n = 0; n < count; ++n)
+    pictures.push_back(
+        TriangleMesh::draw(items[n].points, items[n].colours, TriangleMesh::stripCorners(items[n].points.size())));
+  drawMeshesAsImages(*this, pictures);
 }
 
 void iGraphicPrimitivesRenderer::renderMulti(Glib::TriangleFanDescription const* items, unsigned int count) {
-  std::vector<RectDescription> spans;
-  for (unsigned int n = 0; n < count; ++n) {
-    auto const& points = items[n].points;
-    if (!coloursFit(items[n].colours, points.size()))
-      continue;
-    for (std::size_t i = 2; i < points.size(); ++i)
-      addTriangleSpans(points[0], points[i - 1], points[i], triangleColour(items[n].colours, 0, i - 1, i), spans);
-  }
-  if (!spans.empty())
-    renderMulti(spans.data(), static_cast<unsigned int>(spans.size()));
+  std::vector<TriangleMesh::Picture> pictures;
+  for (unsigned int n = 0; n < count; ++n)
+    pictures.push_back(
+        TriangleMesh::draw(items[n].points, items[n].colours, TriangleMesh::fanCorners(items[n].points.size())));
+  drawMeshesAsImages(*this, pictures);
 }
 
 void iGraphicPrimitivesRenderer::renderMulti(Glib::LineStripDescription const* items, unsigned int count) {

@@ -271,9 +271,13 @@ private:
 };
 
 // Something that draws the primitives above. The four composite primitives
-// (rounded rectangles, triangle strips and fans, line strips) have default
-// implementations made of the others, so a renderer that forwards only the
-// basic ones still draws them; a renderer may draw them better itself.
+// have default implementations made of the others, so a renderer that
+// forwards only the basic ones still draws them; a renderer may draw them
+// better itself. By default a rounded rectangle becomes three rectangles and
+// four quarter discs, its outline four lines and four quarter rings; each
+// triangle strip or fan is drawn into a picture of its own (blending its
+// corner colours) that arrives as one ImageDescription; a line strip becomes
+// one line per segment.
 class ZO_API iGraphicPrimitivesRenderer : public iObject {
 public:
   // Bit of getCaps(): ImageDescriptionEx honours its filter.

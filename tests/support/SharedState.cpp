@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/shell/DeviceServices.h>
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
@@ -49,4 +50,6 @@ void resetSharedState() {
   glib_setCursor(kCursorDefault);
   set_kbd_focus(nullptr);
   IconCache::clear();
+  setDeviceServices(nullptr);
+  defaultDeviceServices().clear();
 }

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <zowidgets/host/base/Export.h>
+
+// Sizes of the look that widgets share beyond UifStd's metrics, kept as
+// theme parameters (UifStd::getTheme) so that an application can change them.
+namespace GlobTheme {
+
+// The theme key of the edge grab size, in pixels at scale 1.
+inline constexpr char const* kEdgeGrabSizeKey = "edgegrabsize";
+inline constexpr int kDefaultEdgeGrabSize = 4;
+
+// How close to a widget's edge a press takes hold of the edge rather than of
+// the widget (to resize a track by its lower edge, say): the theme's
+// "edgegrabsize" (4 unless set) times the interface scale, rounded, and at
+// least 1.
+ZO_API unsigned short edgeGrabSize();
+
+} // namespace GlobTheme
