@@ -1,13 +1,11 @@
 #include <zowidgets/tutorials/TutorialsManager.h>
 
 #include <zowidgets/host/base/Cookie.h>
-#include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/shell/FilePaths.h>
 #include <zowidgets/host/shell/OS.h>
 
 #include <algorithm>
 #include <mutex>
-#include <string>
 
 namespace {
 
@@ -28,13 +26,6 @@ void notify(TutorialsManager const& manager, char const* name, Zo::Ptr<Tutorial>
   manager.issueNotification(NotifyMsg(name, tutorial), code);
 }
 
-// Says in the program's log why a file found at start-up is not listed.
-void logSkipped(LightweightString<wchar_t> const& path) {
-  bool const unreadable = !JSON::parseFile(path);
-  LogBoth("tutorial skipped: " + toNarrow(path) +
-          (unreadable ? " cannot be read as JSON" : " has no name or no category"));
-}
-
 } // namespace
 
 TutorialsManager& TutorialsManager::instance() {
@@ -49,11 +40,10 @@ TutorialsManager::TutorialsManager() {
        OS().listFolder(location, LightweightString<wchar_t>(L"*") + kExtension, Zo::FolderEntries::files)) {
     LightweightString<wchar_t> const path = joinPaths(location, entry);
     Zo::Ptr<Tutorial> const tutorial = Zo::make<Tutorial>(path);
-    if (tutorial->category().empty() || tutorial->name().empty()) {
-      logSkipped(path);
-      continue;
-    }
-    tutorials_.push_back(tutorial);
+    // A file that is broken, empty or foreign reads with no name or
+    // category; it is dropped without a word and stays on disk.
+    if (!tutorial->category().empty() && !tutorial->name().empty())
+      tutorials_.push_back(tutorial);
   }
   buildCategories();
 }

@@ -101,7 +101,7 @@ TEST_F(TutorialsManagerTest, FilesAreListedInTheFolderOrderAndCategoriesSorted) 
   EXPECT_EQ(manager.getTutorial(L"b.ZoTutorial")->getNumPhases(), 1);
 }
 
-TEST_F(TutorialsManagerTest, BrokenAndNamelessFilesAreSkippedWithALogLineAndTheOthersLoad) {
+TEST_F(TutorialsManagerTest, BrokenAndNamelessFilesAreSkippedSilentlyAndTheOthersLoad) {
   writeTutorial("a-good.ZoTutorial", "Good", "Editing");
   writeBytes(folder() / "b-broken.ZoTutorial", R"({"name":"Broken","category":"Editing",)");
   writeTutorial("c-no-name.ZoTutorial", "", "Editing");
@@ -121,11 +121,7 @@ TEST_F(TutorialsManagerTest, BrokenAndNamelessFilesAreSkippedWithALogLineAndTheO
     EXPECT_FALSE(manager.getTutorial(skipped)) << toNarrow(skipped);
     EXPECT_TRUE(std::filesystem::exists(folder() / toNarrow(skipped))) << "the file stays on disk";
   }
-  ASSERT_EQ(logged.size(), 4u);
-  EXPECT_NE(logged[0].find("b-broken.ZoTutorial cannot be read as JSON"), std::string::npos) << logged[0];
-  EXPECT_NE(logged[1].find("c-no-name.ZoTutorial has no name or no category"), std::string::npos) << logged[1];
-  EXPECT_NE(logged[2].find("d-no-category.ZoTutorial has no name or no category"), std::string::npos) << logged[2];
-  EXPECT_NE(logged[3].find("e-array.ZoTutorial has no name or no category"), std::string::npos) << logged[3];
+  EXPECT_EQ(logged, std::vector<std::string>{}) << "skipping is silent, in the program's log too";
 }
 
 TEST_F(TutorialsManagerTest, EmptyAndBinaryFilesAreSkippedAndTheOthersLoad) {
