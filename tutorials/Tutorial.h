@@ -161,6 +161,7 @@ public:
   // before it is compared, as the index is.
   Zo::Ptr<Phase> getPhase(unsigned short index);
   Zo::Ptr<Phase const> getPhase(unsigned short index) const;
+  // The phase count cut to 16 bits, as getPhase compares it.
   unsigned short getNumPhases() const noexcept { return static_cast<unsigned short>(phases_.size()); }
 
   std::vector<Zo::Ptr<Phase>> const& phases() const noexcept { return phases_; }
