@@ -16,10 +16,11 @@ namespace {
 
 using WString = LightweightString<wchar_t>;
 
-// Every notification a manager issues: its code and the tutorial it carries.
+// A notification heard: the code listened for, the tutorial and the name.
 struct Heard {
   int code;
   Zo::Ptr<iObject> tutorial;
+  std::string name;
 };
 
 class TutorialsManagerTest : public ::testing::Test {
@@ -55,7 +56,7 @@ protected:
 struct CodeListener {
   CodeListener(TutorialsManager& manager, int code, std::vector<Heard>& heard)
       : guard(manager.addListener(Zo::make<FunctionCallback<NotifyMsg>>([code, &heard](NotifyMsg const& message) {
-                                    heard.push_back({code, message.data()});
+                                    heard.push_back({code, message.data(), message.name().str()});
                                     return 0;
                                   }),
                                   code)) {}
@@ -282,6 +283,9 @@ TEST_F(TutorialsManagerTest, AClientOfEveryTypeHearsEachChangeInTurn) {
   manager.save(made);
   manager.deleteTutorial(made);
   ASSERT_EQ(heard.size(), 3u);
+  EXPECT_EQ(heard[0].name, "TutorialCreated");
+  EXPECT_EQ(heard[1].name, "TutorialSaved");
+  EXPECT_EQ(heard[2].name, "TutorialDeleted");
   for (Heard const& each : heard)
     EXPECT_EQ(each.tutorial.get(), static_cast<iObject*>(made.get()));
 }
