@@ -75,6 +75,7 @@
 #include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
+#include <zowidgets/host/base/Cookie.h>
 #include <zowidgets/host/base/CriticalSection.h>
 #include <zowidgets/host/base/DataChange.h>
 #include <zowidgets/host/base/DataConvert.h>
@@ -103,6 +104,7 @@
 #include <zowidgets/host/base/StreamFile.h>
 #include <zowidgets/host/base/Streamable.h>
 #include <zowidgets/host/base/StreamableTraits.h>
+#include <zowidgets/host/base/TextFile.h>
 #include <zowidgets/host/base/TextSearch.h>
 #include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/base/XY.h>
@@ -156,6 +158,7 @@
 #include <zowidgets/host/toolkit/GlobTheme.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/Orientation.h>
+#include <zowidgets/host/toolkit/PositionNames.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/TabOrderableHost.h>
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -231,6 +234,8 @@
 #include <zowidgets/textentry/SignInWidget.h>
 #include <zowidgets/textentry/TextFilterWidget.h>
 #include <zowidgets/textentry/TextSearchWidget.h>
+#include <zowidgets/tutorials/Tutorial.h>
+#include <zowidgets/tutorials/TutorialsManager.h>
 #include <zowidgets/values/binding/ColourDataValue.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
 #include <zowidgets/values/binding/ValWidget.h>
