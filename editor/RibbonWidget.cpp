@@ -1,7 +1,7 @@
 #include <zowidgets/editor/RibbonWidget.h>
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/drawing/ColourUtils.h>
+#include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
@@ -76,7 +76,7 @@ void RibbonWidget::draw(CanvasRenderer& renderer, Zo::Box<int> const& box, Colou
   int const W = box.width(), H = box.height();
   if (W <= 0 || H <= 0)
     return;
-  Colour const c0 = ColourUtils::scale(colour, 0.7);
+  Colour const c0 = scale(colour, 0.7);
   switch (getDefaultAppearance()) {
   case kSquare:
     Glib::drawRoundedRect(renderer, centredSquare(box), Colour(0.1, 0.1, 0.1), colour, 2.0);

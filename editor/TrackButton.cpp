@@ -1,7 +1,7 @@
 #include <zowidgets/editor/TrackButton.h>
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
-#include <zowidgets/host/drawing/ColourUtils.h>
+#include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/shell/Preferences.h>
@@ -150,7 +150,7 @@ Glib::FontDesc TrackButton::getFont() const {
 Colour TrackButton::textColour() const {
   Colour colour = isSelected() && isActive() ? selectedTextColour_ : labelColour();
   if (isActive() && mouseInside_)
-    colour = ColourUtils::scale(colour, 1.6);
+    colour = scale(colour, 1.6);
   return colour;
 }
 

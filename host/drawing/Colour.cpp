@@ -51,8 +51,13 @@ NormalisedRGB fromColour(Colour const& colour) noexcept {
 }
 
 Colour scale(Colour const& colour, double factor) {
-  Colour scaled(std::min(1.0, colour.red() * factor), std::min(1.0, colour.green() * factor),
-                std::min(1.0, colour.blue() * factor), colour.flag());
+  if (!colour.use())
+    return colour;
+  auto channel = [factor](double value) {
+    double const scaled = value * factor;
+    return scaled > 0.0 ? std::min(scaled, 1.0) : 0.0; // not-a-number counts as 0
+  };
+  Colour scaled(channel(colour.red()), channel(colour.green()), channel(colour.blue()), colour.flag());
   scaled.setAlpha(colour.alpha());
   return scaled;
 }

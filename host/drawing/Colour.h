@@ -60,6 +60,7 @@ private:
 // The colour narrowed to floats, alpha included.
 ZO_API NormalisedRGB fromColour(Colour const& colour) noexcept;
 
-// A colour made brighter by `factor`, each channel clamped to 1, its alpha
-// and flag kept.
+// The colour with red, green and blue multiplied by `factor` and clamped to
+// 0..1: above 1 brighter, below 1 darker. Alpha, the flag and validity are
+// kept (an invalid colour stays invalid).
 ZO_API Colour scale(Colour const& colour, double factor);

@@ -22,15 +22,3 @@ long ColourUtils::asLong(NormalisedRGB const& colour) {
 NormalisedRGB ColourUtils::fromLong(long value) {
   return NormalisedRGB(fromByte(value >> 16), fromByte(value >> 8), fromByte(value), 1.0f);
 }
-
-Colour ColourUtils::scale(Colour const& colour, double factor) {
-  if (!colour.use())
-    return colour;
-  auto channel = [factor](double value) {
-    double const scaled = value * factor;
-    return scaled > 0.0 ? std::min(scaled, 1.0) : 0.0; // not-a-number counts as 0
-  };
-  Colour scaled(channel(colour.red()), channel(colour.green()), channel(colour.blue()), colour.flag());
-  scaled.setAlpha(colour.alpha());
-  return scaled;
-}

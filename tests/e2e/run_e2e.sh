@@ -88,6 +88,7 @@ hints) extra=(--gallery hints) ;;
 spacedivider) extra=(--gallery spacedivider) ;;
 fontbutton) extra=(--gallery fontbutton) ;;
 dialogues) extra=(--gallery dialogues) ;;
+editor) extra=(--gallery editor) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -891,6 +892,46 @@ dialogues)
   answered 'Code 4: the folder does not exist' || fail "a missing folder was not reported"
   click_reading PushButton OK
   [ -z "$(widget_reading PushButton OK)" ] || fail "OK left the message open"
+  ;;
+editor)
+  # The editor page: track buttons in a timeline head, an angle dial with
+  # its reading below, and the Trim gesture button; the wrapped status line
+  # says what a track or a gesture did.
+  label_starting() {
+    local index reply
+    for index in $(seq 0 20); do
+      reply=$(ask "widget TextLabel $index")
+      grep -q '"error"' <<<"$reply" && return 0
+      case "$(text "$reply")" in "$1"*)
+        text "$reply"
+        return 0
+        ;;
+      esac
+    done
+  }
+  # The first track's lower edge dragged down 20 pixels: the head gives it
+  # the height the drag asked for.
+  read -r x y w h <<<"$(box "$(widget_reading TrackButton V1)" box)"
+  drag_to $((x + w / 2)) $((y + h - 2)) $((x + w / 2)) $((y + h + 18))
+  sleep 0.4
+  read -r _ _ _ grown <<<"$(box "$(widget_reading TrackButton V1)" box)"
+  expect_within "the track's new height" "$grown" $((h + 17)) $((h + 23))
+  expect "the status" "$(label_starting 'Track V1')" "Track V1 is $grown pixels high"
+  # The dial's hand, at 30 degrees clockwise from up, dragged to 90 (right).
+  reading=$(widget_reading AngleControl '')
+  read -r x y w h <<<"$(box "$reading" box)"
+  cx=$((x + w / 2))
+  cy=$((y + h / 2))
+  r=$((w * 3 / 10))
+  drag_to $((cx + r / 2)) $((cy - r * 866 / 1000)) $((cx + r)) "$cy"
+  sleep 0.4
+  angle=$(label_starting 'Angle ' | sed -E 's/Angle (-?[0-9]+).*/\1/')
+  expect_within "the angle dragged to the right" "$angle" 85 95
+  # A drag off Trim to the right runs the trim of the clip's end.
+  read -r x y w h <<<"$(box "$(widget_reading GestureButton Trim)" box)"
+  drag_to $((x + w / 2)) $((y + h / 2)) $((x + w + 40)) $((y + h / 2))
+  sleep 0.4
+  expect "the gesture's command" "$(label_starting 'Dragged')" "Dragged right: the clip's end is trimmed"
   ;;
 *)
   fail "unknown case"

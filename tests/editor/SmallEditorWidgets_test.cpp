@@ -4,7 +4,7 @@
 #include <zowidgets/editor/RibbonWidget.h>
 #include <zowidgets/editor/SimpleTimeMarker.h>
 #include <zowidgets/host/base/ResourceStrings.h>
-#include <zowidgets/host/drawing/ColourUtils.h>
+#include <zowidgets/host/drawing/Colour.h>
 
 namespace {
 
@@ -120,7 +120,7 @@ TEST_F(RibbonTest, ARibbonShadesDownwardsAndEndsInASwallowTail) {
   pump();
   EXPECT_STREQ(ribbon->idstring(), "RibbonWidget");
   int const R = std::min(20, UifStd::getRowHeight()); // 20
-  Colour const c0 = ColourUtils::scale(colour, 0.7);
+  Colour const c0 = scale(colour, 0.7);
   // Row i below the top is mix(c0, colour, i / R).
   EXPECT_TRUE(near(rgbOf(widgetPixel(*ribbon, XY<int>(0, 19))), rgbOf(colour)));
   EXPECT_TRUE(near(rgbOf(widgetPixel(*ribbon, XY<int>(6, 10))), rgbOf(Colour::mix(c0, colour, 9.0 / R))));

@@ -1,6 +1,6 @@
 #include "EditorTestSupport.h"
 
-#include <zowidgets/host/drawing/ColourUtils.h>
+#include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/CursorCodes.h>
 #include <zowidgets/host/toolkit/GlobTheme.h>
@@ -213,7 +213,7 @@ TEST_F(TrackButtonTest, HoverBrightensTheText) {
   EXPECT_EQ(plain, Colour(0.8, 0.9, 1.0));
   moveTo(pointOn(*button));
   EXPECT_TRUE(button->isMouseInside());
-  EXPECT_EQ(button->textColour(), ColourUtils::scale(plain, 1.6));
+  EXPECT_EQ(button->textColour(), scale(plain, 1.6));
   moveTo(pointOn(*header, XY<int>(200, 10)));
   EXPECT_FALSE(button->isMouseInside());
   EXPECT_EQ(button->textColour(), plain);
