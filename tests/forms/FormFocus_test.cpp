@@ -108,6 +108,20 @@ TEST_F(FormFocus, IndexesOutOfRangeAreHarmless) {
   EXPECT_TRUE(received().empty());
 }
 
+// Virtual calls made by a constructor reach only the class being built, so
+// an element's widgets come with m_post_init, which the form calls on adding
+// it; there is no separate m_init stage.
+TEST_F(FormFocus, AnElementsWidgetsComeWhenTheFormAddsIt) {
+  auto* entry = new fo_entry(width(), height(), 0, L"Name", 40, 0.5);
+  EXPECT_EQ(entry->getTextBox(), nullptr);
+  EXPECT_EQ(entry->getPromptWidget(), nullptr);
+  form* sheet = openForm({entry});
+  ASSERT_NE(entry->getTextBox(), nullptr);
+  EXPECT_EQ(entry->getTextBox()->parent(), entry);
+  EXPECT_EQ(entry->parent(), sheet);
+  EXPECT_EQ(sheet->getElement(0), entry);
+}
+
 TEST_F(FormFocus, TheBaseElementsOperationsDoNothing) {
   fo_eleme element(width(), height(), kFormNoElement, 0, L"Plain", fo_eleme::kDefaultPromptFraction, nullptr);
   element.m_set_choice_state(2, 1);
