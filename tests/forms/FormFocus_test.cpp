@@ -148,6 +148,7 @@ TEST_F(FormFocus, ElementsAddedInOneGoStandInOrderDownTheForm) {
   sheet->m_add_elements(list, 0);
   GlobManager::realize(sheet);
   ASSERT_EQ(sheet->getElementCount(), 3);
+  EXPECT_DOUBLE_EQ(sheet->getPromptFraction(), 0.5);
   Zo::Box<int> const user = sheet->getUserArea();
   EXPECT_EQ(list[0]->getX(), user.x0 + margin);
   EXPECT_EQ(list[0]->getY() + list[0]->height(), user.y1 - margin);
