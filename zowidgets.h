@@ -67,6 +67,17 @@
 #include <zowidgets/fonts/FontText.h>
 #include <zowidgets/fonts/RecentFonts.h>
 #include <zowidgets/fonts/TitledFontChooserButton.h>
+#include <zowidgets/forms/FoBool.h>
+#include <zowidgets/forms/FoChoic.h>
+#include <zowidgets/forms/FoCycle.h>
+#include <zowidgets/forms/FoEleme.h>
+#include <zowidgets/forms/FoEntry.h>
+#include <zowidgets/forms/FoPath.h>
+#include <zowidgets/forms/FoVDbl.h>
+#include <zowidgets/forms/FoVInt.h>
+#include <zowidgets/forms/Form.h>
+#include <zowidgets/forms/FormElementType.h>
+#include <zowidgets/forms/FormUpdateTable.h>
 #include <zowidgets/hints/DialogueCtx.h>
 #include <zowidgets/hints/Hint.h>
 #include <zowidgets/hints/HintWindow.h>
