@@ -89,6 +89,7 @@ spacedivider) extra=(--gallery spacedivider) ;;
 fontbutton) extra=(--gallery fontbutton) ;;
 dialogues) extra=(--gallery dialogues) ;;
 editor) extra=(--gallery editor) ;;
+forms) extra=(--gallery forms) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -165,6 +166,15 @@ click_reading() {
   read -r x y <<<"$(centre "$reply" box)"
   xdotool mousemove "$x" "$y" click 1
   sleep 0.4
+}
+# Clicks at X Y and gives that window the keyboard, as a window manager
+# would on the click; Xvfb runs none, so after another window had the
+# keyboard nothing else would.
+click_to_type() {
+  xdotool mousemove "$1" "$2" click 1
+  eval "$(xdotool getmouselocation --shell)"
+  xdotool windowfocus --sync "$WINDOW"
+  sleep 0.3
 }
 # LABEL VALUE LOW HIGH: the value lies from LOW to HIGH.
 expect_within() {
@@ -857,12 +867,7 @@ dialogues)
   answered() { [ -n "$(widget_reading TextLabel "$1")" ]; }
   retype_path() {
     read -r x y <<<"$(centre "$(ask 'widget TitleTextBox 0')" box)"
-    xdotool mousemove "$x" "$y" click 1
-    # Without a window manager nothing gives the page back the keyboard
-    # once the dialogue that had it has gone; a click would, with one.
-    eval "$(xdotool getmouselocation --shell)"
-    xdotool windowfocus --sync "$WINDOW"
-    sleep 0.3
+    click_to_type "$x" "$y"
     xdotool key ctrl+a
     sleep 0.2
     xdotool type --delay 20 "$1"
@@ -932,6 +937,24 @@ editor)
   drag_to $((x + w / 2)) $((y + h / 2)) $((x + w + 40)) $((y + h / 2))
   sleep 0.4
   expect "the gesture's command" "$(label_starting 'Dragged')" "Dragged right: the clip's end is trimmed"
+  ;;
+forms)
+  # The forms page: a form of every element kind above a label showing the
+  # last report its owner was sent.
+  report() { text "$(ask 'widget FormReportLabel 0')"; }
+  retype() {
+    read -r x y <<<"$(centre "$(widget_reading "$1" "$2")" box)"
+    click_to_type "$x" "$y"
+    xdotool key ctrl+a
+    xdotool type --delay 20 "$3"
+    xdotool key Return
+    sleep 0.4
+  }
+  retype TitleTextBox 12 250
+  expect "the number is held to its range and reported" "$(report)" 'FormUp 004 99'
+  [ -n "$(widget_reading TitleTextBox 99)" ] || fail "the box does not show the number kept"
+  retype TitleTextBox 'Interview A' 'Interview B'
+  expect "the text is reported" "$(report)" 'FormUp 000 Interview B'
   ;;
 *)
   fail "unknown case"
