@@ -126,7 +126,9 @@ Glob* buildEditorPage(PageContext const& context) {
   int const headWidth = m.row * 5, headHeight = m.row * 7;
   int const stripWidth = m.row * 6;
   int const dialSize = m.row * 3;
-  int const statusWidth = headWidth + stripWidth + dialSize + 2 * m.gap;
+  // The reading under the dial is wider than the dial at three digits.
+  int const readingWidth = std::max(dialSize, UifStd::measure(UIString(L"Angle 360\u00b0")).x + m.gap);
+  int const statusWidth = headWidth + stripWidth + readingWidth + 2 * m.gap;
   XY<int> const userArea(statusWidth + 2 * m.gap, headHeight + 3 * m.row + 4 * m.gap);
   StandardPanel* panel = openPageWindow(context, userArea, L"Editor widgets");
 
@@ -157,7 +159,7 @@ Glob* buildEditorPage(PageContext const& context) {
   AngleControl::InitArgs dialArgs(GlobCreationInfo(dialSize, dialSize));
   dialArgs.angle = 30;
   auto* dial = panel->createWidget<AngleControl>(dialArgs, Glob::RightOf(m.gap));
-  TextLabel::InitArgs angleArgs(XY<int>(dialSize, m.row));
+  TextLabel::InitArgs angleArgs(XY<int>(readingWidth, m.row));
   angleArgs.text = L"Angle 30\u00b0";
   angleArgs.alignment = Glib::eTextAlignment::Centre;
   auto* angleLabel = panel->createWidget<TextLabel>(angleArgs, Glob::Below(m.gap, dial));
