@@ -1,5 +1,7 @@
 #include <zowidgets/forms/FoVDbl.h>
 
+#include <zowidgets/forms/detail/ClampedNumber.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -22,24 +24,12 @@ void fo_v_dbl::m_init_format() {
 }
 
 double fo_v_dbl::rounded(double number) const {
-  char text[256];
-  std::snprintf(text, sizeof text, format.c_str(), number);
-  return std::strtod(text, nullptr);
+  return std::strtod(FormNumbers::written(format, number).c_str(), nullptr);
 }
 
 int fo_v_dbl::m_validate_entry(LightweightString<wchar_t> text) {
   LightweightString<char> const utf8 = msgFromUIText(text.empty() ? entry : text);
-  double const number = std::strtod(utf8.c_str(), nullptr);
-  if (number < min) {
-    value = min;
-    return 1;
-  }
-  if (number > max) {
-    value = max;
-    return 1;
-  }
-  value = number;
-  return 0;
+  return FormNumbers::clampInto(std::strtod(utf8.c_str(), nullptr), min, max, value);
 }
 
 int fo_v_dbl::m_collect_entry() {
@@ -61,8 +51,6 @@ void fo_v_dbl::m_set_value(double newValue) {
 }
 
 void fo_v_dbl::writeValue() {
-  char text[256];
-  std::snprintf(text, sizeof text, format.c_str(), value);
-  entry = msgToUIText(text);
+  entry = msgToUIText(FormNumbers::written(format, value).c_str());
   m_reset_entry();
 }

@@ -1,5 +1,7 @@
 #include <zowidgets/forms/FoVInt.h>
 
+#include <zowidgets/forms/detail/ClampedNumber.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -13,17 +15,7 @@ fo_v_int::fo_v_int(unsigned short width, unsigned short height, int index, Light
 
 int fo_v_int::m_validate_entry(LightweightString<wchar_t> text) {
   LightweightString<char> const utf8 = msgFromUIText(text.empty() ? entry : text);
-  long const number = std::strtol(utf8.c_str(), nullptr, 10);
-  if (number < min) {
-    value = min;
-    return 1;
-  }
-  if (number > max) {
-    value = max;
-    return 1;
-  }
-  value = static_cast<int>(number);
-  return 0;
+  return FormNumbers::clampInto(std::strtol(utf8.c_str(), nullptr, 10), min, max, value);
 }
 
 int fo_v_int::m_collect_entry() {
@@ -45,8 +37,6 @@ void fo_v_int::m_set_value(int newValue) {
 }
 
 void fo_v_int::writeValue() {
-  char text[256];
-  std::snprintf(text, sizeof text, format.c_str(), value);
-  entry = msgToUIText(text);
+  entry = msgToUIText(FormNumbers::written(format, value).c_str());
   m_reset_entry();
 }
