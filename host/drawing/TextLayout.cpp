@@ -3,8 +3,8 @@
 #include <zowidgets/host/base/detail/LruCache.h>
 #include <zowidgets/host/drawing/detail/CoverageMask.h>
 #include <zowidgets/host/drawing/detail/PixelCompositor.h>
+#include <zowidgets/host/drawing/detail/ShapedLine.h>
 
-#include <hb-ot.h>
 #include <pango/pangocairo.h>
 
 #include <cmath>
@@ -44,15 +44,17 @@ struct RunMask {
 struct Layout {
   Layout() = default;
   Layout(Layout&& other) noexcept
-      : layout(std::exchange(other.layout, nullptr)), metrics(other.metrics), colourGlyphs(other.colourGlyphs),
-        mask(std::move(other.mask)) {}
+      : layout(std::exchange(other.layout, nullptr)), line(std::move(other.line)), metrics(other.metrics),
+        colourGlyphs(other.colourGlyphs), mask(std::move(other.mask)) {}
   Layout& operator=(Layout&&) = delete;
   ~Layout() {
     if (layout)
       g_object_unref(layout);
   }
 
+  // A full layout, or for a short line of simple text its glyphs alone.
   PangoLayout* layout = nullptr;
+  detail::ShapedLine line;
   TextMetrics metrics;
   // Some glyph brings its own colours (an emoji): the run is drawn straight
   // through cairo, since a coverage mask would keep only its shape.
@@ -70,12 +72,28 @@ std::pair<XY<int>, XY<double>> splitPixel(XY<double> point) {
   return {whole, XY<double>(point.x - whole.x, point.y - whole.y)};
 }
 
+// Draws the run with its top-left corner at the current point.
+void show(cairo_t* context, Layout const& layout) {
+  if (layout.line)
+    layout.line.show(context);
+  else
+    pango_cairo_show_layout(context, layout.layout);
+}
+
+// The run's ink in whole pixels from its top-left corner.
+PangoRectangle inkPixels(Layout const& layout) {
+  if (layout.line)
+    return layout.line.inkPixels();
+  PangoRectangle ink;
+  pango_layout_get_pixel_extents(layout.layout, &ink, nullptr);
+  return ink;
+}
+
 // Makes a mask of the run drawn with its top-left corner `fraction` past a
 // whole pixel; none when the run is too large to keep.
-RunMask makeMask(PangoLayout* layout, XY<double> fraction) {
+RunMask makeMask(Layout const& layout, XY<double> fraction) {
   RunMask mask;
-  PangoRectangle ink;
-  pango_layout_get_pixel_extents(layout, &ink, nullptr);
+  PangoRectangle const ink = inkPixels(layout);
   // A pixel of margin on each side for antialiasing past the rounded extents.
   XY<int> const offset(static_cast<int>(std::floor(fraction.x)) + ink.x - 1,
                        static_cast<int>(std::floor(fraction.y)) + ink.y - 1);
@@ -88,22 +106,13 @@ RunMask makeMask(PangoLayout* layout, XY<double> fraction) {
       cairo_image_surface_create_for_data(coverage->data(), CAIRO_FORMAT_A8, width, height, coverage->stride());
   cairo_t* context = cairo_create(surface);
   cairo_move_to(context, fraction.x - offset.x, fraction.y - offset.y);
-  pango_cairo_show_layout(context, layout);
+  show(context, layout);
   cairo_destroy(context);
   cairo_surface_finish(surface);
   cairo_surface_destroy(surface);
   mask.coverage = std::move(coverage);
   mask.offset = offset;
   return mask;
-}
-
-// Colour bitmaps, colour layers or SVG glyphs, as emoji fonts have them.
-bool hasColourGlyphs(PangoFont* font) {
-  hb_font_t* shaper = font ? pango_font_get_hb_font(font) : nullptr;
-  if (!shaper)
-    return false;
-  hb_face_t* face = hb_font_get_face(shaper);
-  return hb_ot_color_has_png(face) || hb_ot_color_has_layers(face) || hb_ot_color_has_svg(face);
 }
 
 // Whether any run of the layout is set in a font with colour glyphs (font
@@ -113,7 +122,7 @@ bool hasColourGlyphs(PangoLayout* layout) {
   bool found = false;
   do {
     PangoLayoutRun const* run = pango_layout_iter_get_run_readonly(iter);
-    found = run && hasColourGlyphs(run->item->analysis.font);
+    found = run && detail::hasColourGlyphs(run->item->analysis.font);
   } while (!found && pango_layout_iter_next_run(iter));
   pango_layout_iter_free(iter);
   return found;
@@ -176,7 +185,7 @@ public:
   RunMask maskFor(TextRun const& run, XY<double> fraction) {
     Layout& entry = layout(run);
     if (entry.mask.fraction != fraction) {
-      entry.mask = entry.colourGlyphs ? RunMask() : makeMask(entry.layout, fraction);
+      entry.mask = entry.colourGlyphs ? RunMask() : makeMask(entry, fraction);
       entry.mask.fraction = fraction;
     }
     return entry.mask;
@@ -211,11 +220,39 @@ public:
   void clear() {
     layouts_.clear();
     metrics_.clear();
+    for (auto& [key, font] : fonts_)
+      g_object_unref(font);
+    fonts_.clear();
   }
 
 private:
+  // The font a layout sets characters in when the font has them; kept, as
+  // the few fonts of a program are asked for at every new value.
+  PangoFont* primaryFont(FontDesc const& font, double scale) {
+    for (auto const& [key, loaded] : fonts_)
+      if (key.second == scale && key.first == font)
+        return loaded;
+    PangoFontDescription* description = describe(font, scale);
+    PangoFont* loaded = pango_context_load_font(context_, description);
+    pango_font_description_free(description);
+    fonts_.emplace_back(std::make_pair(font, scale), loaded);
+    return loaded;
+  }
+
   Layout make(TextRun const& run) {
     Layout result;
+    if (run.wrapWidth <= 0.0) {
+      result.line = detail::ShapedLine::shape(context_, primaryFont(run.font, run.scale), run.text);
+      if (result.line) {
+        PangoRectangle const logical = result.line.logical();
+        result.metrics.left = double(logical.x) / PANGO_SCALE;
+        result.metrics.width = double(logical.width) / PANGO_SCALE;
+        result.metrics.height = double(logical.height) / PANGO_SCALE;
+        result.metrics.baseline = double(result.line.baseline()) / PANGO_SCALE;
+        result.metrics.lineCount = 1;
+        return result;
+      }
+    }
     result.layout = pango_layout_new(context_);
     PangoFontDescription* description = describe(run.font, run.scale);
     pango_layout_set_font_description(result.layout, description);
@@ -245,6 +282,7 @@ private:
   LruCache<TextRun, Layout, RunHash> layouts_{TextLayout::kCacheCapacity};
   std::size_t layoutsMade_ = 0;
   std::vector<std::pair<std::pair<FontDesc, double>, FontMetrics>> metrics_;
+  std::vector<std::pair<std::pair<FontDesc, double>, PangoFont*>> fonts_;
 };
 
 } // namespace
@@ -312,7 +350,7 @@ void TextLayout::draw(PixelCompositor& into, TextRun const& run, Colour const& c
   cairo_clip(context);
   cairo_set_source_rgba(context, colour.red(), colour.green(), colour.blue(), colour.alpha());
   cairo_move_to(context, topLeft.x, topLeft.y);
-  pango_cairo_show_layout(context, engine.layout(run).layout);
+  show(context, engine.layout(run));
   cairo_destroy(context);
   cairo_surface_destroy(surface);
 }

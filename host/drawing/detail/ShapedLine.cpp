@@ -1,0 +1,113 @@
+#include <zowidgets/host/drawing/detail/ShapedLine.h>
+
+#include <hb-ot.h>
+#include <pango/pangocairo.h>
+
+#include <utility>
+
+namespace Glib::detail {
+
+namespace {
+
+// Longer texts are labels and paragraphs, laid out once and kept.
+constexpr std::size_t kLongestLine = 128;
+
+// Printable Basic Latin, Latin-1 and Latin Extended-A and B: characters that
+// a layout puts in one left-to-right item with the font that has them. The
+// soft hyphen is left out, since a layout hides it.
+bool isSimple(wchar_t c) { return (c >= 0x20 && c <= 0x7e) || (c >= 0xa0 && c <= 0x24f && c != 0xad); }
+
+// The script a layout's itemiser gives the run: Latin when a Latin letter is
+// in it, otherwise common (digits, spaces and punctuation alone).
+PangoScript scriptOf(LightweightString<wchar_t> const& text) {
+  for (wchar_t c : text.view())
+    if (g_unichar_get_script(static_cast<gunichar>(c)) == G_UNICODE_SCRIPT_LATIN)
+      return PANGO_SCRIPT_LATIN;
+  return PANGO_SCRIPT_COMMON;
+}
+
+// The language the itemiser gives an item of `script`: the context's, unless
+// that language is not written in the script.
+PangoLanguage* languageFor(PangoContext* context, PangoScript script) {
+  PangoLanguage* language = pango_context_get_language(context);
+  if (script != PANGO_SCRIPT_COMMON && !pango_language_includes_script(language, script))
+    if (PangoLanguage* sample = pango_script_get_sample_language(script))
+      return sample;
+  return language;
+}
+
+} // namespace
+
+bool hasColourGlyphs(PangoFont* font) {
+  hb_font_t* shaper = font ? pango_font_get_hb_font(font) : nullptr;
+  if (!shaper)
+    return false;
+  hb_face_t* face = hb_font_get_face(shaper);
+  return hb_ot_color_has_png(face) || hb_ot_color_has_layers(face) || hb_ot_color_has_svg(face);
+}
+
+ShapedLine::ShapedLine(ShapedLine&& other) noexcept
+    : font_(std::exchange(other.font_, nullptr)), glyphs_(std::exchange(other.glyphs_, nullptr)) {}
+
+ShapedLine& ShapedLine::operator=(ShapedLine&& other) noexcept {
+  std::swap(font_, other.font_);
+  std::swap(glyphs_, other.glyphs_);
+  return *this;
+}
+
+ShapedLine::~ShapedLine() {
+  if (glyphs_)
+    pango_glyph_string_free(glyphs_);
+  if (font_)
+    g_object_unref(font_);
+}
+
+ShapedLine ShapedLine::shape(PangoContext* context, PangoFont* font, LightweightString<wchar_t> const& text) {
+  ShapedLine line;
+  if (!font || text.empty() || text.size() > kLongestLine || hasColourGlyphs(font))
+    return line;
+  for (wchar_t c : text.view())
+    if (!isSimple(c) || !pango_font_has_char(font, static_cast<gunichar>(c)))
+      return line;
+  PangoScript const script = scriptOf(text);
+  PangoAnalysis analysis{};
+  analysis.font = font;
+  analysis.level = 0;
+  analysis.gravity = PANGO_GRAVITY_SOUTH;
+  analysis.script = static_cast<guint8>(script);
+  analysis.language = languageFor(context, script);
+  LightweightString<char> const utf8 = text.toUTF8();
+  int const length = static_cast<int>(utf8.size());
+  line.glyphs_ = pango_glyph_string_new();
+  pango_shape_with_flags(utf8.c_str(), length, utf8.c_str(), length, &analysis, line.glyphs_, PANGO_SHAPE_NONE);
+  line.font_ = PANGO_FONT(g_object_ref(font));
+  return line;
+}
+
+PangoRectangle ShapedLine::logical() const {
+  PangoRectangle logical;
+  pango_glyph_string_extents(glyphs_, font_, nullptr, &logical);
+  logical.y += baseline();
+  return logical;
+}
+
+PangoRectangle ShapedLine::inkPixels() const {
+  PangoRectangle ink;
+  pango_glyph_string_extents(glyphs_, font_, &ink, nullptr);
+  ink.y += baseline();
+  pango_extents_to_pixels(&ink, nullptr);
+  return ink;
+}
+
+int ShapedLine::baseline() const {
+  PangoRectangle logical;
+  pango_glyph_string_extents(glyphs_, font_, nullptr, &logical);
+  return -logical.y;
+}
+
+void ShapedLine::show(cairo_t* context) const {
+  cairo_rel_move_to(context, 0.0, double(baseline()) / PANGO_SCALE);
+  pango_cairo_show_glyph_string(context, font_, glyphs_);
+}
+
+} // namespace Glib::detail

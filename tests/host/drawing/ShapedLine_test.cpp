@@ -1,0 +1,195 @@
+// Short lines of simple text are shaped without a layout; these check that
+// such a line is exactly what a full pango layout makes of the same text, in
+// sizes and in pixels, and that everything else is left to the layout.
+
+#include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/drawing/detail/ShapedLine.h>
+
+#include "host/drawing/DrawingTestSupport.h"
+
+#include <gtest/gtest.h>
+#include <pango/pangocairo.h>
+
+#include <string>
+
+using Glib::detail::ShapedLine;
+
+namespace {
+
+// A pango context set up as the text engine's is: grey antialiasing, no
+// hinting, fractional glyph positions.
+class PangoSetUp {
+public:
+  PangoSetUp() : fontMap_(pango_cairo_font_map_new()), context_(pango_font_map_create_context(fontMap_)) {
+    cairo_font_options_t* options = cairo_font_options_create();
+    cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
+    cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
+    cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
+    pango_cairo_context_set_font_options(context_, options);
+    cairo_font_options_destroy(options);
+    pango_context_set_round_glyph_positions(context_, FALSE);
+  }
+  ~PangoSetUp() {
+    g_object_unref(context_);
+    g_object_unref(fontMap_);
+  }
+  PangoSetUp(PangoSetUp const&) = delete;
+  PangoSetUp& operator=(PangoSetUp const&) = delete;
+
+  PangoContext* context() const { return context_; }
+
+private:
+  PangoFontMap* fontMap_;
+  PangoContext* context_;
+};
+
+struct Font {
+  char const* family;
+  double pixels;
+  bool bold;
+  bool italic;
+};
+
+PangoFontDescription* describe(Font const& font) {
+  PangoFontDescription* description = pango_font_description_new();
+  pango_font_description_set_family(description, font.family);
+  pango_font_description_set_absolute_size(description, font.pixels * PANGO_SCALE);
+  pango_font_description_set_weight(description, font.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
+  pango_font_description_set_style(description, font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
+  return description;
+}
+
+ShapedLine shapeIn(PangoSetUp const& pango, Font const& font, LightweightString<wchar_t> const& text) {
+  PangoFontDescription* description = describe(font);
+  PangoFont* loaded = pango_context_load_font(pango.context(), description);
+  pango_font_description_free(description);
+  ShapedLine line = ShapedLine::shape(pango.context(), loaded, text);
+  g_object_unref(loaded);
+  return line;
+}
+
+PangoLayout* layoutIn(PangoSetUp const& pango, Font const& font, LightweightString<wchar_t> const& text) {
+  PangoLayout* layout = pango_layout_new(pango.context());
+  PangoFontDescription* description = describe(font);
+  pango_layout_set_font_description(layout, description);
+  pango_font_description_free(description);
+  LightweightString<char> const utf8 = text.toUTF8();
+  pango_layout_set_text(layout, utf8.c_str(), static_cast<int>(utf8.size()));
+  return layout;
+}
+
+template <class Show> Zo::Image::Surface drawn(int width, int height, XY<double> topLeft, Show show) {
+  Zo::Image::Surface surface(width, height);
+  cairo_surface_t* target =
+      cairo_image_surface_create_for_data(surface.data(), CAIRO_FORMAT_ARGB32, width, height, surface.stride());
+  cairo_t* context = cairo_create(target);
+  cairo_set_source_rgba(context, 0.1, 0.2, 0.6, 1.0);
+  cairo_move_to(context, topLeft.x, topLeft.y);
+  show(context);
+  cairo_destroy(context);
+  cairo_surface_destroy(target);
+  return surface;
+}
+
+bool operator==(PangoRectangle const& a, PangoRectangle const& b) {
+  return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
+}
+
+std::string describeRect(PangoRectangle const& r) {
+  return std::to_string(r.x) + "," + std::to_string(r.y) + " " + std::to_string(r.width) + "x" +
+         std::to_string(r.height);
+}
+
+Font const kFonts[] = {
+    {"DejaVu Sans", 13, false, false},  {"DejaVu Sans", 26, false, false},  {"DejaVu Sans", 13, true, false},
+    {"DejaVu Sans", 19.5, false, true}, {"DejaVu Serif", 14, false, false}, {"DejaVu Sans Mono", 12, false, false},
+};
+
+wchar_t const* const kSimpleTexts[] = {
+    L"1000042",     L"-12.5 dB",   L"Gain",          L"AVATAR To Wavy",
+    L"Count: 7",    L"  padded  ", L"fi ffl office", L"Ærøskøbing façade naïve",
+    L"Łódź Ćwierć", L"50%",        L"(x) [y] {z}",
+};
+
+} // namespace
+
+TEST(ShapedLine, SimpleTextHasTheSizesAFullLayoutGivesIt) {
+  PangoSetUp const pango;
+  for (Font const& font : kFonts)
+    for (wchar_t const* text : kSimpleTexts) {
+      SCOPED_TRACE(std::string(font.family) + " " + std::to_string(font.pixels) + " " +
+                   LightweightString<wchar_t>(text).toUTF8().c_str());
+      ShapedLine const line = shapeIn(pango, font, text);
+      ASSERT_TRUE(line);
+      PangoLayout* layout = layoutIn(pango, font, text);
+      PangoRectangle logical;
+      PangoRectangle ink;
+      pango_layout_get_extents(layout, nullptr, &logical);
+      pango_layout_get_pixel_extents(layout, &ink, nullptr);
+      EXPECT_TRUE(line.logical() == logical) << describeRect(line.logical()) << " against " << describeRect(logical);
+      EXPECT_TRUE(line.inkPixels() == ink) << describeRect(line.inkPixels()) << " against " << describeRect(ink);
+      EXPECT_EQ(line.baseline(), pango_layout_get_baseline(layout));
+      g_object_unref(layout);
+    }
+}
+
+TEST(ShapedLine, SimpleTextHasThePixelsAFullLayoutGivesIt) {
+  PangoSetUp const pango;
+  for (Font const& font : kFonts)
+    for (wchar_t const* text : kSimpleTexts)
+      for (XY<double> topLeft : {XY<double>(2, 3), XY<double>(4.25, 2.5)}) {
+        SCOPED_TRACE(std::string(font.family) + " " + std::to_string(font.pixels) + " " +
+                     LightweightString<wchar_t>(text).toUTF8().c_str());
+        ShapedLine const line = shapeIn(pango, font, text);
+        ASSERT_TRUE(line);
+        PangoLayout* layout = layoutIn(pango, font, text);
+        Zo::Image::Surface const ours = drawn(420, 48, topLeft, [&](cairo_t* context) { line.show(context); });
+        Zo::Image::Surface const theirs =
+            drawn(420, 48, topLeft, [&](cairo_t* context) { pango_cairo_show_layout(context, layout); });
+        g_object_unref(layout);
+        EXPECT_EQ(largestDifference(ours, theirs), 0);
+        EXPECT_GT(countNonTransparent(ours), 20);
+      }
+}
+
+TEST(ShapedLine, TextThatNeedsALayoutIsLeftToIt) {
+  PangoSetUp const pango;
+  Font const font{"DejaVu Sans", 13, false, false};
+  std::wstring const longText(200, L'x');
+  for (wchar_t const* text :
+       {L"", L"two\nlines", L"tab\there", L"\x05e9\x05dc\x05d5\x05dd", L"e\x0301", L"soft\x00adhyphen", L"\x65e5\x672c",
+        L"\U0001F600 smile", L"\x2192 arrow", longText.c_str()}) {
+    SCOPED_TRACE(LightweightString<wchar_t>(text).toUTF8().c_str());
+    EXPECT_FALSE(shapeIn(pango, font, text));
+  }
+}
+
+TEST(ShapedLine, AFontWithColourGlyphsIsLeftToTheLayout) {
+  PangoSetUp const pango;
+  Font const emoji{"Noto Color Emoji", 13, false, false};
+  PangoFontDescription* description = describe(emoji);
+  PangoFont* loaded = pango_context_load_font(pango.context(), description);
+  pango_font_description_free(description);
+  if (!Glib::detail::hasColourGlyphs(loaded)) {
+    g_object_unref(loaded);
+    GTEST_SKIP() << "no colour emoji font is installed";
+  }
+  EXPECT_FALSE(ShapedLine::shape(pango.context(), loaded, L"123"));
+  g_object_unref(loaded);
+}
+
+TEST(ShapedLine, TheTextEngineMeasuresSimpleTextAsAFullLayoutDoes) {
+  PangoSetUp const pango;
+  Glib::TextLayout::clearCache();
+  for (wchar_t const* text : kSimpleTexts) {
+    Glib::TextMetrics const metrics = Glib::TextLayout::measure(text, Glib::FontDesc("DejaVu Sans", 13, 0), 2.0);
+    PangoLayout* layout = layoutIn(pango, Font{"DejaVu Sans", 26, false, false}, text);
+    PangoRectangle logical;
+    pango_layout_get_extents(layout, nullptr, &logical);
+    EXPECT_EQ(metrics.width, double(logical.width) / PANGO_SCALE);
+    EXPECT_EQ(metrics.height, double(logical.height) / PANGO_SCALE);
+    EXPECT_EQ(metrics.baseline, double(pango_layout_get_baseline(layout)) / PANGO_SCALE);
+    EXPECT_EQ(metrics.lineCount, 1);
+    g_object_unref(layout);
+  }
+}
