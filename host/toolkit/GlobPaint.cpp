@@ -8,6 +8,8 @@
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/toolkit/detail/BorderEdges.h>
 
+#include <pixman.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -62,16 +64,34 @@ void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> o
 }
 
 std::vector<Glob*>::const_iterator Glob::topmostChildCovering(Zo::Box<int> const& area, XY<int> origin) const {
+  // Opaque children are taken from the top down until together they hide
+  // the area: a page of rows scrolled in hides the list behind it, though no
+  // one row does.
+  pixman_region32_t uncovered;
+  pixman_region32_init_rect(&uncovered, area.x0, area.y0, static_cast<unsigned>(area.width()),
+                            static_cast<unsigned>(area.height()));
+  auto found = children_.end();
   for (auto child = children_.end(); child != children_.begin();) {
     --child;
     Glob const& widget = **child;
     if (!widget.visible_ || !widget.paintsOpaquely_)
       continue;
     XY<int> const at = origin + widget.position_;
-    if (Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height()).intersect(area) == area)
-      return child;
+    Zo::Box<int> const box(at.x, at.y, at.x + widget.width(), at.y + widget.height());
+    if (box.intersect(area).empty())
+      continue;
+    pixman_region32_t hidden;
+    pixman_region32_init_rect(&hidden, box.x0, box.y0, static_cast<unsigned>(box.width()),
+                              static_cast<unsigned>(box.height()));
+    pixman_region32_subtract(&uncovered, &uncovered, &hidden);
+    pixman_region32_fini(&hidden);
+    if (!pixman_region32_not_empty(&uncovered)) {
+      found = child;
+      break;
+    }
   }
-  return children_.end();
+  pixman_region32_fini(&uncovered);
+  return found;
 }
 
 void Glob::drawBackground(CanvasRenderer& renderer) {

@@ -17,7 +17,7 @@ constexpr int kWheelRows = 3;
 // where no row is.
 class RowsView : public Glob {
 public:
-  using Glob::Glob;
+  explicit RowsView(GlobCreationInfo const& info) : Glob(info) { setPaintsOpaquely(true); }
   char const* idstring() const override { return "RowsView"; }
 
 protected:

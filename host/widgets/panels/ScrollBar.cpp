@@ -8,7 +8,10 @@
 #include <algorithm>
 #include <cmath>
 
-ScrollBar::ScrollBar(InitArgs const& args) : Glob(args), range_(0.0, 1.0, args.thumbPosition, 0.0, args.thumbSize) {}
+ScrollBar::ScrollBar(InitArgs const& args) : Glob(args), range_(0.0, 1.0, args.thumbPosition, 0.0, args.thumbSize) {
+  // The track fills the whole bar.
+  setPaintsOpaquely(true);
+}
 
 ScrollBar::Look ScrollBar::Look::make(Palette const& palette, int thickness, bool active) {
   int const inset = UifStd::getIndentWidth();

@@ -1,6 +1,6 @@
 // A widget that declares it paints opaquely hides what lies under it: when
 // only it is repainted, its parent's drawing and the siblings before it are
-// left out.
+// left out. Opaque widgets side by side hide what they cover together.
 
 #include "support/WidgetTestSupport.h"
 
@@ -133,4 +133,47 @@ TEST_F(GlobOcclusionTest, AWholePaintStillDrawsEverything) {
   EXPECT_EQ(under->drawn, before.under + 1);
   EXPECT_EQ(over->drawn, before.over + 1);
   EXPECT_EQ(rgbOf(widgetPixel(*beside, XY<int>(5, 5))), rgbOf(kBlue));
+}
+
+TEST_F(GlobOcclusionTest, OpaqueWidgetsThatTogetherCoverTheAreaHideTheParent) {
+  // Two opaque halves side by side over `under`; an area across both is
+  // hidden though neither covers it alone.
+  auto* left = static_cast<CountingSwatch*>(
+      panel->addChild(new CountingSwatch(XY<int>(30, 40), kBlue), Glob::UserBottomLeft(10, 10)));
+  auto* right = static_cast<CountingSwatch*>(
+      panel->addChild(new CountingSwatch(XY<int>(30, 40), kRed), Glob::UserBottomLeft(40, 10)));
+  left->setPaintsOpaquely(true);
+  right->setPaintsOpaquely(true);
+  pump();
+  Counts const before = counts();
+  int const leftBefore = left->drawn, rightBefore = right->drawn;
+  Zo::Box<int> const across(left->canvasBox().x0 + 20, left->canvasBox().y0 + 5, right->canvasBox().x0 + 10,
+                            left->canvasBox().y0 + 30);
+  panel->invalidate(across);
+  EXPECT_EQ(panel->drawn, before.panel);
+  EXPECT_EQ(under->drawn, before.under);
+  EXPECT_EQ(over->drawn, before.over);
+  EXPECT_EQ(left->drawn, leftBefore + 1);
+  EXPECT_EQ(right->drawn, rightBefore + 1);
+  EXPECT_EQ(rgbOf(widgetPixel(*left, XY<int>(25, 20))), rgbOf(kBlue));
+  EXPECT_EQ(rgbOf(widgetPixel(*right, XY<int>(5, 20))), rgbOf(kRed));
+}
+
+TEST_F(GlobOcclusionTest, AGapBetweenOpaqueWidgetsLetsTheParentPaint) {
+  auto* left = static_cast<CountingSwatch*>(
+      panel->addChild(new CountingSwatch(XY<int>(25, 40), kBlue), Glob::UserBottomLeft(10, 10)));
+  auto* right = static_cast<CountingSwatch*>(
+      panel->addChild(new CountingSwatch(XY<int>(25, 40), kRed), Glob::UserBottomLeft(45, 10)));
+  left->setPaintsOpaquely(true);
+  right->setPaintsOpaquely(true);
+  pump();
+  Counts const before = counts();
+  // Ten pixels of `over` show between the two.
+  Zo::Box<int> const across(left->canvasBox().x0 + 20, left->canvasBox().y0 + 5, right->canvasBox().x0 + 10,
+                            left->canvasBox().y0 + 30);
+  panel->invalidate(across);
+  EXPECT_EQ(panel->drawn, before.panel + 1);
+  EXPECT_EQ(over->drawn, before.over + 1);
+  EXPECT_EQ(rgbOf(widgetPixel(*over, XY<int>(30, 20))), rgbOf(kGreen));
+  EXPECT_EQ(rgbOf(widgetPixel(*left, XY<int>(22, 20))), rgbOf(kBlue));
 }
