@@ -57,6 +57,13 @@
 #include <zowidgets/editor/TrackButton.h>
 #include <zowidgets/editor/UIHWDeviceManager.h>
 #include <zowidgets/editor/VideoWindowBackBuffer.h>
+#include <zowidgets/export/CompressionFormatButton.h>
+#include <zowidgets/export/CompressionSettingsPanel.h>
+#include <zowidgets/export/CompressionWidget.h>
+#include <zowidgets/export/FileFormatButton.h>
+#include <zowidgets/export/FileWriterInfo.h>
+#include <zowidgets/export/FrameRateButton.h>
+#include <zowidgets/export/ShotVideoMetadataButton.h>
 #include <zowidgets/fonts/FontChooserButton.h>
 #include <zowidgets/fonts/FontChooserPanel.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>

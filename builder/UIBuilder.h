@@ -101,6 +101,8 @@ public:
   std::vector<Zo::Ptr<iPostCondition>> const& getPostConditions() const noexcept { return postConditions_; }
   std::vector<Glob*> const& getParents() const noexcept { return parents_; }
   void setFlags(unsigned newFlags) noexcept { flags_ = newFlags; }
+  // Where the first row goes; the panel's top left unless set.
+  void setStartPosition(WidgetPosition const& position) { position_ = position; }
   unsigned getFlags() const noexcept { return flags_; }
 
 private:
