@@ -63,17 +63,34 @@ struct Writer {
   }
 };
 
-// Colour bars that slide one step per frame, so every frame differs.
+// Colour bars that slide one step per frame over the top three quarters,
+// and noise in blocks of four pixels below them: noise is what makes an encoder spend the bit rate
+// it is given, so a clip shows whether the rate was honoured.
 void paintPattern(AVFrame& rgb, int index) {
   static constexpr std::uint8_t kBars[8][3] = {{235, 235, 235}, {235, 235, 16}, {16, 235, 235}, {16, 235, 16},
                                                {235, 16, 235},  {235, 16, 16},  {16, 16, 235},  {16, 16, 16}};
   for (int y = 0; y < rgb.height; ++y) {
+    // The same noise for four rows running, new each frame.
+    std::uint32_t noise =
+        2463534242u + static_cast<std::uint32_t>(index) * 2654435761u + static_cast<std::uint32_t>(y / 4) * 40503u;
     std::uint8_t* row = rgb.data[0] + y * rgb.linesize[0];
     for (int x = 0; x < rgb.width; ++x) {
-      int const bar = ((x + index * 4) * 8 / rgb.width) % 8;
-      row[3 * x] = kBars[bar][0];
-      row[3 * x + 1] = kBars[bar][1];
-      row[3 * x + 2] = static_cast<std::uint8_t>((kBars[bar][2] + y) & 0xff);
+      std::uint8_t* pixel = row + 3 * x;
+      if (y < rgb.height * 3 / 4) {
+        int const bar = ((x + index * 4) * 8 / rgb.width) % 8;
+        pixel[0] = kBars[bar][0];
+        pixel[1] = kBars[bar][1];
+        pixel[2] = kBars[bar][2];
+        continue;
+      }
+      if (x % 4 == 0) {
+        noise ^= noise << 13; // xorshift32
+        noise ^= noise >> 17;
+        noise ^= noise << 5;
+      }
+      pixel[0] = static_cast<std::uint8_t>(noise);
+      pixel[1] = static_cast<std::uint8_t>(noise >> 8);
+      pixel[2] = static_cast<std::uint8_t>(noise >> 16);
     }
   }
 }
