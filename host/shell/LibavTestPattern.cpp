@@ -14,6 +14,7 @@ extern "C" {
 }
 
 #include <cmath>
+#include <cstdio>
 #include <memory>
 
 namespace {
@@ -38,6 +39,7 @@ struct Writer {
   SwsContext* scaler = nullptr;
   AVDictionary* options = nullptr;
   bool opened = false;
+  std::string partial; // the file being written, renamed to its name once whole
 
   ~Writer() {
     av_dict_free(&options);
@@ -49,6 +51,8 @@ struct Writer {
     if (format && opened)
       avio_closep(&format->pb);
     avformat_free_context(format);
+    if (!partial.empty())
+      std::remove(partial.c_str());
   }
 
   int drain() {
@@ -140,7 +144,10 @@ LightweightString<wchar_t> writeTestPattern(LightweightString<wchar_t> const& pa
   stream->avg_frame_rate = codec.framerate;
   if (int const copied = avcodec_parameters_from_context(stream->codecpar, &codec); copied < 0)
     return failure("Cannot describe the stream", copied);
-  if (int const opened = avio_open(&writer.format->pb, file.c_str(), AVIO_FLAG_WRITE); opened < 0)
+  // Written beside its name and renamed when whole, so a reader never sees
+  // half a clip under that name.
+  writer.partial = file + ".part";
+  if (int const opened = avio_open(&writer.format->pb, writer.partial.c_str(), AVIO_FLAG_WRITE); opened < 0)
     return failure("Cannot open the file", opened);
   writer.opened = true;
   if (int const header = avformat_write_header(writer.format, nullptr); header < 0)
@@ -181,6 +188,11 @@ LightweightString<wchar_t> writeTestPattern(LightweightString<wchar_t> const& pa
     return failure("Cannot write the last frames", drained);
   if (int const trailer = av_write_trailer(writer.format); trailer < 0)
     return failure("Cannot finish the file", trailer);
+  avio_closep(&writer.format->pb);
+  writer.opened = false;
+  if (std::rename(writer.partial.c_str(), file.c_str()) != 0)
+    return failure("Cannot put the file in place");
+  writer.partial.clear();
   return {};
 }
 

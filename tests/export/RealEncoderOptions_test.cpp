@@ -12,6 +12,8 @@ extern "C" {
 #include <libavutil/opt.h>
 }
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
 #include <map>
 #include <string>
@@ -132,8 +134,9 @@ TEST_F(RealEncoderOptionsTest, IntegerOptionRangesAndDefaultsSurviveTheTripThrou
       std::string const name(param->getID().view());
       AVOption const* option = av_opt_find(context, name.c_str(), nullptr, 0, AV_OPT_SEARCH_CHILDREN);
       ASSERT_NE(option, nullptr) << encoder.name << " " << name;
-      EXPECT_EQ(integer->min, static_cast<int>(option->min)) << encoder.name << " " << name;
-      EXPECT_EQ(integer->max, static_cast<int>(option->max)) << encoder.name << " " << name;
+      // Ranges wider than an int are offered within it.
+      EXPECT_EQ(integer->min, static_cast<int>(std::max(option->min, double(INT_MIN)))) << encoder.name << " " << name;
+      EXPECT_EQ(integer->max, static_cast<int>(std::min(option->max, double(INT_MAX)))) << encoder.name << " " << name;
       EXPECT_EQ(param->getDefaultValueAsString(), std::to_wstring(option->default_val.i64))
           << encoder.name << " " << name;
       for (int bound : {integer->min, integer->max}) {

@@ -11,6 +11,7 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
+#include <algorithm>
 #include <climits>
 #include <cstdio>
 #include <cstring>
@@ -61,11 +62,13 @@ Row valueRow(MediaOption const& record, AVOption const& option) { return Row{rec
 void addNumber(AVOption const& option, std::vector<Row>& rows) {
   bool const integral = isIntegral(option.type);
   double const value = integral ? double(option.default_val.i64) : option.default_val.dbl;
-  // Integers wider than an int keep their range and default as real numbers.
-  bool const asInteger = integral && fitsInt(option.min) && fitsInt(option.max) && fitsInt(value);
+  // A whole number is offered within an int's range, which holds every
+  // practical value (a bit rate of two gigabits a second, say); only a
+  // default beyond it makes the option a real number.
+  bool const asInteger = integral && fitsInt(value);
   MediaOption record = recordFor(option, asInteger ? MediaOption::kInteger : MediaOption::kNumber);
-  record.min = option.min;
-  record.max = option.max;
+  record.min = asInteger ? std::max(option.min, double(INT_MIN)) : option.min;
+  record.max = asInteger ? std::min(option.max, double(INT_MAX)) : option.max;
   record.defaultNumber = value;
   rows.push_back(valueRow(record, option));
 }
