@@ -145,7 +145,11 @@ Glob* UIBuilder::makeRow(Zo::Ptr<iParam> const& param, bool doubleFirst, WidgetP
     return makeActionWidget(param, position, surround);
   if (is<GroupParam>(param))
     return makeGroupWidget(param, position, surround);
-  // Colour, font and file parameters, and unknown kinds, get no row.
+  if (is<ColourParam>(param))
+    return makeColourWidget(param, position, surround);
+  if (is<FontParam>(param))
+    return makeFontWidget(param, position, surround);
+  // File parameters, and unknown kinds, get no row.
   return nullptr;
 }
 

@@ -75,6 +75,10 @@ public:
   Glob* makeLabelWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
   Glob* makeActionWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
   Glob* makeGroupWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
+  Glob* makeColourWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
+  Glob* makeFontWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
+  // In compact mode an obfuscated text row is a password box with its eye.
+  Glob* makePasswordWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
 
   // --- Building from a JSON description ---------------------------------
   static Zo::Ptr<Params> buildFromJSON(LightweightString<wchar_t> const& text, StandardPanel* panel);
@@ -101,6 +105,8 @@ public:
   std::vector<Zo::Ptr<iPostCondition>> const& getPostConditions() const noexcept { return postConditions_; }
   std::vector<Glob*> const& getParents() const noexcept { return parents_; }
   void setFlags(unsigned newFlags) noexcept { flags_ = newFlags; }
+  // Where the first row goes; the panel's top left unless set.
+  void setStartPosition(WidgetPosition const& position) { position_ = position; }
   unsigned getFlags() const noexcept { return flags_; }
 
 private:

@@ -248,6 +248,15 @@ Zo::Ptr<UIBuilder::Params> UIBuilder::build(JSONElementPtr const& root) {
         widget = makeFloatParam(entry, position, surround);
       else if (type == "label")
         widget = makeLabelParam(entry, position, surround);
+      else if (type == "colour")
+        widget = makeColourWidget(
+            Zo::Ptr<iParam>(new ColourParam(legendOf(entry), entry->getString("name"), tooltipOf(entry),
+                                            ParamText<NormalisedRGB>::fromText(entry->getWString("value")))),
+            position, surround);
+      else if (type == "font")
+        widget = makeFontWidget(Zo::Ptr<iParam>(new FontParam(legendOf(entry), entry->getString("name"),
+                                                              tooltipOf(entry), entry->getWString("value"))),
+                                position, surround);
       else
         widget = makeTextRow(legendOf(entry), position, surround);
       rowValue_ = Zo::Ptr<iObject>();

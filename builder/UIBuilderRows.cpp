@@ -1,6 +1,7 @@
 #include <zowidgets/builder/ChoiceParamHost.h>
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/SliderParamHost.h>
+#include <zowidgets/builder/detail/ColourAdaptor.h>
 #include <zowidgets/host/drawing/HTMLRenderer.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
@@ -59,6 +60,12 @@ template <class Adaptor, class B> Zo::Ptr<Adaptor> UIBuilder::makeAdaptor(Param<
   adaptor->shareServer(value);
   return adaptor;
 }
+
+// The colour and password rows are made in their own file.
+template Zo::Ptr<ColourAdaptor> UIBuilder::makeAdaptor<ColourAdaptor, NormalisedRGB>(Param<NormalisedRGB>&);
+template Zo::Ptr<ValAdaptor<LightweightString<wchar_t>, LightweightString<wchar_t>>>
+UIBuilder::makeAdaptor<ValAdaptor<LightweightString<wchar_t>, LightweightString<wchar_t>>, LightweightString<wchar_t>>(
+    Param<LightweightString<wchar_t>>&);
 
 void UIBuilder::finishRow(Zo::Ptr<iParam> const& param, Glob* widget) {
   UIString const& tooltip = param->getTooltip();
@@ -172,6 +179,8 @@ Glob* UIBuilder::makeChoiceWidget(Zo::Ptr<iParam> const& param, WidgetPosition c
 Glob* UIBuilder::makeTextWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
                                 WidgetSurround const& surround) {
   auto& textParam = as<TextParam>(param);
+  if ((flags_ & kCompactText) != 0 && textParam.isObfuscated())
+    return makePasswordWidget(param, position, surround);
   bool const visible = isWidgetInitiallyVisible(param);
   TextBoxBase* box = nullptr;
   if ((flags_ & kCompactText) != 0) {

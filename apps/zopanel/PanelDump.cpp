@@ -3,6 +3,9 @@
 #include <zowidgets/builder/ChoiceParamHost.h>
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/SliderParamHost.h>
+#include <zowidgets/builder/TitledGlob.h>
+#include <zowidgets/colour/DropDownColourPickerButton.h>
+#include <zowidgets/fonts/TitledFontChooserButton.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
@@ -49,6 +52,12 @@ void writeRowValue(JSON::Builder& out, Glob* row) {
   } else if (auto* text = dynamic_cast<TextBoxBase*>(row)) {
     out.add("kind", "text");
     out.add("value", text->getString());
+  } else if (auto* colour = dynamic_cast<TitledGlob<DropDownColourPickerButton>*>(row)) {
+    out.add("kind", "colour");
+    out.add("value", colour->getChild()->getColour().toText());
+  } else if (auto* font = dynamic_cast<TitledFontChooserButton*>(row)) {
+    out.add("kind", "font");
+    out.add("value", font->getChild()->getSelectedFont().name);
   } else if (auto* label = dynamic_cast<TextLabel*>(row)) {
     out.add("kind", "label");
     out.add("value", label->getString().getString());

@@ -51,6 +51,18 @@ expect_contains "$values" '"value": 2' "the choice shows its number"
 expect_contains "$values" '"text": "3"' "the numeric box shows the count"
 expect_contains "$values" '"value": "Grüße"' "text values keep their characters"
 
+cat >"$work/choosers.json" <<'JSON'
+{"rows": [
+  {"type": "colour", "name": "c", "legend": "Tint", "value": "1 0.5 0 1"},
+  {"type": "font", "name": "f", "legend": "Caption font", "value": "DejaVu Sans"}
+]}
+JSON
+values=$("$zopanel" values "$work/choosers.json")
+expect_contains "$values" '"kind": "colour"' "a colour row is shown"
+expect_contains "$values" '"value": "1 0.5 0 1"' "the colour row shows the colour described"
+expect_contains "$values" '"kind": "font"' "a font row is shown"
+expect_contains "$values" '"value": "DejaVu Sans"' "the font row shows the family described"
+
 tree=$("$zopanel" tree "$work/form.json" --title Form)
 expect_contains "$tree" '"class": "BuiltPanel"' "the tree starts at the panel"
 expect_contains "$tree" '"class": "SliderParamHost"' "the tree holds the slider row"

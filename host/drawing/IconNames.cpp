@@ -7,7 +7,7 @@ namespace {
 
 // Symbolic icons only: they are single-colour SVGs, so they take the
 // palette's text colour and stay sharp at any scale.
-constexpr std::array<IconName, 12> kIconNames{{
+constexpr std::array<IconName, 13> kIconNames{{
     {"eye-open.png", "view-reveal-symbolic"},
     {"eye-closed.png", "view-conceal-symbolic"},
     {"magnify.png", "system-search-symbolic"},
@@ -20,6 +20,7 @@ constexpr std::array<IconName, 12> kIconNames{{
     {"action-indicator.png", "process-working-symbolic"},
     {"poot.png", "window-close-symbolic"},
     {"eyedropper.png", "color-select-symbolic"},
+    {"ParamView.png", "emblem-system-symbolic"},
 }};
 
 } // namespace

@@ -50,6 +50,16 @@ TEST_F(BuilderGolden, EveryRowKind) {
   EXPECT_TRUE(matchesGolden(HeadlessScreen::windowShot(*panel), ZO_GOLDEN_DIR "/every_row_kind.png"));
 }
 
+TEST_F(BuilderGolden, ColourFontAndPasswordRows) {
+  ParamList params{Zo::Ptr<iParam>(new ColourParam(L"Tint", "tint", {}, NormalisedRGB{0.9f, 0.5f, 0.1f, 1.0f})),
+                   Zo::Ptr<iParam>(new FontParam(L"Caption font", "caption", {}, L"DejaVu Sans")),
+                   textParam("user", L"ada", L"User name"),
+                   Zo::Ptr<iParam>(new TextParam(L"Password", "password", {}, L"secret", {},
+                                                 TextParam::kObfuscated | TextParam::kShowPasswordControl))};
+  StandardPanel* panel = buildPanel(params, UIBuilder::kCompactText, L"Title card");
+  EXPECT_TRUE(matchesGolden(HeadlessScreen::windowShot(*panel), ZO_GOLDEN_DIR "/colour_font_password_rows.png"));
+}
+
 TEST_F(BuilderGolden, EveryRowKindAtDoubleScale) {
   UifStd::setScale(2.0);
   StandardPanel* panel = buildPanel(everyRowKind(), 0, L"Mask");

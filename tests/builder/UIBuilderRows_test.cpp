@@ -221,7 +221,8 @@ TEST_F(UIBuilderRows, SavedStateGivenToTheBuildIsRestoredFirst) {
 }
 
 TEST_F(UIBuilderRows, ParametersWithoutARowKindGetNoRow) {
-  ParamList params{Zo::Ptr<iParam>(new GenericParam::FontParam(L"Font", "font", {}, L"Sans")), boolParam("b", true)};
+  ParamList params{Zo::Ptr<iParam>(new GenericParam::FileParam(L"File", "font", {}, L"/tmp/a.mov")),
+                   boolParam("b", true)};
   Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(params, panel, 0);
   EXPECT_EQ(built->getWidget("font"), nullptr);
   EXPECT_EQ(top(built->getWidget("b")), panel->getUserArea().y1);

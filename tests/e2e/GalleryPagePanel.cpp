@@ -3,6 +3,7 @@
 #include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
+#include <zowidgets/host/widgets/popups/Menu.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
@@ -46,6 +47,20 @@ std::string familyOf(Glob const& widget) {
   return button ? button->getFont().family().str() : std::string();
 }
 
+// An open menu's rows, as screen boxes and as texts, in order; nothing for
+// any other widget.
+std::string menuRowsJson(Glob const& widget, std::string (*toScreen)(Zo::Box<int> const&)) {
+  auto const* menu = dynamic_cast<MenuWindow const*>(&widget);
+  if (!menu)
+    return {};
+  std::string boxes, texts;
+  for (int i = 0; i < menu->menu().size(); ++i) {
+    boxes += (i ? "," : "") + toScreen(menu->rowBox(i).translated(menu->screenPosition()));
+    texts += (i ? "," : "") + ("\"" + toNarrow(menu->menu().item(i).text.getString()) + "\"");
+  }
+  return ",\"rows\":[" + boxes + "],\"rowTexts\":[" + texts + "]";
+}
+
 } // namespace
 
 GalleryPagePanel::GalleryPagePanel(std::string const& name, XY<int> screenPosition) {
@@ -74,5 +89,5 @@ std::string GalleryPagePanel::widgetJson(std::string const& className, int index
   Glob const& widget = *found[static_cast<std::size_t>(index)];
   Zo::Box<int> const box = Zo::Box<int>(0, 0, widget.width(), widget.height()).translated(widget.screenPosition());
   return "{\"box\":" + toScreen(box) + ",\"text\":" + quote(toNarrow(textOf(widget))) +
-         ",\"family\":" + quote(familyOf(widget)) + "}";
+         ",\"family\":" + quote(familyOf(widget)) + menuRowsJson(widget, toScreen) + "}";
 }

@@ -16,6 +16,7 @@ screenshot) needed+=(import compare) ;;
 titles) needed+=(xprop) ;;
 scale) needed+=(identify) ;;
 ipaddress) needed+=(xclip) ;;
+export) needed+=(ffprobe) ;;
 esac
 for tool in "${needed[@]}"; do
   if ! command -v "$tool" >/dev/null; then
@@ -90,6 +91,7 @@ fontbutton) extra=(--gallery fontbutton) ;;
 dialogues) extra=(--gallery dialogues) ;;
 editor) extra=(--gallery editor) ;;
 forms) extra=(--gallery forms) ;;
+export) extra=(--gallery export) ;;
 esac
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -955,6 +957,75 @@ forms)
   [ -n "$(widget_reading TitleTextBox 99)" ] || fail "the box does not show the number kept"
   retype TitleTextBox 'Interview A' 'Interview B'
   expect "the text is reported" "$(report)" 'FormUp 000 Interview B'
+  ;;
+export)
+  # The export page on the system's encoders: MP4, libx264, 25 fps and a bit
+  # rate typed into the encoder's own row; Encode writes one second, which
+  # ffprobe reads back.
+  # Clicks the row reading TEXT of the open menu.
+  choose_row() {
+    local menu index
+    menu=$(ask "widget MenuWindow 0")
+    grep -q '"rows"' <<<"$menu" || fail "no open menu"
+    index=$(sed -E 's/.*"rowTexts":\[([^]]*)\].*/\1/' <<<"$menu" | tr ',' '\n' | grep -n -x "\"$1\"" | cut -d: -f1)
+    [ -n "$index" ] || fail "no row '$1' in the menu"
+    read -r x y <<<"$(row_centre "$menu" rows $((index - 1)))"
+    xdotool mousemove "$x" "$y" click 1
+    sleep 0.4
+  }
+  # Opens the menu of the titled button of CLASS: its drop-down sits at the right.
+  open_titled_menu() {
+    read -r x y w h <<<"$(box "$(ask "widget $1 0")" box)"
+    xdotool mousemove $((x + w - h)) $((y + h / 2)) click 1
+    sleep 0.4
+  }
+  label_starting() {
+    local index reply
+    for index in $(seq 0 20); do
+      reply=$(ask "widget TextLabel $index")
+      grep -q '"error"' <<<"$reply" && return 0
+      case "$(text "$reply")" in "$1"*)
+        text "$reply"
+        return 0
+        ;;
+      esac
+    done
+  }
+  read -r x y <<<"$(centre "$(ask 'widget FileFormatButton 0')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  choose_row MP4
+  expect "the file type" "$(text "$(ask 'widget FileFormatButton 0')")" MP4
+  open_titled_menu CompressionFormatButton
+  choose_row libx264
+  open_titled_menu FrameRateButton
+  choose_row "25 fps"
+  # The general bit rate comes first among the encoder's options.
+  reply=$(widget_reading NumericTextBox 200000)
+  [ -n "$reply" ] || fail "no bit rate row at its default"
+  read -r x y <<<"$(centre "$reply" box)"
+  click_to_type "$x" "$y"
+  xdotool key ctrl+a
+  xdotool type --delay 20 1500000
+  xdotool key Return
+  sleep 0.4
+  [ -n "$(widget_reading NumericTextBox 1500000)" ] || fail "the bit rate row does not show the rate typed"
+  click_reading PushButton Encode
+  for _ in $(seq 100); do
+    written=$(label_starting 'Wrote ')
+    [ -n "$written" ] && break
+    failed=$(label_starting 'Not written')
+    [ -n "$failed" ] && fail "$failed"
+    sleep 0.1
+  done
+  [ -n "$written" ] || fail "nothing was written"
+  clip=${written#Wrote }
+  probe=$(ffprobe -v error -select_streams v:0 -show_entries stream=codec_name,avg_frame_rate -of default=nw=1 "$clip")
+  expect "the codec" "$(sed -n 's/^codec_name=//p' <<<"$probe")" h264
+  expect "the frame rate" "$(sed -n 's/^avg_frame_rate=//p' <<<"$probe")" 25/1
+  bits=$(ffprobe -v error -show_entries format=bit_rate -of default=nw=1:nk=1 "$clip")
+  rm -f "$clip"
+  expect_within "the bit rate" "$bits" 750000 2250000
   ;;
 *)
   fail "unknown case"

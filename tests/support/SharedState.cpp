@@ -3,6 +3,7 @@
 #include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/shell/DeviceServices.h>
+#include <zowidgets/host/shell/MediaWriters.h>
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
@@ -52,4 +53,5 @@ void resetSharedState() {
   IconCache::clear();
   setDeviceServices(nullptr);
   defaultDeviceServices().clear();
+  Zo::MediaWriters::setSource(nullptr);
 }

@@ -74,6 +74,7 @@ public:
   char const* idstring() const override { return "TitleMenuButton"; }
 
   DropDownMenuButton& getBtn() noexcept { return *button_; }
+  DropDownMenuButton const& getBtn() const noexcept { return *button_; }
   int getSelectedItem() const noexcept { return button_->getSelectedItem(); }
   void setSelectedItem(int index, eRedrawFlag redraw = kRedrawNow) { button_->setSelectedItem(index, redraw); }
   void setStrings(std::vector<MenuItem> const& items, int selected, eRedrawFlag redraw = kRedrawNow) {

@@ -1,0 +1,103 @@
+// Building the compression widget for the encoder with the most options of
+// the system's codec libraries: the options made into parameters, their rows
+// built and laid out under the format button, and then the first paint; per
+// row, so it stands beside the builder's own per-row figures.
+//
+// After timing, the widget is checked: one row per parameter, and its height
+// that of the rows; for the paint, the panel painted once.
+
+#include <zowidgets/export/CompressionWidget.h>
+#include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/shell/LibavMediaSource.h>
+#include <zowidgets/host/shell/MediaWriters.h>
+#include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/Drawable.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+struct Encoder {
+  LightweightString<char> fileType;
+  Zo::Image::Format format;
+  std::size_t options = 0;
+};
+
+ShotVideoMetadata const kShot(1920, 1080, {25, 1, false});
+
+// The encoder with the most options, over every container.
+Encoder richestEncoder() {
+  Encoder richest;
+  iMediaSource& source = Zo::MediaWriters::source();
+  for (LightweightString<char> const& type : source.fileTypes(Compression::kVideoExport)) {
+    VectorExt<ShotVideoMetadata> digital;
+    VectorExt<Zo::Image::Format> formats;
+    source.validFormats(type, kShot, digital, formats);
+    for (Zo::Image::Format const format : formats) {
+      std::size_t const count = source.encodeOptions(type, format).size();
+      if (count > richest.options)
+        richest = Encoder{type, format, count};
+    }
+  }
+  return richest;
+}
+
+void timeCompressionPanel(benchmark::State& state, bool paint) {
+  useHeadlessScreen();
+  Zo::Ptr<iMediaSource> libav = makeLibavMediaSource();
+  if (!libav) {
+    state.SkipWithError("built without the codec libraries");
+    return;
+  }
+  Zo::MediaWriters::setSource(libav);
+  Encoder const encoder = richestEncoder();
+  VectorExt<ShotVideoMetadata> digital;
+  VectorExt<Zo::Image::Format> formats;
+  Compression::getValidFormats(encoder.fileType, kShot, digital, formats);
+  int const width = 18 * UifStd::getRowHeight();
+  int const height = static_cast<int>(encoder.options + 2) * (UifStd::getRowHeight() + UifStd::getRowGap());
+  bool ok = true;
+  for (auto _ : state) {
+    StandardPanel* panel = nullptr;
+    CompressionWidget* widget = nullptr;
+    {
+      // Held through the build; let go at the end of the scope, which paints
+      // a realized panel once, whole.
+      Drawable::Suspender oneRedraw;
+      StandardPanel::InitArgs args(
+          StandardPanel::calcPanelSize(XY<int>(width, height), 0, StandardPanel::getDefaultBorder()));
+      args.screenPosition = XY<int>(0, 0);
+      panel = new StandardPanel(args);
+      CompressionWidget::InitArgs widgetArgs(Compression::kVideoExport, static_cast<unsigned short>(width));
+      widgetArgs.fileType = encoder.fileType;
+      widget = panel->createWidget<CompressionWidget>(widgetArgs, Glob::UserTopLeft(0, 0));
+      widget->setCompressionFormat(VideoCompressionInfo(kShot, CompressionFormat(encoder.format)), formats);
+      if (paint)
+        GlobManager::realize(panel);
+    }
+    benchmark::DoNotOptimize(widget);
+    state.PauseTiming();
+    ok = ok && widget->getParams().size() == encoder.options &&
+         widget->getBuiltParams()->getWidgets().size() == encoder.options &&
+         widget->height() == UifStd::getRowGap() + widget->getBuiltParams()->calcHeight() + UifStd::getRowHeight() &&
+         (!paint || (panel->canvas() && panel->canvas()->paintCount() == 1));
+    GlobManager::requestDeletion(panel);
+    MessageLoop::runPending();
+    state.ResumeTiming();
+  }
+  Zo::MediaWriters::setSource(nullptr);
+  state.counters["rows"] = static_cast<double>(encoder.options);
+  if (!ok)
+    state.SkipWithError("the options were not all built into rows");
+}
+
+void zoCompressionPanelBuild(benchmark::State& state) { timeCompressionPanel(state, false); }
+void zoCompressionPanelFirstPaint(benchmark::State& state) { timeCompressionPanel(state, true); }
+
+} // namespace
+
+BENCHMARK(zoCompressionPanelBuild)->Unit(benchmark::kMicrosecond);
+BENCHMARK(zoCompressionPanelFirstPaint)->Unit(benchmark::kMicrosecond);

@@ -1,0 +1,66 @@
+#include <zowidgets/host/shell/detail/LibavEncoders.h>
+
+#ifdef ZO_HAVE_LIBAV
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+}
+
+#include <cstdint>
+#include <cstring>
+
+namespace LibavEncoders {
+
+std::vector<Container> const& containers() {
+  static std::vector<Container> const list = {{"quicktime", "mov", L"MOV"},
+                                              {"mp4", "mp4", L"MP4"},
+                                              {"mxf", "mxf", L"MXF"},
+                                              {"matroska", "matroska", L"MKV"},
+                                              {"avi", "avi", L"AVI"}};
+  return list;
+}
+
+Container const* findContainer(LightweightString<char> const& id) {
+  for (Container const& container : containers())
+    if (id.view() == container.id)
+      return &container;
+  return nullptr;
+}
+
+bool accepts(Container const& container, AVCodec const& codec) {
+  AVOutputFormat const* muxer = av_guess_format(container.muxer, nullptr, nullptr);
+  return muxer && av_codec_is_encoder(&codec) && codec.type == AVMEDIA_TYPE_VIDEO &&
+         avformat_query_codec(muxer, codec.id, FF_COMPLIANCE_NORMAL) == 1;
+}
+
+std::vector<AVCodec const*> encodersFor(Container const& container) {
+  std::vector<AVCodec const*> encoders;
+  void* iterator = nullptr;
+  while (AVCodec const* codec = av_codec_iterate(&iterator))
+    if (accepts(container, *codec))
+      encoders.push_back(codec);
+  return encoders;
+}
+
+Zo::Image::Format formatOf(AVCodec const& codec) {
+  std::uint32_t hash = 2166136261u; // FNV-1a
+  for (char const* c = codec.name; *c; ++c)
+    hash = (hash ^ static_cast<unsigned char>(*c)) * 16777619u;
+  auto const raw = static_cast<std::int32_t>(hash);
+  return Zo::Image::Format(raw == Zo::Image::Format::kNone ? 0 : raw);
+}
+
+AVCodec const* findEncoder(Zo::Image::Format format) {
+  void* iterator = nullptr;
+  while (AVCodec const* codec = av_codec_iterate(&iterator))
+    if (av_codec_is_encoder(codec) && codec->type == AVMEDIA_TYPE_VIDEO && formatOf(*codec) == format)
+      return codec;
+  return nullptr;
+}
+
+LightweightString<wchar_t> nameOf(AVCodec const& codec) { return LightweightString<wchar_t>::fromUTF8(codec.name); }
+
+} // namespace LibavEncoders
+
+#endif
