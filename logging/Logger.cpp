@@ -21,6 +21,8 @@
 
 #include <atomic>
 #include <cmath>
+#include <mutex>
+#include <unordered_map>
 
 namespace {
 
@@ -50,6 +52,26 @@ std::vector<LightweightString<wchar_t>> splitLines(LightweightString<wchar_t> co
       return lines;
     rest.remove_prefix(end + 1);
   }
+}
+
+// Every live logger with its log. The widget registry is for the
+// user-interface thread; writers on other threads ask here.
+struct LiveLoggers {
+  std::mutex lock;
+  std::unordered_map<Logger const*, Zo::Ptr<iTaskLog>> logs;
+};
+
+LiveLoggers& liveLoggers() {
+  static LiveLoggers instance;
+  return instance;
+}
+
+void setLiveLog(Logger const* logger, Zo::Ptr<iTaskLog> const& log) {
+  std::lock_guard hold(liveLoggers().lock);
+  if (log)
+    liveLoggers().logs[logger] = log;
+  else
+    liveLoggers().logs.erase(logger);
 }
 
 } // namespace
@@ -159,6 +181,7 @@ Logger::Logger(InitArgs const& args) : StandardPanel(args), flags_(args.flags) {
 }
 
 Logger::~Logger() {
+  setLiveLog(this, {});
   guards_.clear();
   if (saveOnClose_) {
     // Lines written before the close are kept, even those not shown yet.
@@ -230,6 +253,7 @@ void Logger::setLog(Zo::Ptr<iTaskLog> const& log) {
     guards_.clear();
   }
   log_ = log ? log : Zo::Ptr<iTaskLog>(new TaskLog);
+  setLiveLog(this, log_);
   std::vector<LoggerBase::Item> const history = log_->getItems();
   linesTaken_ = history.size();
   setItems(history);
@@ -240,6 +264,12 @@ void Logger::setLog(Zo::Ptr<iTaskLog> const& log) {
   subscribe();
   // Lines written between the copy and the subscription.
   takeNewLines();
+}
+
+Zo::Ptr<iTaskLog> Logger::liveLogOf(Logger const* logger) {
+  std::lock_guard hold(liveLoggers().lock);
+  auto const found = liveLoggers().logs.find(logger);
+  return found == liveLoggers().logs.end() ? Zo::Ptr<iTaskLog>() : found->second;
 }
 
 void Logger::subscribe() {
@@ -379,23 +409,33 @@ bool Logger::canWordWrap(LoggedItem const& row) { return row.type != kOutputHype
 void Logger::measure(LoggedItem& row) const {
   row.numDisplayLines = 1;
   row.linesForWidth = wrapWidth_;
-  if (row.text.empty()) {
-    row.pixelWidth = 0;
+  int const available = wrapWidth_ - row.indent * UifStd::getRowHeight();
+  if (row.text.empty() || !canWordWrap(row) || available <= 0)
     return;
-  }
-  LightweightString<wchar_t> const shown =
-      row.type == kOutputHyperLink ? HyperLink::fromString(row.text).getDescription() : row.text;
+  // No glyph is wider than two line heights, so a short text is known to fit
+  // without laying it out: a stream of short lines costs no text layout.
+  if (!row.htmlLines && row.pixelWidth < 0 &&
+      static_cast<double>(row.text.size()) * widestGlyphBound(row.font) < available)
+    return;
   if (row.pixelWidth < 0) {
     double const width = row.htmlLines ? HTMLRenderer::calcMaxWidth(*row.htmlLines, row.font)
-                                       : Glib::TextDescription::calcBounds(shown, row.font).width();
+                                       : Glib::TextDescription::calcBounds(row.text, row.font).width();
     row.pixelWidth = static_cast<int>(std::ceil(width));
   }
-  int const available = wrapWidth_ - row.indent * UifStd::getRowHeight();
-  if (!canWordWrap(row) || available <= 0 || available >= row.pixelWidth)
+  if (available >= row.pixelWidth)
     return;
   int const lines = row.htmlLines ? HTMLRenderer::calcNumDisplayLines(*row.htmlLines, available, row.font)
-                                  : Glib::TextLayout::countLines(shown, row.font, available);
+                                  : Glib::TextLayout::countLines(row.text, row.font, available);
   row.numDisplayLines = static_cast<std::uint16_t>(std::max(1, lines));
+}
+
+double Logger::widestGlyphBound(Glib::FontDesc const& font) const {
+  for (auto const& [known, bound] : glyphBounds_)
+    if (known == font)
+      return bound;
+  double const bound = 2.0 * Glib::TextLayout::fontMetrics(font).lineHeight;
+  glyphBounds_.emplace_back(font, bound);
+  return bound;
 }
 
 std::vector<LightweightString<wchar_t>> Logger::rowTexts() const {

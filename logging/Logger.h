@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class Gauge;
@@ -49,7 +50,7 @@ public:
     Colour bg;
     Glib::FontDesc font;
     std::uint16_t numDisplayLines = 1;
-    // The unwrapped width in pixels; -1 until first measured.
+    // The unwrapped width in pixels; -1 until it is needed to wrap the row.
     int pixelWidth = -1;
     // The wrap width numDisplayLines was found for; -1 when it must be found.
     int linesForWidth = -1;
@@ -134,6 +135,10 @@ public:
   // Opens a link as a click on its row does.
   static void visitLink(LoggerBase::HyperLink const& link);
 
+  // The log of a logger that lives, or null: safe from any thread, and the
+  // log stays usable however soon after the call the logger goes.
+  static Zo::Ptr<iTaskLog> liveLogOf(Logger const* logger);
+
   // Takes the lines the log holds that are not shown yet.
   void takeNewLines();
 
@@ -161,6 +166,7 @@ private:
   LoggedItem styled(LoggerBase::Item const& item) const;
   LoggedItem blankRow() const;
   void measure(LoggedItem& row) const;
+  double widestGlyphBound(Glib::FontDesc const& font) const;
   // The user area less the button row: where the table and gauge go.
   Zo::Box<int> rowsArea() const;
   int buttonRowHeight() const;
@@ -189,4 +195,5 @@ private:
   int wrapWidth_ = 0;
   XY<int> pressPoint_;
   Glib::FontDesc font_;
+  mutable std::vector<std::pair<Glib::FontDesc, double>> glyphBounds_;
 };

@@ -15,23 +15,30 @@ constexpr std::size_t kFormatBuffer = 1024;
 
 bool alive(Logger* logger) { return is_good_glob_ptr(logger, "logger"); }
 
+// Writers may be on any thread, where the widget registry may not be asked:
+// they write straight to the log of a logger that lives.
+void writeIfAlive(Logger* logger, LightweightString<wchar_t> const& text, LoggerBase::eOutputType type) {
+  if (Zo::Ptr<iTaskLog> const log = Logger::liveLogOf(logger))
+    log->write(text, type);
+}
+
 void writeFormatted(Logger* logger, LoggerBase::eOutputType type, char const* format, std::va_list args) {
-  if (!alive(logger))
+  if (!Logger::liveLogOf(logger))
     return;
   auto buffer = std::make_unique<char[]>(kFormatBuffer);
   int const length = std::vsnprintf(buffer.get(), kFormatBuffer, format, args);
   // A text that does not fit is a caller's mistake that must not pass unseen.
   if (length < 0 || static_cast<std::size_t>(length) >= kFormatBuffer)
     std::abort();
-  logger->write(LightweightString<wchar_t>::fromUTF8(std::string_view(buffer.get(), static_cast<std::size_t>(length))),
-                type);
+  writeIfAlive(logger,
+               LightweightString<wchar_t>::fromUTF8(std::string_view(buffer.get(), static_cast<std::size_t>(length))),
+               type);
 }
 
 } // namespace
 
 void loggerWrite(Logger* logger, LightweightString<wchar_t> const& text, LoggerBase::eOutputType type) {
-  if (alive(logger))
-    logger->write(text, type);
+  writeIfAlive(logger, text, type);
 }
 
 #define ZO_LOGGER_FORMATTED(name, type)                                                                                \

@@ -4,7 +4,8 @@
 
 // The reporting functions the rest of the application calls. Each first
 // checks that the logger still lives, so a caller may keep a stale pointer:
-// a dead one makes the call do nothing.
+// a dead one makes the call do nothing. The writing functions may be called
+// from any thread; the others belong to the user-interface thread.
 
 ZO_API void loggerWrite(Logger* logger, LightweightString<wchar_t> const& text, LoggerBase::eOutputType type);
 // printf-style; the text may be at most 1023 characters, and a longer one
