@@ -143,6 +143,7 @@
 #include <zowidgets/host/drawing/StandardColours.h>
 #include <zowidgets/host/drawing/SvgIcon.h>
 #include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/drawing/VideoWindow.h>
 #include <zowidgets/host/events/Clock.h>
 #include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/events/EventHandler.h>
@@ -241,7 +242,11 @@
 #include <zowidgets/logging/LoggerFunctions.h>
 #include <zowidgets/logging/OutfileCheck.h>
 #include <zowidgets/logging/OutfileReporter.h>
+#include <zowidgets/logging/ProgInd.h>
+#include <zowidgets/logging/RenderProgressPanel.h>
 #include <zowidgets/logging/SavableLogger.h>
+#include <zowidgets/logging/TaskProgressWidget.h>
+#include <zowidgets/logging/TitledProgressBar.h>
 #include <zowidgets/textentry/Credentials.h>
 #include <zowidgets/textentry/CustomTextBox.h>
 #include <zowidgets/textentry/DropDownSearchPanel.h>
