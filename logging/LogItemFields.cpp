@@ -11,6 +11,7 @@
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/logging/Logger.h>
 
+#include <cmath>
 #include <cwctype>
 
 namespace {
@@ -36,10 +37,11 @@ bool equalsNoCase(std::wstring_view text, std::wstring_view lower) {
 
 int indentPixels(Logger::LoggedItem const& row) { return row.indent * UifStd::getRowHeight(); }
 
-void drawDivider(CanvasRenderer& renderer, Zo::Box<int> const& box, Logger::LoggedItem const& row,
+// `box` is the cell's text box: the cell less its margins.
+void drawDivider(CanvasRenderer& renderer, Zo::Box<double> const& box, Logger::LoggedItem const& row,
                  Glib::FontDesc const& font, Palette const& palette) {
   int const gap = UifStd::getWidgetGap();
-  double const middle = (box.y0 + box.y1) / 2.0;
+  double const middle = std::round((box.y0 + box.y1) / 2.0) + 0.5;
   if (row.text.empty()) {
     Colour const colour = Colour::mix(palette.text(0), palette.window(), 0.2);
     renderer.renderPrimitive(Glib::LineDescription(XY<double>(box.x0 + indentPixels(row), middle),
@@ -66,19 +68,18 @@ void LogItemField::drawField(CellContext& context, CellData const& data) {
   Glib::FontDesc const font = fontOf(data);
   Zo::Box<double> box = textBox(context, data);
   if (row->type == LoggerBase::kOutputDivider) {
-    drawDivider(renderer, context.box, *row, font, data.palette);
+    drawDivider(renderer, box, *row, font, data.palette);
     return;
   }
   if (row->text.empty())
     return;
   box.x0 += indentPixels(*row);
-  Glib::TextDescription text(data.text.getString(), box, font, row->fg);
   if (row->numDisplayLines > 1) {
-    text.wordWrap = true;
-    text.verticalAlignment = Glib::eTextVerticalAlignment::Top;
-    renderer.renderPrimitive(text);
+    Zo::Box<int> const area(static_cast<int>(box.x0), context.box.y0, static_cast<int>(box.x1), context.box.y1);
+    HTMLRenderer::render(renderer, Logger::paragraphsOf(*row), area, UifStd::getRowHeight(), font);
     return;
   }
+  Glib::TextDescription text(data.text.getString(), box, font, row->fg);
   renderer.renderPrimitive(text);
   if (row->type == LoggerBase::kOutputHyperLink) {
     Zo::Box<double> const bounds = text.calcBounds();

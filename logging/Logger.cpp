@@ -424,9 +424,16 @@ void Logger::measure(LoggedItem& row) const {
   }
   if (available >= row.pixelWidth)
     return;
-  int const lines = row.htmlLines ? HTMLRenderer::calcNumDisplayLines(*row.htmlLines, available, row.font)
-                                  : Glib::TextLayout::countLines(row.text, row.font, available);
+  int const lines = HTMLRenderer::calcNumDisplayLines(paragraphsOf(row), available, row.font);
   row.numDisplayLines = static_cast<std::uint16_t>(std::max(1, lines));
+}
+
+std::vector<HTMLParagraph> Logger::paragraphsOf(LoggedItem const& row) {
+  if (row.htmlLines)
+    return *row.htmlLines;
+  Palette palette = UifStd::getColourScheme();
+  palette.setText(row.fg);
+  return HTMLRenderer::parse(HTMLRenderer::convertToHTML(row.text.view(), HTMLRenderer::kEscapeMarkup).view(), palette);
 }
 
 double Logger::widestGlyphBound(Glib::FontDesc const& font) const {

@@ -130,6 +130,9 @@ public:
   // Asks where to save (LogSaveChooser), then saves.
   void requestSaveToFile();
 
+  // A row as paragraphs, wrapped and drawn one line per row height: its own
+  // HTML, or its text as plain words.
+  static std::vector<HTMLParagraph> paragraphsOf(LoggedItem const& row);
   // Whether a row may wrap: link rows and dividers stay on one line.
   static bool canWordWrap(LoggedItem const& row);
   // Opens a link as a click on its row does.

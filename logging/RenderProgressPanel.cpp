@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr ResId kTitle = 10883;
+constexpr ResId kRenderTitle = 10883;
 constexpr ResId kRemainingText = 11415;
 constexpr unsigned kStandardWidgets = StandardPanel::kTitle;
 
@@ -33,7 +33,7 @@ RenderProgressPanel::RenderProgressPanel(XY<int> size, double aspectRatio)
         return args;
       }()),
       startTime_(ftisqq(msecsNow())), aspectRatio_(aspectRatio) {
-  setTitle(UIString(resourceStrW(kTitle)), UifStd::getTitleFont(), kNoRedraw);
+  setTitle(UIString(resourceStrW(kRenderTitle)), UifStd::getTitleFont(), kNoRedraw);
   Gauge::InitArgs args(XY<int>(getUserArea().width(), UifStd::getRowHeight()));
   args.barColour = getPalette().selection();
   args.backgroundColour = getPalette().childWindow(1);

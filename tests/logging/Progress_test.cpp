@@ -261,6 +261,7 @@ TEST_F(RenderProgressPanelTest, TheLatestFrameIsShownInThePictureArea) {
 
 TEST_F(RenderProgressPanelTest, ThePanelWritesNoLogLines) {
   RenderProgressPanel* panel = RenderProgressPanel::make(4.0 / 3.0);
+  EXPECT_EQ(panel->getTitle().getString(), L"Rendering");
   std::size_t const children = panel->getChildren().size();
   panel->write(L"ignored", LoggerBase::kOutputPlain);
   EXPECT_EQ(panel->getChildren().size(), children);
