@@ -2,12 +2,16 @@
 
 #include <zowidgets/host/base/ResourceStrings.h>
 #include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/panels/Message.h>
 #include <zowidgets/logging/LogFiles.h>
 #include <zowidgets/logging/LogSaveChooser.h>
 #include <zowidgets/logging/LoggerFunctions.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -15,9 +19,16 @@ constexpr ResId kSaveButtonText = 10082;
 constexpr ResId kSavedMessage = 10563;
 constexpr ResId kFolderTitle = 10786;
 
+// Fifty rows, or as many as three quarters of the screen holds.
+std::uint16_t rowsThatFit() {
+  int const rows = screenBackend().screenSize().y * 3 / 4 / UifStd::getRowHeight() - 4;
+  return static_cast<std::uint16_t>(std::clamp(rows, 5, 50));
+}
+
 Logger::InitArgs argsFor(Zo::Ptr<iTaskLog> const& log) {
-  Logger::InitArgs args(50, 0, 0);
+  Logger::InitArgs args(rowsThatFit(), 0, 0);
   args.log = log;
+  args.title = UIString(L"Task log");
   PushButton::InitArgs save(UIString(ellipsisResourceStrW(kSaveButtonText)), XY<int>(0, PushButton::calcHeight()),
                             SavableLogger::kSaveMsg);
   args.buttons.push_back(save);
