@@ -282,10 +282,21 @@ void Logger::takeNewLines() {
   linesTaken_ += log_->copyItems(linesTaken_, fresh);
   if (fresh.empty())
     return;
-  Drawable::Suspender hold;
   for (auto const& item : fresh)
     addItem(item);
-  showNewRows();
+  // The rows are there at once; the table hears of them once per burst,
+  // however many writes the burst held.
+  if (table_ && !showPending_) {
+    showPending_ = true;
+    IdStamp const stamp = EventHandler::stampOf(this);
+    defer([this, stamp] {
+      if (!EventHandler::valid(this, stamp))
+        return;
+      showPending_ = false;
+      Drawable::Suspender hold;
+      showNewRows();
+    });
+  }
 }
 
 void Logger::showNewRows() {

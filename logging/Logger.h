@@ -192,6 +192,7 @@ private:
   std::vector<PushButton*> buttons_;
   LightweightString<wchar_t> title_;
   bool fastScroll_ = true;
+  bool showPending_ = false;
   std::vector<Zo::Ptr<Zo::Guard>> guards_;
   Zo::Ptr<Inbox> inbox_;
   unsigned flags_ = 0;
