@@ -112,6 +112,7 @@
 #include <zowidgets/host/base/LightweightString.h>
 #include <zowidgets/host/base/LightweightVector.h>
 #include <zowidgets/host/base/Log.h>
+#include <zowidgets/host/base/LoggerBase.h>
 #include <zowidgets/host/base/NotifyMsg.h>
 #include <zowidgets/host/base/NotifyMsgTypeDictionary.h>
 #include <zowidgets/host/base/NullType.h>
@@ -149,6 +150,7 @@
 #include <zowidgets/host/drawing/StandardColours.h>
 #include <zowidgets/host/drawing/SvgIcon.h>
 #include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/drawing/VideoWindow.h>
 #include <zowidgets/host/events/Clock.h>
 #include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/events/EventHandler.h>
@@ -187,8 +189,10 @@
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/Orientation.h>
 #include <zowidgets/host/toolkit/PositionNames.h>
+#include <zowidgets/host/toolkit/SystemWatchdog.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/TabOrderableHost.h>
+#include <zowidgets/host/toolkit/TaskLog.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/toolkit/WidgetPosition.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
@@ -246,8 +250,20 @@
 #include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/logging/LogFiles.h>
+#include <zowidgets/logging/LogItemFields.h>
+#include <zowidgets/logging/LogLinkMenu.h>
+#include <zowidgets/logging/LogSaveChooser.h>
+#include <zowidgets/logging/LogTimes.h>
+#include <zowidgets/logging/Logger.h>
+#include <zowidgets/logging/LoggerFunctions.h>
 #include <zowidgets/logging/OutfileCheck.h>
 #include <zowidgets/logging/OutfileReporter.h>
+#include <zowidgets/logging/ProgInd.h>
+#include <zowidgets/logging/RenderProgressPanel.h>
+#include <zowidgets/logging/SavableLogger.h>
+#include <zowidgets/logging/TaskProgressWidget.h>
+#include <zowidgets/logging/TitledProgressBar.h>
 #include <zowidgets/textentry/Credentials.h>
 #include <zowidgets/textentry/CustomTextBox.h>
 #include <zowidgets/textentry/DropDownSearchPanel.h>

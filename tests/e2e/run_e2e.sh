@@ -92,7 +92,18 @@ dialogues) extra=(--gallery dialogues) ;;
 editor) extra=(--gallery editor) ;;
 forms) extra=(--gallery forms) ;;
 export) extra=(--gallery export) ;;
+logger) extra=(--gallery logger) ;;
 esac
+if [ "$case_name" = logger ]; then
+  # The desktop's opener is a recorder, and saves go to a documents folder
+  # of the case's own.
+  mkdir -p "$work/bin" "$work/docs" "$work/xdg"
+  printf '#!/bin/sh\necho "$@" >>"%s/opened"\n' "$work" >"$work/bin/xdg-open"
+  chmod +x "$work/bin/xdg-open"
+  export PATH="$work/bin:$PATH"
+  export XDG_CONFIG_HOME="$work/xdg"
+  echo "XDG_DOCUMENTS_DIR=\"$work/docs\"" >"$work/xdg/user-dirs.dirs"
+fi
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
 exec 4>"$work/commands"
@@ -861,6 +872,50 @@ hints)
   click_reading PushButton 'Try the hint'
   showing || fail "a dismissed hint was taken as acknowledged"
   expect "it comes back" "$(status)" 'Not acknowledged yet, so it shows'
+  ;;
+logger)
+  # The logger page: "Show log" opens the task log's window. A click on its
+  # link row (the second) opens the address through the desktop's opener;
+  # the Save button writes TaskLog.html, escaped; the menu over a plain row
+  # saves the rows as text, which a small window confirms.
+  click_reading PushButton 'Show log'
+  read -r x y <<<"$(centre "$(ask 'widget TableRow 1')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  for _ in $(seq 40); do
+    [ -s "$work/opened" ] && break
+    sleep 0.1
+  done
+  expect "the address opened" "$(cat "$work/opened" 2>/dev/null)" 'https://example.org/render-notes'
+  save=""
+  for index in $(seq 0 10); do
+    reply=$(ask "widget PushButton $index")
+    grep -q '"error"' <<<"$reply" && break
+    if grep -q '"text":"Save' <<<"$reply"; then save=$reply; fi
+  done
+  [ -n "$save" ] || fail "no Save button"
+  read -r x y <<<"$(centre "$save" box)"
+  xdotool mousemove "$x" "$y" click 1
+  for _ in $(seq 40); do
+    [ -s "$work/docs/TaskLog.html" ] && break
+    sleep 0.1
+  done
+  [ -s "$work/docs/TaskLog.html" ] || fail "TaskLog.html was not saved"
+  expect "the HTML's first line" "$(head -n1 "$work/docs/TaskLog.html")" '<pre>'
+  grep -qF "<p>&lt;script&gt;alert('a log line is only text')&lt;/script&gt;</p>" "$work/docs/TaskLog.html" ||
+    fail "the script line was not escaped: $(cat "$work/docs/TaskLog.html")"
+  click_reading PushButton OK
+  read -r x y <<<"$(centre "$(ask 'widget TableRow 3')" box)"
+  xdotool mousemove "$x" "$y" click 3
+  sleep 0.5
+  xdotool key Down Return
+  for _ in $(seq 40); do
+    [ -s "$work/docs/Task log.txt" ] && break
+    sleep 0.1
+  done
+  [ -s "$work/docs/Task log.txt" ] || fail "the text was not saved: $(ls "$work/docs")"
+  expect "the text's first line" "$(head -n1 "$work/docs/Task log.txt")" 'Render started'
+  grep -qx "<script>alert('a log line is only text')</script>" "$work/docs/Task log.txt" ||
+    fail "the text file lacks the script line as written"
   ;;
 dialogues)
   # The dialogues page: "Ask yes or no" opens a question whose answer shows

@@ -1,0 +1,197 @@
+#include "LoggerTestSupport.h"
+
+#include <zowidgets/host/drawing/HTMLRenderer.h>
+#include <zowidgets/host/headless/HeadlessInput.h>
+#include <zowidgets/host/widgets/values/Gauge.h>
+
+namespace {
+
+using LoggerPanel = LoggerTest;
+using Kind = Zo::ShellRequest::Kind;
+
+// The centre of a row's cell on the screen.
+XY<int> rowOnScreen(Logger const& logger, int row) {
+  Zo::Box<int> const box = logger.table()->getCellBox(XY<int>(0, row));
+  return logger.table()->screenPosition() + XY<int>((box.x0 + box.x1) / 2, (box.y0 + box.y1) / 2);
+}
+
+// A row's centre in the logger's own coordinates.
+XY<int> rowInLogger(Logger const& logger, int row) {
+  Zo::Box<int> const box = logger.table()->getCellBox(XY<int>(0, row));
+  return XY<int>(logger.table()->getX() + (box.x0 + box.x1) / 2, logger.table()->getY() + (box.y0 + box.y1) / 2);
+}
+
+LightweightString<wchar_t> linkTo(std::vector<LightweightString<wchar_t>> targets,
+                                  LightweightString<wchar_t> text = {}) {
+  return LoggerBase::HyperLink(text, std::move(targets)).toString();
+}
+
+std::vector<std::wstring> menuTexts(Logger& logger) {
+  std::vector<std::wstring> texts;
+  for (auto const& item : logger.heldMenuItems())
+    texts.push_back(item.text.getString().str());
+  return texts;
+}
+
+TEST_F(LoggerPanel, AnHTMLRowThatWrapsToThreeLinesIsThreeRowsTallAndIsRemeasuredAfterNarrowing) {
+  Logger* logger = openLogger(0, 10, 400);
+  std::wstring html = L"<b>Shot</b>";
+  while (HTMLRenderer::calcNumDisplayLines(HTMLRenderer::parse(html, logger->getPalette()), logger->wrapWidth(),
+                                           UifStd::getFont()) < 3)
+    html += L" rendered";
+  loggerWrite(logger, LightweightString<wchar_t>(html), LoggerBase::kOutputPlain);
+  pump();
+  ASSERT_TRUE(logger->rows()[0].htmlLines);
+  EXPECT_EQ(logger->getRowHeight(0), 3 * UifStd::getRowHeight());
+
+  logger->resize(logger->width() - 150, logger->height());
+  int const narrower =
+      HTMLRenderer::calcNumDisplayLines(*logger->rows()[0].htmlLines, logger->wrapWidth(), UifStd::getFont());
+  EXPECT_GT(narrower, 3);
+  EXPECT_EQ(logger->getRowHeight(0), narrower * UifStd::getRowHeight());
+}
+
+TEST_F(LoggerPanel, APlainRowWrapsAndIsDrawnOverItsLines) {
+  Logger* logger = openLogger(0, 10, 300);
+  std::wstring text = L"Frame";
+  while (Glib::TextDescription::calcBounds(text, UifStd::getFont()).width() < 2.5 * logger->wrapWidth())
+    text += L" rendered";
+  loggerWrite(logger, LightweightString<wchar_t>(text), LoggerBase::kOutputPlain);
+  pump();
+  EXPECT_EQ(logger->getRowHeight(0), 3 * UifStd::getRowHeight());
+}
+
+TEST_F(LoggerPanel, ALongLinkRowStaysOneLineHighAtAnyWidth) {
+  Logger* logger = openLogger(0, 10, 300);
+  std::wstring path = L"/media/projects";
+  while (Glib::TextDescription::calcBounds(path, UifStd::getFont()).width() < 3 * logger->wrapWidth())
+    path += L"/a folder with a long name";
+  loggerWrite(logger, linkTo({LightweightString<wchar_t>(path + L"/final.mov")}), LoggerBase::kOutputHyperLink);
+  pump();
+  EXPECT_EQ(logger->getRowHeight(0), UifStd::getRowHeight());
+  logger->resize(logger->width() - 100, logger->height());
+  EXPECT_EQ(logger->getRowHeight(0), UifStd::getRowHeight());
+}
+
+TEST_F(LoggerPanel, ClickingALinkToHTMLOrEDLInAnyCaseOpensItAndAnyOtherFileIsRevealed) {
+  Logger* logger = openLogger(0, 10, 500);
+  loggerWrite(logger, linkTo({L"/renders/report.HTML"}), LoggerBase::kOutputHyperLink);
+  loggerWrite(logger, linkTo({L"/renders/cut.Edl"}), LoggerBase::kOutputHyperLink);
+  loggerWrite(logger, linkTo({L"/renders/final.mov", L"/renders/final.wav"}, L"Final render"),
+              LoggerBase::kOutputHyperLink);
+  loggerWrite(logger, linkTo({L"HTTPS://example.org/help"}), LoggerBase::kOutputHyperLink);
+  pump();
+  for (int row = 0; row < 4; ++row) {
+    HeadlessInput::click(rowOnScreen(*logger, row));
+    pump();
+  }
+  std::vector<Zo::ShellRequest> const expected{
+      {Kind::open, {L"/renders/report.HTML"}},
+      {Kind::open, {L"/renders/cut.Edl"}},
+      {Kind::reveal, {L"/renders/final.mov", L"/renders/final.wav"}},
+      {Kind::open, {L"HTTPS://example.org/help"}},
+  };
+  EXPECT_EQ(OS().recordedShellRequests(), expected);
+}
+
+TEST_F(LoggerPanel, ALinkRowShowsItsDescription) {
+  Logger* logger = openLogger();
+  loggerWrite(logger, linkTo({L"/renders/final.mov"}, L"Final render"), LoggerBase::kOutputHyperLink);
+  auto const cell = logger->getCellData(XY<int>(0, 0), logger->getPalette());
+  EXPECT_EQ(cell.text.getString(), L"Final render");
+  EXPECT_EQ(cell.fieldType, Logger::kPlainRowField);
+}
+
+TEST_F(LoggerPanel, TheMenuOverAnOrdinaryRowOffersOnlySaving) {
+  Logger* logger = openLogger(0, 10, 500);
+  logger_write(logger, "frame 1");
+  pump();
+  Event click;
+  click.type = Event::kMouseDown;
+  click.buttons = kMouseRight;
+  click.position = rowInLogger(*logger, 0);
+  logger->reviewMenu(&click);
+  EXPECT_EQ(menuTexts(*logger), (std::vector<std::wstring>{L"Save log\u2026"}));
+}
+
+TEST_F(LoggerPanel, TheMenuOverALinkRowOffersOnlyTheThreeLinkEntries) {
+  Logger* logger = openLogger(0, 10, 500);
+  loggerWrite(logger, linkTo({L"/renders/final.mov", L"/renders/final.wav"}), LoggerBase::kOutputHyperLink);
+  pump();
+  Event click;
+  click.type = Event::kMouseDown;
+  click.buttons = kMouseRight;
+  click.position = rowInLogger(*logger, 0);
+  logger->reviewMenu(&click);
+  ASSERT_EQ(menuTexts(*logger), (std::vector<std::wstring>{L"Copy", L"Open", L"Show in folder"}));
+  EXPECT_EQ(logger->getMenuTitle().getString(), L"final.mov");
+
+  auto const items = logger->heldMenuItems();
+  items[0].action(items[0]);
+  EXPECT_EQ(OS().clipboardText(), L"/renders/final.mov\n/renders/final.wav");
+  items[1].action(items[1]);
+  items[2].action(items[2]);
+  std::vector<Zo::ShellRequest> const expected{
+      {Kind::open, {L"/renders/final.mov"}},
+      {Kind::reveal, {L"/renders/final.mov", L"/renders/final.wav"}},
+  };
+  EXPECT_EQ(OS().recordedShellRequests(), expected);
+}
+
+TEST_F(LoggerPanel, SavingFromTheMenuWritesTheRowsAsText) {
+  Logger* logger = openLogger(0, 10, 500);
+  logger_write(logger, "frame 1");
+  logger->reviewMenu(nullptr);
+  auto const items = logger->heldMenuItems();
+  ASSERT_EQ(items.size(), 1u);
+  items[0].action(items[0]);
+  pump();
+  ASSERT_TRUE(std::filesystem::exists(folder / "Render log.txt"));
+  EXPECT_EQ(readLines(folder / "Render log.txt").front(), "frame 1");
+}
+
+TEST_F(LoggerPanel, ALinkWhoseFirstTargetHoldsABarCannotBeDraggedOut) {
+  Logger* logger = openLogger(0, 10, 500);
+  loggerWrite(logger, linkTo({L"/renders/a|b.mov"}), LoggerBase::kOutputHyperLink);
+  loggerWrite(logger, linkTo({L"/renders/final.mov"}), LoggerBase::kOutputHyperLink);
+  pump();
+  XY<int> const barred = rowOnScreen(*logger, 0);
+  HeadlessInput::drag(barred, barred + XY<int>(60, 0));
+  pump();
+  for (auto const& request : OS().recordedShellRequests())
+    EXPECT_NE(request.kind, Kind::drag);
+
+  OS().clearRecordedShellRequests();
+  XY<int> const plain = rowOnScreen(*logger, 1);
+  HeadlessInput::drag(plain, plain + XY<int>(60, 0));
+  pump();
+  std::vector<Zo::ShellRequest> const requests = OS().recordedShellRequests();
+  ASSERT_FALSE(requests.empty());
+  EXPECT_EQ(requests.front(), (Zo::ShellRequest{Kind::drag, {L"/renders/final.mov"}}));
+}
+
+TEST_F(LoggerPanel, ButtonsSitInARowUnderTheTable) {
+  Logger::InitArgs args(10, 400, 0);
+  args.buttons.push_back(PushButton::InitArgs(UIString(L"Stop"), XY<int>(80, PushButton::calcHeight())));
+  args.buttons.push_back(PushButton::InitArgs(UIString(L"Pause"), XY<int>(80, PushButton::calcHeight())));
+  Logger* logger = make_logger(args, 50, 50);
+  ASSERT_EQ(logger->buttons().size(), 2u);
+  PushButton* stop = logger->buttons()[0];
+  PushButton* pause = logger->buttons()[1];
+  EXPECT_LT(pause->getX(), stop->getX());
+  EXPECT_LE(stop->getY() + stop->height(), logger->table()->getY());
+  logger->setButtonActive(1, false, kNoRedraw);
+  EXPECT_FALSE(pause->isActive());
+  logger->setButtonActive(7, false, kNoRedraw);
+  EXPECT_TRUE(stop->isActive());
+}
+
+TEST_F(LoggerPanel, ResizingKeepsTheTableInTheUserArea) {
+  Logger* logger = openLogger(Logger::kFlagSharkGauge, 10, 400);
+  logger->resize(600, logger->height() + 100);
+  EXPECT_EQ(logger->table()->width(), logger->getUserArea().width());
+  EXPECT_EQ(logger->gauge()->width(), logger->getUserArea().width());
+  EXPECT_GE(logger->table()->getY(), logger->gauge()->getY() + logger->gauge()->height());
+}
+
+} // namespace
