@@ -86,6 +86,7 @@
 #include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
+#include <zowidgets/host/base/ByteSizes.h>
 #include <zowidgets/host/base/Cookie.h>
 #include <zowidgets/host/base/CriticalSection.h>
 #include <zowidgets/host/base/DataChange.h>
@@ -151,9 +152,14 @@
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/shell/DeviceServices.h>
+#include <zowidgets/host/shell/DiskManager.h>
+#include <zowidgets/host/shell/DriveId.h>
 #include <zowidgets/host/shell/FileNameRules.h>
 #include <zowidgets/host/shell/FilePaths.h>
+#include <zowidgets/host/shell/FolderEntries.h>
+#include <zowidgets/host/shell/FolderWatcher.h>
 #include <zowidgets/host/shell/HTTPServer.h>
+#include <zowidgets/host/shell/MediaDrive.h>
 #include <zowidgets/host/shell/MediaServices.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/shell/Preferences.h>
@@ -178,6 +184,10 @@
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/CycleButton.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/files/FileBrowser.h>
+#include <zowidgets/host/widgets/files/FileBrowserBase.h>
+#include <zowidgets/host/widgets/files/FileBrowserButton.h>
+#include <zowidgets/host/widgets/files/FileChooserWindow.h>
 #include <zowidgets/host/widgets/lists/CellEditorBase.h>
 #include <zowidgets/host/widgets/lists/HTMLStringEditor.h>
 #include <zowidgets/host/widgets/lists/ReadOnlyCellEditor.h>
