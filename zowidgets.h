@@ -57,6 +57,9 @@
 #include <zowidgets/editor/TrackButton.h>
 #include <zowidgets/editor/UIHWDeviceManager.h>
 #include <zowidgets/editor/VideoWindowBackBuffer.h>
+#include <zowidgets/export/DiskButton.h>
+#include <zowidgets/export/SaveFileDialogue.h>
+#include <zowidgets/export/SimpleFileBrowser.h>
 #include <zowidgets/fonts/FontChooserButton.h>
 #include <zowidgets/fonts/FontChooserPanel.h>
 #include <zowidgets/fonts/FontDefinitionEx.h>
