@@ -22,6 +22,7 @@ set(ZO_ROOMS
   host/widgets/panels
   host/widgets/text
   host/widgets/lists
+  host/widgets/files
   host/widgets/registry
   host/headless
   host/display)

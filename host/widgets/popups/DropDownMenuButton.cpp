@@ -59,8 +59,10 @@ LightweightString<wchar_t> DropDownMenuButton::getSelectedItemNameW() const {
 
 int DropDownMenuButton::calcWidth(std::vector<UIString> const& strings, Glib::FontDesc const& font) {
   int widest = Button::calcWidth(UIString(), font);
+  Glib::FontDesc const used = font.family().empty() && font.size() == 0 ? UifStd::getFont() : font;
+  int const padding = Button::calcWidth(UIString(), font);
   for (UIString const& text : strings)
-    widest = std::max(widest, Button::calcWidth(text, font));
+    widest = std::max(widest, MenuLabelColumns::measure(text.getString(), used) + padding);
   return widest + getRevealIndicatorWidth();
 }
 
@@ -113,7 +115,11 @@ void DropDownMenuButton::draw(CanvasRenderer& renderer) {
   Zo::Box<int> const label = labelBox();
   Palette const& palette = getPalette();
   Zo::Box<double> const text(label.x0 + UifStd::getWidgetGap() * 2, label.y0, label.x1, label.y1);
-  renderer.renderPrimitive(Glib::TextDescription(getLabel(), text, UifStd::getFont(), labelColour()));
+  MenuLabelColumns const columns = MenuLabelColumns::split(getLabel());
+  renderer.renderPrimitive(Glib::TextDescription(columns.left, text, UifStd::getFont(), labelColour()));
+  if (!columns.right.empty())
+    renderer.renderPrimitive(
+        Glib::TextDescription(columns.right, text, UifStd::getFont(), labelColour(), Glib::eTextAlignment::Right));
   // A small downward chevron, centred in the indicator area.
   double const half = getRevealIndicatorWidth() / 5.0;
   double const cx = label.x1 + getRevealIndicatorWidth() / 2.0 - UifStd::getIndentWidth() / 2.0;

@@ -59,15 +59,28 @@ int MenuWindow::rowHeight(MenuItem const& item) {
   return item.style == MenuItem::kSeparator ? UifStd::getRowGap() * 2 + 1 : UifStd::getRowHeight();
 }
 
+MenuLabelColumns MenuLabelColumns::split(LightweightString<wchar_t> const& text) {
+  std::size_t const bar = text.find(L"||");
+  if (bar == LightweightString<wchar_t>::npos)
+    return {text, {}};
+  return {text.substr(0, bar), text.substr(bar + 2)};
+}
+
+int MenuLabelColumns::measure(LightweightString<wchar_t> const& text, Glib::FontDesc const& font) {
+  MenuLabelColumns const columns = split(text);
+  double width = Glib::TextLayout::measure(columns.left, font).width;
+  if (!columns.right.empty())
+    width += 2 * UifStd::getWidgetGap() + Glib::TextLayout::measure(columns.right, font).width;
+  return static_cast<int>(std::ceil(width));
+}
+
 XY<int> MenuWindow::calcSize(Menu const& menu, int minWidth) {
   int textWidth = 0;
   int height = verticalPadding() * 2;
   for (MenuItem const& item : menu.items()) {
     height += rowHeight(item);
     if (item.style != MenuItem::kSeparator)
-      textWidth =
-          std::max(textWidth,
-                   static_cast<int>(std::ceil(Glib::TextLayout::measure(item.text.getString(), fontFor(item)).width)));
+      textWidth = std::max(textWidth, MenuLabelColumns::measure(item.text.getString(), fontFor(item)));
   }
   return XY<int>(std::max(minWidth, markGutter() + textWidth + textEndPadding()), height);
 }
@@ -216,7 +229,11 @@ void MenuWindow::drawRow(CanvasRenderer& renderer, int index) const {
   }
   int const textStart = item.style == MenuItem::kHeading ? inset * 2 : markGutter();
   Zo::Box<double> const area(textStart, box.y0, box.x1 - inset, box.y1);
-  renderer.renderPrimitive(Glib::TextDescription(item.text.getString(), area, fontFor(item), text));
+  MenuLabelColumns const columns = MenuLabelColumns::split(item.text.getString());
+  renderer.renderPrimitive(Glib::TextDescription(columns.left, area, fontFor(item), text));
+  if (!columns.right.empty())
+    renderer.renderPrimitive(
+        Glib::TextDescription(columns.right, area, fontFor(item), text, Glib::eTextAlignment::Right));
 }
 
 void MenuWindow::draw(CanvasRenderer& renderer) {

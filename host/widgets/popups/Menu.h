@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/drawing/Colour.h>
+#include <zowidgets/host/drawing/Fonts.h>
 #include <zowidgets/host/toolkit/Glob.h>
 
 #include <functional>
@@ -37,6 +38,16 @@ struct ZO_API MenuItem {
   int style = kNormal;
   bool active = true;
   Action action;
+};
+
+// A row's text may hold two columns: what follows "||" is drawn against the
+// row's right edge, as a drive's size beside its name ("Home||(1.8 TB)").
+struct ZO_API MenuLabelColumns {
+  LightweightString<wchar_t> left;
+  LightweightString<wchar_t> right; // empty when the text has no "||"
+  static MenuLabelColumns split(LightweightString<wchar_t> const& text);
+  // The width both columns need in `font`, with a gap between them.
+  static int measure(LightweightString<wchar_t> const& text, Glib::FontDesc const& font);
 };
 
 namespace MenuData {

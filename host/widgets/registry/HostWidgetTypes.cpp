@@ -4,6 +4,8 @@
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/CycleButton.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/files/FileBrowser.h>
+#include <zowidgets/host/widgets/files/FileBrowserButton.h>
 #include <zowidgets/host/widgets/lists/ScrollList.h>
 #include <zowidgets/host/widgets/lists/ScrollListGridViewBase.h>
 #include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
@@ -94,6 +96,9 @@ bool const registered = [] {
   add<ScrollListGridViewBase::ItemWidgetBase>("ItemWidgetBase");
   add<TreeView>("TreeView");
   add<TableWidget>("TableWidget");
+  add<FileBrowser>("FileBrowser");
+  add<FileBrowserButton>("FileBrowserButton");
+  add<TitledFileBrowserButton>("TitledFileBrowserButton");
   return true;
 }();
 

@@ -1,0 +1,79 @@
+#include <zowidgets/host/shell/FolderWatcher.h>
+
+#include <zowidgets/host/events/MessageQueue.h>
+
+#include <atomic>
+#include <cerrno>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+struct FolderWatcher::Shared {
+  std::function<void()> changed;
+  bool alive = true; // read and written on the user-interface thread only
+  LightweightString<char> key;
+};
+
+namespace {
+
+std::atomic<unsigned> watcherSerial{0};
+
+constexpr std::uint32_t kWatchedChanges =
+    IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_CLOSE_WRITE | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF;
+
+} // namespace
+
+FolderWatcher::FolderWatcher(std::string const& folder, std::function<void()> changed)
+    : shared_(std::make_shared<Shared>()) {
+  shared_->changed = std::move(changed);
+  shared_->key = LightweightString<char>(("FolderWatcher " + std::to_string(++watcherSerial)).c_str());
+  inotifyFd_ = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+  if (inotifyFd_ < 0)
+    return;
+  watchFd_ = inotify_add_watch(inotifyFd_, folder.c_str(), kWatchedChanges);
+  stopFd_ = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  if (watchFd_ < 0 || stopFd_ < 0) {
+    watchFd_ = -1;
+    return;
+  }
+  thread_ = std::thread([this, shared = shared_] { watch(); });
+}
+
+FolderWatcher::~FolderWatcher() {
+  shared_->alive = false;
+  if (thread_.joinable()) {
+    std::uint64_t const one = 1;
+    [[maybe_unused]] ssize_t const written = ::write(stopFd_, &one, sizeof one);
+    thread_.join();
+  }
+  if (stopFd_ >= 0)
+    ::close(stopFd_);
+  if (inotifyFd_ >= 0)
+    ::close(inotifyFd_);
+}
+
+void FolderWatcher::watch() {
+  std::shared_ptr<Shared> const shared = shared_;
+  alignas(inotify_event) char buffer[4096];
+  for (;;) {
+    pollfd fds[2] = {{inotifyFd_, POLLIN, 0}, {stopFd_, POLLIN, 0}};
+    if (poll(fds, 2, -1) < 0) {
+      if (errno == EINTR)
+        continue;
+      return;
+    }
+    if (fds[1].revents != 0)
+      return;
+    bool any = false;
+    while (::read(inotifyFd_, buffer, sizeof buffer) > 0)
+      any = true;
+    if (any)
+      deferUnique(
+          [shared] {
+            if (shared->alive)
+              shared->changed();
+          },
+          shared->key);
+  }
+}
