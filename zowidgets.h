@@ -135,6 +135,10 @@
 #include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/IconNames.h>
 #include <zowidgets/host/drawing/IconTheme.h>
+#include <zowidgets/host/drawing/ImageCache.h>
+#include <zowidgets/host/drawing/ImageLoader.h>
+#include <zowidgets/host/drawing/ImageOperations.h>
+#include <zowidgets/host/drawing/ImageSaver.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
 #include <zowidgets/host/drawing/NormalisedRGB.h>
 #include <zowidgets/host/drawing/OffscreenBuffer.h>
