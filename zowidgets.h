@@ -233,6 +233,12 @@
 #include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/images/AlphaChannelEditorPanel.h>
+#include <zowidgets/images/ImageEditorView.h>
+#include <zowidgets/images/ImageItem.h>
+#include <zowidgets/images/ImageRegionSelectionView.h>
+#include <zowidgets/images/ImageThumbnailBrowser.h>
+#include <zowidgets/images/ImageViewEx.h>
 #include <zowidgets/logging/OutfileCheck.h>
 #include <zowidgets/logging/OutfileReporter.h>
 #include <zowidgets/textentry/Credentials.h>
