@@ -30,7 +30,7 @@ int scaled(int atScaleOne) { return static_cast<int>(atScaleOne * UifStd::getSca
 
 XY<int> AlphaChannelEditorPanel::calcSize() {
   int const gap = UifStd::getWidgetGap();
-  XY<int> const userArea(scaled(640) + gap, scaled(360) + buttonHeight() + gap);
+  XY<int> const userArea(scaled(400) + gap, scaled(260) + buttonHeight() + gap);
   return StandardPanel::calcPanelSize(userArea, kStandardWidgets, StandardPanel::getDefaultBorder());
 }
 
@@ -47,6 +47,9 @@ AlphaChannelEditorPanel* AlphaChannelEditorPanel::create() {
 
 AlphaChannelEditorPanel::AlphaChannelEditorPanel(InitArgs const& args) : StandardPanel(args) {
   setBorder(getDefaultBorder());
+  // A click anywhere in the panel gives it the keyboard, so that Control-O
+  // and Control-S reach it whatever had the keyboard before.
+  setCanBeIt(true);
   addStandardWidgets(kStandardWidgets);
   setTitle(UIString(L"Alphatron"), UifStd::getTitleFont(), kNoRedraw);
   int const gap = UifStd::getWidgetGap();

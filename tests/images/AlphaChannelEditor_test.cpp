@@ -144,8 +144,13 @@ TEST_F(AlphaEditorTest, ScrollingOneViewScrollsTheOther) {
 TEST_F(AlphaEditorTest, SavingTwiceOverwritesTheOutputAndLeavesTheOriginal) {
   std::string const original = folder + "/sample.png";
   std::string const output = folder + "/AT-Output.png";
+  // Another window had the keyboard; a click in the editor takes it.
+  StandardPanel* other = openPanel(XY<int>(80, 40), XY<int>(10, 10));
+  other->setCanBeIt(true);
+  ASSERT_TRUE(other->claimKbdFocus());
   click(overPixel(editor->getAlphaView(), 1, 1));
   pump();
+  EXPECT_EQ(get_kbd_focus(), editor); // so that the key below reaches it
   key('S', kKeyCtrl);
   pump();
   ASSERT_TRUE(std::filesystem::exists(output));
