@@ -147,6 +147,10 @@
 #include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/IconNames.h>
 #include <zowidgets/host/drawing/IconTheme.h>
+#include <zowidgets/host/drawing/ImageCache.h>
+#include <zowidgets/host/drawing/ImageLoader.h>
+#include <zowidgets/host/drawing/ImageOperations.h>
+#include <zowidgets/host/drawing/ImageSaver.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
 #include <zowidgets/host/drawing/NormalisedRGB.h>
 #include <zowidgets/host/drawing/OffscreenBuffer.h>
@@ -263,6 +267,12 @@
 #include <zowidgets/host/widgets/values/RangeModel.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/images/AlphaChannelEditorPanel.h>
+#include <zowidgets/images/ImageEditorView.h>
+#include <zowidgets/images/ImageItem.h>
+#include <zowidgets/images/ImageRegionSelectionView.h>
+#include <zowidgets/images/ImageThumbnailBrowser.h>
+#include <zowidgets/images/ImageViewEx.h>
 #include <zowidgets/logging/LogFiles.h>
 #include <zowidgets/logging/LogItemFields.h>
 #include <zowidgets/logging/LogLinkMenu.h>

@@ -1,6 +1,7 @@
 // PNG files for Zo::Image::Surface, through libpng's simplified API, which
 // reports every failure by its return value.
 #include <zowidgets/host/drawing/ImageSurface.h>
+#include <zowidgets/host/drawing/detail/PngEncoding.h>
 
 #include <png.h>
 
@@ -26,14 +27,15 @@ constexpr unsigned long long kMaxLoadedPixels = 1ull << 27;
 
 } // namespace
 
-bool Surface::savePNG(std::string const& path) const {
-  if (empty())
-    return false;
-  std::vector<std::uint8_t> rgba(std::size_t(width()) * height() * 4);
+namespace {
+
+// The pixels as 8-bit RGBA rows with straight alpha, as PNG wants them.
+std::vector<std::uint8_t> straightRGBA(Surface const& surface) {
+  std::vector<std::uint8_t> rgba(std::size_t(surface.width()) * surface.height() * 4);
   std::uint8_t* out = rgba.data();
-  for (int row = 0; row < height(); ++row) {
-    for (int x = 0; x < width(); ++x, out += 4) {
-      std::uint32_t const p = pixel(x, row);
+  for (int row = 0; row < surface.height(); ++row) {
+    for (int x = 0; x < surface.width(); ++x, out += 4) {
+      std::uint32_t const p = surface.pixel(x, row);
       std::uint32_t const alpha = p >> 24;
       if (alpha == 0) {
         std::memset(out, 0, 4);
@@ -45,15 +47,49 @@ bool Surface::savePNG(std::string const& path) const {
       out[3] = static_cast<std::uint8_t>(alpha);
     }
   }
+  return rgba;
+}
+
+png_image rgbaImage(Surface const& surface) {
   png_image image;
   std::memset(&image, 0, sizeof image);
   image.version = PNG_IMAGE_VERSION;
-  image.width = static_cast<png_uint_32>(width());
-  image.height = static_cast<png_uint_32>(height());
+  image.width = static_cast<png_uint_32>(surface.width());
+  image.height = static_cast<png_uint_32>(surface.height());
   image.format = PNG_FORMAT_RGBA;
+  return image;
+}
+
+} // namespace
+
+bool Surface::savePNG(std::string const& path) const {
+  if (empty())
+    return false;
+  std::vector<std::uint8_t> const rgba = straightRGBA(*this);
+  png_image image = rgbaImage(*this);
   bool const written = png_image_write_to_file(&image, path.c_str(), 0, rgba.data(), 0, nullptr) != 0;
   png_image_free(&image);
   return written;
+}
+
+std::string detail::encodePNG(Surface const& surface) {
+  if (surface.empty())
+    return {};
+  std::vector<std::uint8_t> const rgba = straightRGBA(surface);
+  png_image image = rgbaImage(surface);
+  png_alloc_size_t size = 0;
+  // The first call measures, the second writes.
+  if (!png_image_write_to_memory(&image, nullptr, &size, 0, rgba.data(), 0, nullptr)) {
+    png_image_free(&image);
+    return {};
+  }
+  std::string bytes(size, '\0');
+  bool const written = png_image_write_to_memory(&image, bytes.data(), &size, 0, rgba.data(), 0, nullptr) != 0;
+  png_image_free(&image);
+  if (!written)
+    return {};
+  bytes.resize(size);
+  return bytes;
 }
 
 Surface Surface::loadPNG(std::string const& path) {

@@ -5,6 +5,8 @@
 // window's own arrow.
 enum eCursorCode : int {
   kCursorDefault = 0,
+  kCursorResizeBackslash = 7, // a corner to drag along the top-left to bottom-right diagonal
+  kCursorResizeSlash = 10,    // a corner to drag along the bottom-left to top-right diagonal
   kCursorArrow = 16,
   kCursorHand = 20,             // something to click
   kCursorGrab = 21,             // something to drag

@@ -93,6 +93,7 @@ editor) extra=(--gallery editor) ;;
 forms) extra=(--gallery forms) ;;
 export) extra=(--gallery export) ;;
 logger) extra=(--gallery logger) ;;
+images) extra=(--gallery images) ;;
 esac
 if [ "$case_name" = logger ]; then
   # The desktop's opener is a recorder, and saves go to a documents folder
@@ -1081,6 +1082,41 @@ export)
   bits=$(ffprobe -v error -show_entries format=bit_rate -of default=nw=1:nk=1 "$clip")
   rm -f "$clip"
   expect_within "the bit rate" "$bits" 750000 2250000
+images)
+  # The images page: a region on a wallpaper, the thumbnail browser on the
+  # wallpapers' folder with a line saying the file selected (TextLabel 1),
+  # and the button "Alpha Channel Editor", which opens Alphatron beside the
+  # page on a picture 32 by 24 whose alpha fades from opaque at the left to
+  # clear at the right, five screen pixels a pixel.
+  status() { text "$(ask 'widget TextLabel 1')"; }
+  read -r x y <<<"$(centre "$(ask 'widget ImageThumbnailBrowser 0')" box)"
+  first=$(text "$(ask 'widget ImageItem 0')")
+  xdotool mousemove "$x" "$y"
+  for _ in 1 2 3; do
+    xdotool click 5
+    sleep 0.1
+  done
+  sleep 0.4
+  top=$(text "$(ask 'widget ImageItem 0')")
+  [ -n "$top" ] && [ "$top" != "$first" ] || fail "the wheel did not scroll the thumbnails (top row '$top')"
+  echo "ok: the wheel scrolled the top row from $first to $top"
+  name=$(text "$(ask 'widget ImageItem 1')")
+  read -r x y <<<"$(centre "$(ask 'widget ImageItem 1')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  expect "the picture selected" "$(status)" "Selected $name.webp"
+  # One click on the clear right-hand column of the alpha view (the second
+  # ImageViewEx) raises that pixel's alpha from 0 to 2; Control-S saves.
+  out="${TMPDIR:-/tmp}/zogallery-alphatron/AT-Output.png"
+  rm -f "$out"
+  click_reading PushButton 'Alpha Channel Editor'
+  read -r x y w h <<<"$(box "$(ask 'widget ImageViewEx 1')" box)"
+  click_to_type $((x + 31 * 5 + 2)) $((y + 2))
+  xdotool key ctrl+s
+  sleep 0.4
+  [ -f "$out" ] || fail "Control-S saved nothing at $out"
+  expect "the painted pixel's alpha, read back" "$(convert "$out" -format '%[fx:round(255*p{31,0}.a)]' info:)" 2
+  expect "an unpainted clear pixel's alpha" "$(convert "$out" -format '%[fx:round(255*p{31,5}.a)]' info:)" 0
   ;;
 *)
   fail "unknown case"

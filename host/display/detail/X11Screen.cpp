@@ -31,6 +31,10 @@ unsigned fontCursorShape(int cursorId) {
     return XC_sb_v_double_arrow;
   case kCursorCapture:
     return XC_crosshair;
+  case kCursorResizeBackslash:
+    return XC_top_left_corner;
+  case kCursorResizeSlash:
+    return XC_top_right_corner;
   default:
     return XC_left_ptr;
   }

@@ -1,0 +1,48 @@
+// Saving pictures through the atomic file writer.
+#include <zowidgets/host/base/AtomicFile.h>
+#include <zowidgets/host/base/Log.h>
+#include <zowidgets/host/drawing/ImageSaver.h>
+#include <zowidgets/host/drawing/detail/PngEncoding.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <cstring>
+
+namespace ZoImage {
+
+namespace {
+
+bool hasPngExtension(std::string const& path) {
+  constexpr std::string_view kExtension = ".png";
+  if (path.size() < kExtension.size())
+    return false;
+  return std::equal(kExtension.begin(), kExtension.end(), path.end() - kExtension.size(),
+                    [](char a, char b) { return a == std::tolower(static_cast<unsigned char>(b)); });
+}
+
+bool refuse(std::string const& path, std::string const& why) {
+  LogBoth("image " + path + " not saved: " + why);
+  return false;
+}
+
+} // namespace
+
+bool Saver::saveImage(Zo::Image::Surface const& image, std::string const& path) {
+  if (image.empty())
+    return refuse(path, "there is no picture");
+  if (!hasPngExtension(path))
+    return refuse(path, "only PNG files are written");
+  std::string const bytes = Zo::Image::detail::encodePNG(image);
+  if (bytes.empty())
+    return refuse(path, "the picture could not be encoded");
+  if (!Zo::writeFileAtomically(path, bytes))
+    return refuse(path, std::strerror(errno));
+  return true;
+}
+
+bool Saver::saveImage(Zo::Image::Surface const& image, LightweightString<wchar_t> const& path) {
+  return saveImage(image, path.toUTF8().str());
+}
+
+} // namespace ZoImage

@@ -1,0 +1,159 @@
+#include <zowidgets/images/AlphaChannelEditorPanel.h>
+
+#include <zowidgets/host/base/ResourceStrings.h>
+#include <zowidgets/host/drawing/ImageLoader.h>
+#include <zowidgets/host/drawing/ImageSaver.h>
+#include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/shell/FilePaths.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr unsigned kStandardWidgets = StandardPanel::kPoot | StandardPanel::kPin;
+constexpr int kOpenText = 10071;
+constexpr int kSaveText = 10082;
+
+CommandRegistrar const alphaEditorCommand(
+    AlphaChannelEditorPanel::kCommand,
+    [](Cmd::Context const& context) { GlobManager::placeBeside(AlphaChannelEditorPanel::create(), context.origin); },
+    UIString(L"Alpha Channel Editor"),
+    UIString(L"Opens Alphatron, which edits the alpha channel of a picture pixel by pixel"), kCmdScopeApplication,
+    MapItem{});
+
+int buttonHeight() { return UifStd::getRowHeight(); }
+int scaled(int atScaleOne) { return static_cast<int>(atScaleOne * UifStd::getScale()); }
+
+} // namespace
+
+XY<int> AlphaChannelEditorPanel::calcSize() {
+  int const gap = UifStd::getWidgetGap();
+  XY<int> const userArea(scaled(400) + gap, scaled(260) + buttonHeight() + gap);
+  return StandardPanel::calcPanelSize(userArea, kStandardWidgets, StandardPanel::getDefaultBorder());
+}
+
+AlphaChannelEditorPanel* AlphaChannelEditorPanel::create() {
+  Drawable::Suspender const holdRedraws;
+  XY<int> const size = calcSize();
+  Glob::setupRootPos(nullptr, glib_getPosForPanel(nullptr, size));
+  InitArgs args{GlobCreationInfo(size)};
+  args.standardWidgets = kStandardWidgets;
+  auto* panel = new AlphaChannelEditorPanel(args);
+  GlobManager::realize(panel);
+  return panel;
+}
+
+AlphaChannelEditorPanel::AlphaChannelEditorPanel(InitArgs const& args) : StandardPanel(args) {
+  setBorder(getDefaultBorder());
+  // A click anywhere in the panel gives it the keyboard, so that Control-O
+  // and Control-S reach it whatever had the keyboard before.
+  setCanBeIt(true);
+  addStandardWidgets(kStandardWidgets);
+  setTitle(UIString(L"Alphatron"), UifStd::getTitleFont(), kNoRedraw);
+  int const gap = UifStd::getWidgetGap();
+  int const buttonWidth = scaled(80);
+  openButton_ = createWidget<Button>(
+      Button::InitArgs(UIString(ellipsisResourceStrW(kOpenText)), XY<int>(buttonWidth, buttonHeight()), kOpenMsg),
+      Glob::UserTopLeft(0, 0));
+  saveButton_ = createWidget<Button>(
+      Button::InitArgs(UIString(ellipsisResourceStrW(kSaveText)), XY<int>(buttonWidth, buttonHeight()), kSaveMsg),
+      Glob::RightOf(gap));
+  XY<int> const side = viewSize();
+  rgbView_ = createWidget<ImageEditorView>(InitArgs(GlobCreationInfo(side)), Glob::Below(gap, openButton_));
+  alphaView_ = createWidget<ImageEditorView>(InitArgs(GlobCreationInfo(side)), Glob::RightOf(gap, rgbView_));
+  rgbView_->addListener(
+      Broadcaster<ImageEditorView::Event>::makeCallback(this, &AlphaChannelEditorPanel::handleRGBViewEvent));
+  alphaView_->addListener(
+      Broadcaster<ImageEditorView::Event>::makeCallback(this, &AlphaChannelEditorPanel::handleAlphaViewEvent));
+}
+
+// Each view takes half the user area's width, less the gap between them.
+XY<int> AlphaChannelEditorPanel::viewSize() const {
+  Zo::Box<int> const user = getUserArea();
+  int const gap = UifStd::getWidgetGap();
+  return XY<int>(std::max(1, (user.width() - gap) / 2), std::max(1, user.height() - buttonHeight() - gap));
+}
+
+void AlphaChannelEditorPanel::resize(double newWidth, double newHeight) {
+  StandardPanel::resize(newWidth, newHeight);
+  if (!rgbView_)
+    return;
+  XY<int> const side = viewSize();
+  rgbView_->resize(side.x, side.y);
+  alphaView_->resize(side.x, side.y);
+}
+
+bool AlphaChannelEditorPanel::openFile(LightweightString<wchar_t> const& path) {
+  Zo::Image::Surface const picture = ZoImage::Loader::loadImage(path);
+  if (picture.empty())
+    return false;
+  fileName_ = path;
+  alphaView_->setImage(picture, ImageViewEx::kAlpha);
+  rgbView_->setImage(picture, ImageViewEx::kColours);
+  return true;
+}
+
+LightweightString<wchar_t> AlphaChannelEditorPanel::outputPath() const {
+  return joinPaths(getPath(fileName_), LightweightString<wchar_t>::fromUTF8(kOutputName));
+}
+
+bool AlphaChannelEditorPanel::saveFile() {
+  if (rgbView_->getImage().empty())
+    return false;
+  return ZoImage::Saver::saveImage(rgbView_->getImage(), outputPath());
+}
+
+void AlphaChannelEditorPanel::chooseFile() {
+  if (!chooser_)
+    return;
+  LightweightString<wchar_t> const path = chooser_();
+  if (!path.empty())
+    openFile(path);
+}
+
+int AlphaChannelEditorPanel::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {
+  if (message == kOpenMsg) {
+    chooseFile();
+    return 1;
+  }
+  if (message == kSaveMsg) {
+    saveFile();
+    return 1;
+  }
+  return StandardPanel::handleMessageEvent(message, sender);
+}
+
+int AlphaChannelEditorPanel::handleKeyboardEvent(int key) {
+  int const letter = key & ~kKeyCtrl;
+  if ((key & kKeyCtrl) && (letter == 'O' || letter == 'o')) {
+    chooseFile();
+    return 1;
+  }
+  if ((key & kKeyCtrl) && (letter == 'S' || letter == 's')) {
+    saveFile();
+    return 1;
+  }
+  return StandardPanel::handleKeyboardEvent(key);
+}
+
+// Zoom and scroll pass to the other view; a pixel edit only needs it to
+// redraw, since both hold the same pixels.
+void AlphaChannelEditorPanel::follow(ImageEditorView* from, ImageEditorView* to, ImageEditorView::Event const& event) {
+  if (event.kind == ImageEditorView::Event::kViewChanged) {
+    to->setPixelSize(from->getPixelSize());
+    to->setOffset(from->getOffset());
+  }
+  to->getView()->invalidate();
+}
+
+int AlphaChannelEditorPanel::handleRGBViewEvent(ImageEditorView::Event const& event) {
+  follow(rgbView_, alphaView_, event);
+  return 0;
+}
+
+int AlphaChannelEditorPanel::handleAlphaViewEvent(ImageEditorView::Event const& event) {
+  follow(alphaView_, rgbView_, event);
+  return 0;
+}
