@@ -7,6 +7,7 @@
 // that of the rows; for the paint, the panel painted once.
 
 #include <zowidgets/export/CompressionWidget.h>
+#include <zowidgets/export/FileWriterInfo.h>
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/LibavMediaSource.h>
@@ -88,10 +89,33 @@ void timeCompressionPanel(benchmark::State& state, bool paint) {
     MessageLoop::runPending();
     state.ResumeTiming();
   }
+  state.SetLabel(std::string(Zo::MediaWriters::source().formatName(encoder.format).toUTF8().view()));
   Zo::MediaWriters::setSource(nullptr);
   state.counters["rows"] = static_cast<double>(encoder.options);
   if (!ok)
     state.SkipWithError("the options were not all built into rows");
+}
+
+// The first step alone: the encoder's options read and made into parameters.
+void zoCompressionOptionsToParams(benchmark::State& state) {
+  Zo::Ptr<iMediaSource> libav = makeLibavMediaSource();
+  if (!libav) {
+    state.SkipWithError("built without the codec libraries");
+    return;
+  }
+  Zo::MediaWriters::setSource(libav);
+  Encoder const encoder = richestEncoder();
+  VideoCompressionInfo const info(kShot, CompressionFormat(encoder.format));
+  bool ok = true;
+  for (auto _ : state) {
+    GenericParam::ParamList params = Zo::FileWriterInfo::getEncodeOptions(encoder.fileType, info);
+    benchmark::DoNotOptimize(params.size());
+    ok = ok && params.size() == encoder.options;
+  }
+  Zo::MediaWriters::setSource(nullptr);
+  state.counters["rows"] = static_cast<double>(encoder.options);
+  if (!ok)
+    state.SkipWithError("an option was not made into a parameter");
 }
 
 void zoCompressionPanelBuild(benchmark::State& state) { timeCompressionPanel(state, false); }
@@ -99,5 +123,6 @@ void zoCompressionPanelFirstPaint(benchmark::State& state) { timeCompressionPane
 
 } // namespace
 
+BENCHMARK(zoCompressionOptionsToParams)->Unit(benchmark::kMicrosecond);
 BENCHMARK(zoCompressionPanelBuild)->Unit(benchmark::kMicrosecond);
 BENCHMARK(zoCompressionPanelFirstPaint)->Unit(benchmark::kMicrosecond);

@@ -6,8 +6,17 @@ using Zo::Image::Format;
 
 namespace {
 
+MediaOption described(char const* id, wchar_t const* legend, wchar_t const* tooltip, int kind) {
+  MediaOption option;
+  option.id = id;
+  option.legend = legend;
+  option.tooltip = tooltip;
+  option.kind = kind;
+  return option;
+}
+
 MediaOption integer(char const* id, wchar_t const* legend, wchar_t const* tooltip, int value, int min, int max) {
-  MediaOption option{id, legend, tooltip, MediaOption::kInteger};
+  MediaOption option = described(id, legend, tooltip, MediaOption::kInteger);
   option.min = min;
   option.max = max;
   option.defaultNumber = value;
@@ -16,7 +25,7 @@ MediaOption integer(char const* id, wchar_t const* legend, wchar_t const* toolti
 
 MediaOption number(char const* id, wchar_t const* legend, wchar_t const* tooltip, double value, double min,
                    double max) {
-  MediaOption option{id, legend, tooltip, MediaOption::kNumber};
+  MediaOption option = described(id, legend, tooltip, MediaOption::kNumber);
   option.min = min;
   option.max = max;
   option.defaultNumber = value;
@@ -24,13 +33,13 @@ MediaOption number(char const* id, wchar_t const* legend, wchar_t const* tooltip
 }
 
 MediaOption boolean(char const* id, wchar_t const* legend, wchar_t const* tooltip, bool value) {
-  MediaOption option{id, legend, tooltip, MediaOption::kBoolean};
+  MediaOption option = described(id, legend, tooltip, MediaOption::kBoolean);
   option.defaultNumber = value ? 1 : 0;
   return option;
 }
 
 MediaOption choice(char const* id, wchar_t const* legend, int value, std::vector<MediaOption::Choice> choices) {
-  MediaOption option{id, legend, {}, MediaOption::kChoice};
+  MediaOption option = described(id, legend, nullptr, MediaOption::kChoice);
   option.defaultNumber = value;
   option.choices = std::move(choices);
   return option;
@@ -52,8 +61,7 @@ MediaOptions avcOptions() {
   MediaOptions options = longGopOptions(20.0, 200.0);
   options.push_back(choice("Profile", L"Profile", 1, {{L"Baseline", {}, 0}, {L"Main", {}, 1}, {L"High", {}, 2}}));
   options.push_back(boolean("FastStart", L"Fast start", L"Index at the front of the file", true));
-  MediaOption tag{"Tag", L"Encoder tag", {}, MediaOption::kText};
-  options.push_back(tag);
+  options.push_back(described("Tag", L"Encoder tag", nullptr, MediaOption::kText));
   return options;
 }
 

@@ -40,10 +40,12 @@ TEST_F(CompressionSettingsButtonTest, SavedStateIsShownWhenThePanelOpens) {
   pump();
   ASSERT_NE(button->getDropDownPanel(), nullptr);
   for (Zo::Ptr<GenericParam::iParam> const& param : params) {
-    if (param->getID() == "Profile")
+    if (param->getID() == "Profile") {
       EXPECT_EQ(param->getValueAsString(), L"2");
-    if (param->getID() == "FastStart") // on unless told
+    }
+    if (param->getID() == "FastStart") { // on unless told
       EXPECT_NE(param->getValueAsString(), param->getDefaultValueAsString());
+    }
   }
 }
 

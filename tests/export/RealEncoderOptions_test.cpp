@@ -1,3 +1,6 @@
+// Only with the codec libraries, whose own headers these tests read.
+#ifdef ZO_HAVE_LIBAV
+
 #include "support/SharedState.h"
 #include "support/WidgetTestSupport.h"
 
@@ -157,3 +160,5 @@ TEST_F(RealEncoderOptionsTest, IntegerOptionRangesAndDefaultsSurviveTheTripThrou
 }
 
 } // namespace
+
+#endif

@@ -1,3 +1,6 @@
+// Only with the codec libraries, whose own headers these tests read.
+#ifdef ZO_HAVE_LIBAV
+
 #include "support/SharedState.h"
 
 #include <zowidgets/host/shell/LibavMediaSource.h>
@@ -82,3 +85,5 @@ TEST_F(TestPatternClipTest, FormatTheContainerDoesNotTakeIsRefused) {
 }
 
 } // namespace
+
+#endif

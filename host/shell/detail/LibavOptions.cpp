@@ -54,7 +54,12 @@ bool isIntegral(AVOptionType type) {
 bool fitsInt(double value) { return value >= INT_MIN && value <= INT_MAX; }
 
 MediaOption recordFor(AVOption const& option, int kind) {
-  return MediaOption{option.name, wide(option.name), wide(option.help), kind};
+  MediaOption record;
+  record.id = option.name;
+  record.legend = wide(option.name);
+  record.tooltip = wide(option.help);
+  record.kind = kind;
+  return record;
 }
 
 Row valueRow(MediaOption const& record, AVOption const& option) { return Row{record, option.name, {}, Row::kValue}; }
@@ -104,9 +109,11 @@ void addFlags(AVOption const& option, std::vector<AVOption const*> const& consta
     if (constant->default_val.i64 == 0)
       continue;
     bool const set = (option.default_val.i64 & constant->default_val.i64) == constant->default_val.i64;
-    MediaOption record{LightweightString<char>(option.name) + "." + constant->name,
-                       LightweightString<wchar_t>(wide(option.name).str() + L": " + wide(constant->name).str()),
-                       wide(constant->help), MediaOption::kBoolean};
+    MediaOption record;
+    record.id = LightweightString<char>(option.name) + "." + constant->name;
+    record.legend = LightweightString<wchar_t>(wide(option.name).str() + L": " + wide(constant->name).str());
+    record.tooltip = wide(constant->help);
+    record.kind = MediaOption::kBoolean;
     record.defaultNumber = set ? 1 : 0;
     rows.push_back(Row{record, option.name, constant->name, Row::kFlag});
   }
@@ -214,7 +221,7 @@ void addToDictionary(std::vector<Row> const& rows, configb const& state, AVDicti
       continue;
     std::string const name(row.optionName.view());
     if (row.kind == Row::kFlag)
-      flagChanges[name] += (*value == "1" ? "+" : "-") + std::string(row.flagName.view());
+      flagChanges[name].append(*value == "1" ? "+" : "-").append(row.flagName.view());
     else
       av_dict_set(dictionary, name.c_str(), value->c_str(), 0);
   }

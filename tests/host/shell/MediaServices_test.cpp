@@ -46,9 +46,11 @@ TEST_F(MediaServicesTest, DropFrameIsNotedOnlyOnTheNtscRates) {
   EXPECT_EQ(Zo::getDisplayString({25, 1, false}), L"25 fps");
   std::vector<Zo::FrameRate> rates;
   Zo::getFrameRates(Zo::FrameRateGroups::kAll, rates);
-  for (Zo::FrameRate const& rate : rates)
-    if (rate.dropFrame)
+  for (Zo::FrameRate const& rate : rates) {
+    if (rate.dropFrame) {
       EXPECT_EQ(rate.denominator, 1001);
+    }
+  }
 }
 
 TEST_F(MediaServicesTest, UnknownFrameRateTextGivesNoRate) {
