@@ -19,12 +19,17 @@
 #include <zowidgets/logging/LogSaveChooser.h>
 #include <zowidgets/logging/LogTimes.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <mutex>
 #include <unordered_map>
 
 namespace {
+
+// Kerning and shaping may widen a text a little past its characters'
+// advances; never by this much.
+constexpr double kShapingAllowance = 1.25;
 
 constexpr ResId kSaveLogTitle = 10550;
 constexpr ResId kSavedTitle = 12855;
@@ -423,10 +428,10 @@ void Logger::measure(LoggedItem& row) const {
   int const available = wrapWidth_ - row.indent * UifStd::getRowHeight();
   if (row.text.empty() || !canWordWrap(row) || available <= 0)
     return;
-  // No glyph is wider than two line heights, so a short text is known to fit
-  // without laying it out: a stream of short lines costs no text layout.
-  if (!row.htmlLines && row.pixelWidth < 0 &&
-      static_cast<double>(row.text.size()) * widestGlyphBound(row.font) < available)
+  // A text whose characters' advances, with room for shaping, add up to
+  // less than the width is known to fit without laying it out: a stream of
+  // short lines costs a layout per new character, not per line.
+  if (!row.htmlLines && row.pixelWidth < 0 && kShapingAllowance * advanceSum(row.text, row.font) < available)
     return;
   if (row.pixelWidth < 0) {
     double const width = row.htmlLines ? HTMLRenderer::calcMaxWidth(*row.htmlLines, row.font)
@@ -447,13 +452,19 @@ std::vector<HTMLParagraph> Logger::paragraphsOf(LoggedItem const& row) {
   return HTMLRenderer::parse(HTMLRenderer::convertToHTML(row.text.view(), HTMLRenderer::kEscapeMarkup).view(), palette);
 }
 
-double Logger::widestGlyphBound(Glib::FontDesc const& font) const {
-  for (auto const& [known, bound] : glyphBounds_)
-    if (known == font)
-      return bound;
-  double const bound = 2.0 * Glib::TextLayout::fontMetrics(font).lineHeight;
-  glyphBounds_.emplace_back(font, bound);
-  return bound;
+double Logger::advanceSum(LightweightString<wchar_t> const& text, Glib::FontDesc const& font) const {
+  auto found = std::find_if(advances_.begin(), advances_.end(), [&](auto const& known) { return known.first == font; });
+  if (found == advances_.end())
+    found = advances_.insert(advances_.end(), {font, {}});
+  auto& advances = found->second;
+  double sum = 0.0;
+  for (wchar_t c : text.view()) {
+    auto [at, added] = advances.try_emplace(c, 0.0);
+    if (added)
+      at->second = Glib::TextDescription::calcBounds(LightweightString<wchar_t>(&c, 1), font).width();
+    sum += at->second;
+  }
+  return sum;
 }
 
 std::vector<LightweightString<wchar_t>> Logger::rowTexts() const {

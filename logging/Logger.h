@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -169,7 +170,8 @@ private:
   LoggedItem styled(LoggerBase::Item const& item) const;
   LoggedItem blankRow() const;
   void measure(LoggedItem& row) const;
-  double widestGlyphBound(Glib::FontDesc const& font) const;
+  // The sum of the text's characters' advances, each measured once.
+  double advanceSum(LightweightString<wchar_t> const& text, Glib::FontDesc const& font) const;
   // The user area less the button row: where the table and gauge go.
   Zo::Box<int> rowsArea() const;
   int buttonRowHeight() const;
@@ -199,5 +201,5 @@ private:
   int wrapWidth_ = 0;
   XY<int> pressPoint_;
   Glib::FontDesc font_;
-  mutable std::vector<std::pair<Glib::FontDesc, double>> glyphBounds_;
+  mutable std::vector<std::pair<Glib::FontDesc, std::unordered_map<wchar_t, double>>> advances_;
 };

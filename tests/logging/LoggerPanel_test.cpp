@@ -1,6 +1,7 @@
 #include "LoggerTestSupport.h"
 
 #include <zowidgets/host/drawing/HTMLRenderer.h>
+#include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/widgets/values/Gauge.h>
 
@@ -59,6 +60,17 @@ TEST_F(LoggerPanel, APlainRowWrapsAndIsDrawnOverItsLines) {
   loggerWrite(logger, LightweightString<wchar_t>(text), LoggerBase::kOutputPlain);
   pump();
   EXPECT_EQ(logger->getRowHeight(0), 3 * UifStd::getRowHeight());
+}
+
+TEST_F(LoggerPanel, AStreamOfShortLinesLaysOutATextPerNewCharacterNotPerLine) {
+  Logger* logger = openLogger(0, 10, 500);
+  for (int i = 0; i < 1000; ++i)
+    logger_write(logger, "frame %d", i);
+  std::size_t const before = Glib::TextLayout::layoutsMade();
+  for (unsigned row = 0; row < 1000; ++row)
+    EXPECT_EQ(logger->getRowHeight(row), UifStd::getRowHeight());
+  // "frame ", the digits: at most one layout for each character.
+  EXPECT_LE(Glib::TextLayout::layoutsMade() - before, 16u);
 }
 
 TEST_F(LoggerPanel, ALongLinkRowStaysOneLineHighAtAnyWidth) {
