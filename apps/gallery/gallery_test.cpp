@@ -77,7 +77,7 @@ TEST_F(GalleryTest, EveryWidgetFamilyHasARegisteredPage) {
   std::vector<GalleryPage> const pages = allPages();
   for (char const* name :
        {"buttons", "menus", "menus-open", "text-entry", "values", "groups", "scrolling", "standard-panel", "icons",
-        "hints", "commands", "dialogues", "editor", "backbuffer", "tutorials", "forms", "export", "logger", "images"})
+        "hints", "commands", "dialogues", "editor", "backbuffer", "tutorials", "forms", "export", "logger", "images", "files"})
     EXPECT_NE(findPage(pages, name), nullptr) << name;
 }
 

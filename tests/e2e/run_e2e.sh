@@ -94,6 +94,13 @@ forms) extra=(--gallery forms) ;;
 export) extra=(--gallery export) ;;
 logger) extra=(--gallery logger) ;;
 images) extra=(--gallery images) ;;
+files)
+  # The files page browses a folder this case makes.
+  mkdir -p "$work/files/renders"
+  for name in 'clip 2.mov' 'clip 10.mov' notes.txt; do echo x >"$work/files/$name"; done
+  export ZOGALLERY_FOLDER="$work/files"
+  extra=(--gallery files)
+  ;;
 esac
 if [ "$case_name" = logger ]; then
   # The desktop's opener is a recorder, and saves go to a documents folder
@@ -1117,6 +1124,40 @@ images)
   [ -f "$out" ] || fail "Control-S saved nothing at $out"
   expect "the painted pixel's alpha, read back" "$(convert "$out" -format '%[fx:round(255*p{31,0}.a)]' info:)" 2
   expect "an unpainted clear pixel's alpha" "$(convert "$out" -format '%[fx:round(255*p{31,5}.a)]' info:)" 0
+files)
+  # The files page on the folder made above: a file chosen in the browser by
+  # pointer and keyboard shows as chosen, and "Save as…" saves under a typed
+  # name into a folder chosen in the save form's own browser; the page shows
+  # exactly what its listener received.
+  folder=$(realpath "$work/files")
+  row=$(box "$(ask 'widget TextBox 0')" box | cut -d' ' -f4)
+  read -r x y w h <<<"$(box "$(ask 'widget FileTable 0')" box)"
+  # The first row lies below the column titles.
+  click_to_type $((x + 40)) $((y + row + row / 2))
+  xdotool type --delay 80 'clip 10'
+  xdotool key Return
+  sleep 0.4
+  [ -n "$(widget_reading TextLabel "Chosen: $folder/clip 10.mov")" ] ||
+    fail "the file chosen was not heard: $(text "$(ask 'widget TextLabel 0')")"
+  click_reading PushButton 'Save as…'
+  read -r x y <<<"$(centre "$(ask 'widget TitleTextBox 0')" box)"
+  click_to_type "$x" "$y"
+  xdotool key ctrl+a
+  xdotool type --delay 40 'Final/cut.mov'
+  sleep 0.3
+  expect "the name typed, its slash refused" "$(text "$(ask 'widget TitleTextBox 0')")" 'Finalcut.mov'
+  click_reading FileBrowserButton files
+  # The chooser's table is the second on screen.
+  read -r x y w h <<<"$(box "$(ask 'widget FileTable 1')" box)"
+  click_to_type $((x + 40)) $((y + row + row / 2))
+  xdotool type --delay 80 'rend'
+  xdotool key Return
+  sleep 0.4
+  click_reading Button Choose
+  expect "the folder chosen" "$(text "$(widget_reading FileBrowserButton renders)")" renders
+  click_reading Button Save
+  [ -n "$(widget_reading TextLabel "Saved: Finalcut.mov in $folder/renders")" ] ||
+    fail "the save was not heard as typed and chosen: $(text "$(ask 'widget TextLabel 1')")"
   ;;
 *)
   fail "unknown case"
