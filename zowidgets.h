@@ -190,6 +190,7 @@
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/shell/ShellBackend.h>
 #include <zowidgets/host/shell/ShotVideoMetadata.h>
+#include <zowidgets/host/shell/StartupMessage.h>
 #include <zowidgets/host/shell/VectorExt.h>
 #include <zowidgets/host/toolkit/BackgroundTask.h>
 #include <zowidgets/host/toolkit/Canvas.h>
@@ -200,6 +201,7 @@
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/GlobTheme.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/toolkit/MouseMove.h>
 #include <zowidgets/host/toolkit/Orientation.h>
 #include <zowidgets/host/toolkit/PositionNames.h>
 #include <zowidgets/host/toolkit/SystemWatchdog.h>
@@ -207,6 +209,7 @@
 #include <zowidgets/host/toolkit/TabOrderableHost.h>
 #include <zowidgets/host/toolkit/TaskLog.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/toolkit/WallpaperProvider.h>
 #include <zowidgets/host/toolkit/WidgetPosition.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
@@ -287,6 +290,9 @@
 #include <zowidgets/logging/SavableLogger.h>
 #include <zowidgets/logging/TaskProgressWidget.h>
 #include <zowidgets/logging/TitledProgressBar.h>
+#include <zowidgets/startup/AnnouncementPanel.h>
+#include <zowidgets/startup/AnnouncementTestPanel.h>
+#include <zowidgets/startup/StartupWallpaper.h>
 #include <zowidgets/textentry/Credentials.h>
 #include <zowidgets/textentry/CustomTextBox.h>
 #include <zowidgets/textentry/DropDownSearchPanel.h>

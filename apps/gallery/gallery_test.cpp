@@ -75,9 +75,9 @@ TEST(GalleryCommands, CommandNamesBecomeFileSafe) {
 
 TEST_F(GalleryTest, EveryWidgetFamilyHasARegisteredPage) {
   std::vector<GalleryPage> const pages = allPages();
-  for (char const* name :
-       {"buttons", "menus", "menus-open", "text-entry", "values", "groups", "scrolling", "standard-panel", "icons",
-        "hints", "commands", "dialogues", "editor", "backbuffer", "tutorials", "forms", "export", "logger", "images", "files"})
+  for (char const* name : {"buttons",        "menus", "menus-open", "text-entry", "values",    "groups", "scrolling",
+                           "standard-panel", "icons", "hints",      "commands",   "dialogues", "editor", "backbuffer",
+                           "tutorials",      "forms", "export",     "logger",     "images",    "files",  "startup"})
     EXPECT_NE(findPage(pages, name), nullptr) << name;
 }
 

@@ -3,6 +3,7 @@
 #include <zowidgets/host/base/detail/LruCache.h>
 #include <zowidgets/host/drawing/FallbackIcon.h>
 #include <zowidgets/host/drawing/IconTheme.h>
+#include <zowidgets/host/drawing/ImageLoader.h>
 #include <zowidgets/host/drawing/SvgIcon.h>
 #include <zowidgets/host/drawing/detail/IconTint.h>
 
@@ -40,6 +41,7 @@ IconCache::Icon drawIcon(Key const& key) {
 struct Store {
   std::mutex mutex;
   LruCache<Key, IconCache::Icon, KeyHash> icons{IconCache::kCapacity};
+  LruCache<std::wstring, Zo::Image::Surface, std::hash<std::wstring>> pictures{IconCache::kPictureCapacity};
   std::string themeDir;
   std::size_t drawn = 0;
 };
@@ -68,6 +70,26 @@ IconCache::Icon IconCache::get(std::string_view name, int side, Colour const& ti
   return kept.icons.insert(key, drawIcon(key));
 }
 
+IconCache& IconCache::instance() {
+  static IconCache cache;
+  return cache;
+}
+
+Zo::Image::Surface IconCache::load(LightweightString<wchar_t> const& path) {
+  std::wstring const key = path.str();
+  {
+    std::lock_guard lock(store().mutex);
+    if (Zo::Image::Surface const* found = store().pictures.find(key))
+      return *found;
+  }
+  // Read without the lock: icons are asked for while a large picture decodes.
+  Zo::Image::Surface picture = ZoImage::Loader::loadImage(path);
+  if (picture.empty())
+    return picture;
+  std::lock_guard lock(store().mutex);
+  return store().pictures.insert(key, std::move(picture));
+}
+
 std::size_t IconCache::size() {
   std::lock_guard lock(store().mutex);
   return store().icons.size();
@@ -81,4 +103,5 @@ std::size_t IconCache::iconsDrawn() {
 void IconCache::clear() {
   std::lock_guard lock(store().mutex);
   store().icons.clear();
+  store().pictures.clear();
 }

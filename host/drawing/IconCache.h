@@ -1,5 +1,6 @@
 #pragma once
 
+#include <zowidgets/host/base/LightweightString.h>
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
 
@@ -20,9 +21,20 @@
 //
 // The surfaces handed out share their pixels with the cache: draw them,
 // never draw on them.
+//
+// It also keeps pictures read from files (splash screens, banners) by their
+// path: the kPictureCapacity used last.
 class ZO_API IconCache {
 public:
   static constexpr std::size_t kCapacity = 256;
+  static constexpr std::size_t kPictureCapacity = 8;
+
+  // The one cache, for the picture calls.
+  static IconCache& instance();
+  // The picture in the file at `path`, read once (through ZoImage::Loader)
+  // and then handed out again; empty when the file cannot be read, which is
+  // tried again at the next call.
+  Zo::Image::Surface load(LightweightString<wchar_t> const& path);
 
   struct Icon {
     Zo::Image::Surface surface; // side x side; empty for a side out of range
@@ -36,5 +48,9 @@ public:
   static std::size_t size();
   // Icons drawn since the process started (cache misses).
   static std::size_t iconsDrawn();
+  // Forgets every icon and picture.
   static void clear();
+
+private:
+  IconCache() = default;
 };

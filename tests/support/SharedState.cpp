@@ -8,6 +8,7 @@
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/toolkit/WallpaperProvider.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
 
 #include <cstdlib>
@@ -54,4 +55,5 @@ void resetSharedState() {
   setDeviceServices(nullptr);
   defaultDeviceServices().clear();
   Zo::MediaWriters::setSource(nullptr);
+  setWallpaperProvider({});
 }

@@ -1,0 +1,190 @@
+#include <zowidgets/startup/AnnouncementPanel.h>
+
+#include <zowidgets/host/drawing/Fonts.h>
+#include <zowidgets/host/drawing/HTMLRenderer.h>
+#include <zowidgets/host/drawing/ImageLoader.h>
+#include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/toolkit/CursorCodes.h>
+#include <zowidgets/host/toolkit/MouseMove.h>
+#include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
+#include <zowidgets/host/widgets/values/ImageView.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using WString = LightweightString<wchar_t>;
+
+// A picture that opens its link when clicked; a drag that moved does not.
+class Banner : public ImageView {
+public:
+  Banner(ImageView::InitArgs const& args, WString link) : ImageView(args), link(std::move(link)) {
+    setDefaultMouseCursor(kCursorHand);
+  }
+  char const* idstring() const override { return "Banner"; }
+  UIString getTooltip() const override { return UIString(link); }
+
+  int react(Event const& event) override {
+    if (event.type == Event::kMouseDown && mouse_left_event(event)) {
+      pressedAt_ = event.position;
+      pressed_ = true;
+      return 1;
+    }
+    if (event.type == Event::kMouseUp && mouse_left_event(event)) {
+      bool const click = pressed_ && !isMouseMoveSignificant(pressedAt_, event.position);
+      pressed_ = false;
+      if (click && !link.empty())
+        OS().open(link);
+      return 1;
+    }
+    return ImageView::react(event);
+  }
+
+  WString link;
+
+private:
+  XY<int> pressedAt_;
+  bool pressed_ = false;
+};
+
+constexpr unsigned kTitled = StandardPanel::kTitle | StandardPanel::kPin;
+
+Border announcementBorder(StartupMessage const& message, bool banner) {
+  Border border(8, 0, 15);
+  // No title bar, no top edge above the content.
+  int const top = message.title.empty() ? 0 : border.top();
+  // The checkbox of a news item that comes back sits in the bottom margin,
+  // which grows to hold it (a banner keeps a footer of its own).
+  int const bottom = message.isRecurring() && !banner
+                         ? std::max(border.bottom(), UifStd::getRowHeight() + UifStd::getWidgetGap())
+                         : border.bottom();
+  border.setMargins(border.left(), border.right(), top, bottom);
+  return border;
+}
+
+// The displayed size of a news item's picture: at most ten rows wide, its
+// proportions kept.
+XY<int> pictureSize(Zo::Image::Surface const& image) {
+  int const width = std::min(10 * UifStd::getRowHeight(), image.width());
+  int const height = static_cast<int>(double(width) * image.height() / std::max(1, image.width()));
+  return {width, height};
+}
+
+int textLines(std::vector<HTMLParagraph> const& paragraphs, int width) {
+  return std::max(1, HTMLRenderer::calcNumDisplayLines(paragraphs, width));
+}
+
+} // namespace
+
+AnnouncementPanel::InitArgs::InitArgs(StartupMessage const& given) : message(given) {
+  if (!message.imagePath.empty())
+    image = ZoImage::Loader::loadImage(message.imagePath);
+  border = announcementBorder(message, !image.empty() && isBanner(message));
+  title = UIString(message.title);
+  size = calcSize();
+}
+
+XY<int> AnnouncementPanel::InitArgs::calcSize() const {
+  std::vector<HTMLParagraph> const paragraphs = HTMLRenderer::parse(message.text.view(), Palette());
+  int const maxWidth = static_cast<int>(std::ceil(HTMLRenderer::calcMaxWidth(paragraphs)));
+  int const row = UifStd::getRowHeight();
+  if (!image.empty() && isBanner(message)) {
+    double const scale = UifStd::getScale() * 0.5;
+    int const edge = 2 * border.thickness();
+    return XY<int>(static_cast<int>(image.width() * scale) + edge,
+                   static_cast<int>(image.height() * scale) + edge + calcFooterHeight());
+  }
+  XY<int> inner;
+  if (image.empty()) {
+    inner.x = 25 * row;
+    inner.y = MultiLineTextBox::calcHeightForLines(textLines(paragraphs, inner.x), getDefaultFontSize(), 0);
+  } else {
+    XY<int> const picture = pictureSize(image);
+    int const textWidth = std::min(16 * row, maxWidth);
+    inner.x = picture.x + textWidth + 2 * UifStd::getWidgetGap();
+    inner.y = std::max(picture.y,
+                       MultiLineTextBox::calcHeightForLines(textLines(paragraphs, inner.x), getDefaultFontSize(), 0));
+  }
+  return StandardPanel::calcPanelSize(inner, message.title.empty() ? kTitle : kTitled, border);
+}
+
+WString AnnouncementPanel::getBannerLink(StartupMessage const& message) {
+  return message.text.view().starts_with(L"http") ? message.text : WString();
+}
+
+bool AnnouncementPanel::isBanner(StartupMessage const& message) { return !getBannerLink(message).empty(); }
+
+int AnnouncementPanel::calcFooterHeight() {
+  return UifStd::getWidgetGap() + StandardPanel::getDefaultBorder().calcMarginSize(8) + UifStd::getRowHeight();
+}
+
+AnnouncementPanel::AnnouncementPanel(InitArgs const& args) : StandardPanel(args), m_message(args.message) {
+  Drawable::Suspender const holdRedraws;
+  setResizable(false);
+  addStandardWidgets(kTitle);
+  if (!args.image.empty() && isBanner(m_message))
+    addBanner(args);
+  else if (!args.image.empty())
+    addPictureAndText(args);
+  else
+    addText(nullptr);
+}
+
+AnnouncementPanel::~AnnouncementPanel() {
+  // Seen once, or asked not to be shown again.
+  if (!m_message.isRecurring() || (m_dontShowAgain && m_dontShowAgain->isChecked()))
+    m_message.markAsRead();
+}
+
+void AnnouncementPanel::addBanner(InitArgs const& args) {
+  int const edge = getBorder().thickness();
+  ImageView::InitArgs picture(XY<int>(width() - 2 * edge, height() - calcFooterHeight() - 2 * edge));
+  picture.image = args.image;
+  addChild(new Banner(picture, getBannerLink(m_message)), TopLeft(edge, edge));
+  if (m_message.isRecurring())
+    addDontShowAgain();
+}
+
+void AnnouncementPanel::addPictureAndText(InitArgs const& args) {
+  if (!m_message.title.empty()) {
+    addStandardWidgets(kTitled);
+    setTitle(UIString(m_message.title), UifStd::getTitleFont(), kNoRedraw);
+  }
+  ImageView::InitArgs picture(pictureSize(args.image));
+  picture.image = args.image;
+  Glob* view = createWidget<ImageView>(picture, UserTopLeft(0, 0));
+  addText(view);
+}
+
+void AnnouncementPanel::addText(Glob* beside) {
+  if (!beside && !m_message.title.empty()) {
+    addStandardWidgets(kTitled);
+    setTitle(UIString(m_message.title), UifStd::getTitleFont(), kNoRedraw);
+  }
+  Zo::Box<int> const user = getUserArea();
+  int const gap = UifStd::getWidgetGap();
+  int const left = beside ? beside->width() + gap : 0;
+  LinkAwareMultiLineTextBox::InitArgs box(XY<int>(std::max(1, user.width() - left), user.height()));
+  auto* text = createWidget<LinkAwareMultiLineTextBox>(box, beside ? RightOf(gap, beside) : UserTopLeft(0, 0));
+  Palette const palette = getPalette();
+  // A picture that did not load leaves a link shown as plain text.
+  WString const html = HTMLRenderer::isHTML(m_message.text.view())
+                           ? m_message.text
+                           : HTMLRenderer::convertToHTML(m_message.text.view(), HTMLRenderer::kEscapeMarkup);
+  text->setHTML(HTMLRenderer::parse(html.view(), palette));
+  text->setMargins(UifStd::getWidgetGap());
+  text->setPalette(makeWindowPalette(palette, scale(palette.window(0), 1.1)));
+  if (m_message.isRecurring())
+    addDontShowAgain();
+}
+
+void AnnouncementPanel::addDontShowAgain() {
+  UIString const label(kDontShowAgainId);
+  Checkbox::InitArgs box(label, XY<int>(Checkbox::calcWidth(label), UifStd::getRowHeight()));
+  box.appearance = Checkbox::getDefaultAppearance();
+  m_dontShowAgain = createWidget<Checkbox>(box, MarginBottomLeft(0, 0));
+}
