@@ -7,9 +7,10 @@
 
 class Glob;
 
-// Where a log asks the user for a place to save it. An application installs
-// its own dialogues here; until it does, the default folder is taken at once
-// and the suggested name kept, so that a save always lands somewhere known.
+// Where a log asks the user for a place to save it: by default a
+// SaveFileDialogue for a name (its folder chosen in the host's file browser)
+// and the host's FileChooserWindow for a folder, both starting in
+// defaultFolder(). An application may install its own choosers instead.
 namespace LogSaveChooser {
 
 using NameChosen =

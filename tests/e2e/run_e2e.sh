@@ -93,6 +93,7 @@ editor) extra=(--gallery editor) ;;
 forms) extra=(--gallery forms) ;;
 export) extra=(--gallery export) ;;
 logger) extra=(--gallery logger) ;;
+startup) extra=(--gallery startup) ;;
 images) extra=(--gallery images) ;;
 files)
   # The files page browses a folder this case makes.
@@ -102,7 +103,7 @@ files)
   extra=(--gallery files)
   ;;
 esac
-if [ "$case_name" = logger ]; then
+if [ "$case_name" = logger ] || [ "$case_name" = startup ]; then
   # The desktop's opener is a recorder, and saves go to a documents folder
   # of the case's own.
   mkdir -p "$work/bin" "$work/docs" "$work/xdg"
@@ -881,11 +882,47 @@ hints)
   showing || fail "a dismissed hint was taken as acknowledged"
   expect "it comes back" "$(status)" 'Not acknowledged yet, so it shows'
   ;;
+startup)
+  # The start-up page: a drag across the banner opens nothing; a click on it
+  # opens its address through the desktop's opener. Then the test tool: its
+  # Test button waits for a description that can be tried, and each press
+  # replaces the announcement it opened before.
+  read -r x y w h <<<"$(box "$(ask 'widget Banner 0')" box)"
+  [ -n "$w" ] || fail "no banner on the page"
+  xdotool mousemove $((x + 20)) $((y + 20)) mousedown 1 mousemove $((x + 80)) $((y + 40)) \
+    mousemove $((x + 140)) $((y + 60)) mouseup 1
+  sleep 0.5
+  [ -s "$work/opened" ] && fail "a drag across the banner opened $(cat "$work/opened")"
+  xdotool mousemove $((x + w / 2)) $((y + h / 2)) click 1
+  for _ in $(seq 40); do
+    [ -s "$work/opened" ] && break
+    sleep 0.1
+  done
+  expect "the banner's address opened" "$(cat "$work/opened" 2>/dev/null)" 'https://example.org/training'
+  click_reading Button 'Announcements Test…'
+  grep -q '"error"' <<<"$(ask 'widget AnnouncementTestPanel 0')" && fail "the test tool did not open"
+  read -r x y <<<"$(centre "$(ask 'widget MultiLineTextBox 0')" box)"
+  click_to_type "$x" "$y"
+  xdotool type --delay 30 '<p>Tried on a real display'
+  sleep 0.3
+  click_reading Button Test
+  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 2')" || fail "Test opened a panel for half a paragraph"
+  click_to_type "$x" "$y"
+  xdotool type --delay 30 '</p>'
+  sleep 0.3
+  click_reading Button Test
+  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 2')" && fail "Test opened no announcement"
+  click_reading Button Test
+  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 3')" || fail "a second Test kept the first announcement"
+  echo "ok: the test tool opens one announcement at a time"
+  ;;
 logger)
   # The logger page: "Show log" opens the task log's window. A click on its
   # link row (the second) opens the address through the desktop's opener;
-  # the Save button writes TaskLog.html, escaped; the menu over a plain row
-  # saves the rows as text, which a small window confirms.
+  # the Save button asks for a folder in the file browser and writes
+  # TaskLog.html there, escaped; the menu over a plain row opens the save
+  # dialogue, whose Save writes the rows as text, which a small window
+  # confirms.
   click_reading PushButton 'Show log'
   read -r x y <<<"$(centre "$(ask 'widget TableRow 1')" box)"
   xdotool mousemove "$x" "$y" click 1
@@ -903,6 +940,9 @@ logger)
   [ -n "$save" ] || fail "no Save button"
   read -r x y <<<"$(centre "$save" box)"
   xdotool mousemove "$x" "$y" click 1
+  sleep 0.5
+  # The folder is chosen in the file browser, which opens on the documents.
+  click_reading Button Choose
   for _ in $(seq 40); do
     [ -s "$work/docs/TaskLog.html" ] && break
     sleep 0.1
@@ -916,6 +956,9 @@ logger)
   xdotool mousemove "$x" "$y" click 3
   sleep 0.5
   xdotool key Down Return
+  sleep 0.5
+  # The save dialogue offers the log's title as the name, in the documents.
+  click_reading Button Save
   for _ in $(seq 40); do
     [ -s "$work/docs/Task log.txt" ] && break
     sleep 0.1
@@ -1089,6 +1132,7 @@ export)
   bits=$(ffprobe -v error -show_entries format=bit_rate -of default=nw=1:nk=1 "$clip")
   rm -f "$clip"
   expect_within "the bit rate" "$bits" 750000 2250000
+  ;;
 images)
   # The images page: a region on a wallpaper, the thumbnail browser on the
   # wallpapers' folder with a line saying the file selected (TextLabel 1),
@@ -1124,6 +1168,7 @@ images)
   [ -f "$out" ] || fail "Control-S saved nothing at $out"
   expect "the painted pixel's alpha, read back" "$(convert "$out" -format '%[fx:round(255*p{31,0}.a)]' info:)" 2
   expect "an unpainted clear pixel's alpha" "$(convert "$out" -format '%[fx:round(255*p{31,5}.a)]' info:)" 0
+  ;;
 files)
   # The files page on the folder made above: a file chosen in the browser by
   # pointer and keyboard shows as chosen, and "Save as…" saves under a typed

@@ -1,9 +1,12 @@
 #include "LoggerTestSupport.h"
 
+#include <zowidgets/export/SaveFileDialogue.h>
 #include <zowidgets/host/drawing/HTMLUtils.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
+#include <zowidgets/host/widgets/files/FileChooserWindow.h>
 #include <zowidgets/logging/LogFiles.h>
 #include <zowidgets/logging/SavableLogger.h>
 
@@ -188,6 +191,59 @@ TEST_F(LogFilesTest, AChosenFolderIsWhereTheHTMLGoesAndACancelledChoiceSavesNoth
   logger->requestSaveHtml();
   EXPECT_EQ(asked, 2);
   EXPECT_TRUE(std::filesystem::exists(folder / "chosen" / "TaskLog.html"));
+}
+
+template <class Window> Window* openWindow() {
+  for (Glob* window : GlobManager::topLevelWindows())
+    if (auto* found = dynamic_cast<Window*>(window))
+      return found;
+  return nullptr;
+}
+
+TEST_F(LogFilesTest, ByDefaultATextSaveAsksForANameInTheSaveDialogue) {
+  LogSaveChooser::setNameChooser({});
+  Logger* logger = openLogger();
+  logger->getLog()->write(L"Render started", LoggerBase::kOutputPlain);
+  pump();
+  logger->requestSaveToFile();
+  pump();
+  SaveFileDialogue* dialogue = openWindow<SaveFileDialogue>();
+  ASSERT_NE(dialogue, nullptr);
+  EXPECT_FALSE(std::filesystem::exists(folder / "Render log.txt"));
+  Button* save = nullptr;
+  for (Glob* child : dialogue->getChildren())
+    if (child->getName() == "save")
+      save = dynamic_cast<Button*>(child);
+  ASSERT_NE(save, nullptr);
+  HeadlessInput::clickOn(*save);
+  pump();
+  EXPECT_EQ(openWindow<SaveFileDialogue>(), nullptr);
+  std::string const saved = readFile(folder / "Render log.txt");
+  EXPECT_EQ(saved.substr(0, saved.find('\n')), "Render started");
+}
+
+TEST_F(LogFilesTest, ByDefaultTheHTMLFolderIsChosenInTheFileBrowserAndClosingItCancels) {
+  LogSaveChooser::setFolderChooser({});
+  Zo::Ptr<iTaskLog> log(new TaskLog);
+  log->write(L"frame", LoggerBase::kOutputPlain);
+  SavableLogger* logger = SavableLogger::make(log);
+  logger->requestSaveHtml();
+  pump();
+  FileChooserWindow* chooser = openWindow<FileChooserWindow>();
+  ASSERT_NE(chooser, nullptr);
+  EXPECT_EQ(chooser->getBrowser().getFolder(), LightweightString<wchar_t>::fromUTF8(folder.string()));
+  GlobManager::requestDeletion(chooser);
+  pump();
+  EXPECT_FALSE(std::filesystem::exists(folder / "TaskLog.html"));
+
+  // The cancelled choice leaves the logger free to ask again.
+  logger->requestSaveHtml();
+  pump();
+  chooser = openWindow<FileChooserWindow>();
+  ASSERT_NE(chooser, nullptr);
+  HeadlessInput::clickOn(chooser->getChooseButton());
+  pump();
+  EXPECT_TRUE(std::filesystem::exists(folder / "TaskLog.html"));
 }
 
 } // namespace

@@ -39,13 +39,20 @@ struct LoggerTest : HeadlessScreenTest {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     LogSaveChooser::setDefaultFolder(LightweightString<wchar_t>::fromUTF8(folder.string()));
-    LogSaveChooser::setNameChooser({});
-    LogSaveChooser::setFolderChooser({});
+    // Saves land at once in the test's folder; the dialogues a user meets
+    // are tested on their own.
+    LogSaveChooser::setNameChooser([](Glob*, UIString const&, LightweightString<wchar_t> const& where,
+                                      LightweightString<wchar_t> const& name,
+                                      LogSaveChooser::NameChosen const& chosen) { chosen(where, name); });
+    LogSaveChooser::setFolderChooser([](Glob*, UIString const&, LightweightString<wchar_t> const& where,
+                                        LogSaveChooser::FolderChosen const& chosen) { chosen(where); });
     OS().clearRecordedShellRequests();
   }
   void TearDown() override {
     HeadlessScreenTest::TearDown();
     LogSaveChooser::setDefaultFolder({});
+    LogSaveChooser::setNameChooser({});
+    LogSaveChooser::setFolderChooser({});
     std::filesystem::remove_all(folder);
   }
 
