@@ -149,7 +149,9 @@ Glob* UIBuilder::makeRow(Zo::Ptr<iParam> const& param, bool doubleFirst, WidgetP
     return makeColourWidget(param, position, surround);
   if (is<FontParam>(param))
     return makeFontWidget(param, position, surround);
-  // File parameters, and unknown kinds, get no row.
+  if (is<FileParam>(param))
+    return makeFileWidget(param, position, surround);
+  // Unknown kinds get no row.
   return nullptr;
 }
 

@@ -77,6 +77,7 @@ public:
   Glob* makeGroupWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
   Glob* makeColourWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
   Glob* makeFontWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
+  Glob* makeFileWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
   // In compact mode an obfuscated text row is a password box with its eye.
   Glob* makePasswordWidget(Zo::Ptr<iParam> const&, WidgetPosition const&, WidgetSurround const&);
 

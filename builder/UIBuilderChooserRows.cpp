@@ -1,6 +1,7 @@
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/TitledGlob.h>
 #include <zowidgets/builder/detail/ColourAdaptor.h>
+#include <zowidgets/builder/detail/TitledFileChooserButton.h>
 #include <zowidgets/colour/DropDownColourPickerButton.h>
 #include <zowidgets/fonts/TitledFontChooserButton.h>
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -64,6 +65,20 @@ Glob* UIBuilder::makeFontWidget(Zo::Ptr<iParam> const& param, WidgetPosition con
   button->setClientCallback(Zo::Ptr<iCallbackBase<int, NotifyMsg>>(new FontSetter(param)));
   finishRow(param, row);
   panel_->tabOrder().addTabStop(*button, kAppendTabStop);
+  return row;
+}
+
+Glob* UIBuilder::makeFileWidget(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
+                                WidgetSurround const& surround) {
+  auto& fileParam = dynamic_cast<FileParam&>(*param);
+  TitledFileChooserButton::InitArgs args(param->getLegend(), XY<int>(width_, UifStd::getRowHeight()),
+                                         param->getValueAsString());
+  auto* row = createWidget<TitledFileChooserButton>(args, isWidgetInitiallyVisible(param), position, surround);
+  if (!row)
+    return nullptr;
+  row->setDataAdaptor(makeAdaptor<ValAdaptor<LightweightString<wchar_t>, LightweightString<wchar_t>>>(fileParam));
+  finishRow(param, row);
+  panel_->tabOrder().addTabStop(row->getBtn(), kAppendTabStop);
   return row;
 }
 

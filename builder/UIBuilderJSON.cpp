@@ -257,6 +257,10 @@ Zo::Ptr<UIBuilder::Params> UIBuilder::build(JSONElementPtr const& root) {
         widget = makeFontWidget(Zo::Ptr<iParam>(new FontParam(legendOf(entry), entry->getString("name"),
                                                               tooltipOf(entry), entry->getWString("value"))),
                                 position, surround);
+      else if (type == "file")
+        widget = makeFileWidget(Zo::Ptr<iParam>(new FileParam(legendOf(entry), entry->getString("name"),
+                                                              tooltipOf(entry), entry->getWString("value"))),
+                                position, surround);
       else
         widget = makeTextRow(legendOf(entry), position, surround);
       rowValue_ = Zo::Ptr<iObject>();

@@ -10,6 +10,9 @@
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/values/binding/ValWidget.h>
+
+#include <string_view>
 
 namespace PanelDump {
 
@@ -58,6 +61,10 @@ void writeRowValue(JSON::Builder& out, Glob* row) {
   } else if (auto* font = dynamic_cast<TitledFontChooserButton*>(row)) {
     out.add("kind", "font");
     out.add("value", font->getChild()->getSelectedFont().name);
+  } else if (auto* file = dynamic_cast<ValWidget<LightweightString<wchar_t>>*>(row);
+             file && std::string_view(row->idstring()) == "TitledFileChooserButton") {
+    out.add("kind", "file");
+    out.add("value", file->getWidgetValue());
   } else if (auto* label = dynamic_cast<TextLabel*>(row)) {
     out.add("kind", "label");
     out.add("value", label->getString().getString());

@@ -54,7 +54,8 @@ expect_contains "$values" '"value": "Grüße"' "text values keep their character
 cat >"$work/choosers.json" <<'JSON'
 {"rows": [
   {"type": "colour", "name": "c", "legend": "Tint", "value": "1 0.5 0 1"},
-  {"type": "font", "name": "f", "legend": "Caption font", "value": "DejaVu Sans"}
+  {"type": "font", "name": "f", "legend": "Caption font", "value": "DejaVu Sans"},
+  {"type": "file", "name": "l", "legend": "LUT", "value": "/luts/film.cube"}
 ]}
 JSON
 values=$("$zopanel" values "$work/choosers.json")
@@ -62,6 +63,8 @@ expect_contains "$values" '"kind": "colour"' "a colour row is shown"
 expect_contains "$values" '"value": "1 0.5 0 1"' "the colour row shows the colour described"
 expect_contains "$values" '"kind": "font"' "a font row is shown"
 expect_contains "$values" '"value": "DejaVu Sans"' "the font row shows the family described"
+expect_contains "$values" '"kind": "file"' "a file row is shown"
+expect_contains "$values" '"value": "/luts/film.cube"' "the file row shows the path described"
 
 tree=$("$zopanel" tree "$work/form.json" --title Form)
 expect_contains "$tree" '"class": "BuiltPanel"' "the tree starts at the panel"

@@ -1,14 +1,20 @@
 #include "BuilderTestSupport.h"
 
 #include <zowidgets/builder/TitledGlob.h>
+#include <zowidgets/builder/detail/TitledFileChooserButton.h>
 #include <zowidgets/colour/ColourPicker.h>
 #include <zowidgets/colour/ComponentTextBox.h>
 #include <zowidgets/colour/DropDownColourPickerButton.h>
 #include <zowidgets/fonts/TitledFontChooserButton.h>
 #include <zowidgets/host/drawing/Fonts.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/files/FileChooserWindow.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
 #include <zowidgets/textentry/PasswordEntryBox.h>
+
+#include <cstdio>
+#include <filesystem>
 
 using namespace BuilderTest;
 
@@ -29,6 +35,15 @@ struct ChooserRowsTest : HeadlessScreenTest {
   }
   static Zo::Ptr<iParam> passwordParam(unsigned flags) {
     return Zo::Ptr<iParam>(new TextParam(L"Password", "password", {}, L"", {}, flags));
+  }
+  static Zo::Ptr<iParam> fileParam(wchar_t const* path) {
+    return Zo::Ptr<iParam>(new FileParam(L"Logo", "logo", {}, path));
+  }
+  static FileChooserWindow* openChooser() {
+    for (Glob* window : GlobManager::topLevelWindows())
+      if (auto* chooser = dynamic_cast<FileChooserWindow*>(window))
+        return chooser;
+    return nullptr;
   }
   static std::vector<std::wstring> families() {
     std::vector<std::wstring> names;
@@ -146,6 +161,72 @@ TEST_F(ChooserRowsTest, DescriptionMakesColourAndFontRows) {
   auto* font = rowWidget<TitledFontChooserButton>(*built, "caption");
   ASSERT_NE(font, nullptr);
   EXPECT_EQ(font->getChild()->getSelectedFont().name, names[0]);
+}
+
+TEST_F(ChooserRowsTest, FileRowOffersTheFileASeparatorAndBrowse) {
+  Zo::Ptr<iParam> logo = fileParam(L"/usr/share/pixmaps/logo.png");
+  Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(ParamList{logo}, panel, 0);
+  auto* row = rowWidget<TitledFileChooserButton>(*built, "logo");
+  ASSERT_NE(row, nullptr);
+  EXPECT_EQ(row->height(), UifStd::getRowHeight());
+  Menu const& menu = row->getBtn().getMenu();
+  ASSERT_EQ(menu.size(), 3);
+  EXPECT_EQ(menu.item(0).text.getString(), L"logo.png");
+  EXPECT_EQ(menu.item(1).style, MenuItem::kSeparator);
+  EXPECT_EQ(menu.item(2).text.getString(), L"Browse\u2026");
+  EXPECT_EQ(row->getBtn().getSelectedItem(), 0);
+}
+
+TEST_F(ChooserRowsTest, AFileChosenThroughBrowseReachesTheParameter) {
+  std::filesystem::path const folder = std::filesystem::temp_directory_path() / "zo-file-row";
+  std::filesystem::create_directories(folder);
+  std::filesystem::path const chosen = folder / "titles.txt";
+  std::FILE* file = std::fopen(chosen.c_str(), "w");
+  ASSERT_NE(file, nullptr);
+  std::fputs("credits", file);
+  std::fclose(file);
+  Zo::Ptr<iParam> logo = fileParam((folder / "old.txt").wstring().c_str());
+  Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(ParamList{logo}, panel, 0);
+  auto* row = rowWidget<TitledFileChooserButton>(*built, "logo");
+  ASSERT_NE(row, nullptr);
+  HeadlessInput::clickOn(row->getBtn());
+  pump();
+  MenuWindow* menu = row->getBtn().getMenuWindow();
+  ASSERT_NE(menu, nullptr);
+  Zo::Box<int> const browse = menu->rowBox(TitledFileChooserButton::kBrowseRow);
+  HeadlessInput::clickOn(*menu, XY<int>((browse.x0 + browse.x1) / 2, (browse.y0 + browse.y1) / 2));
+  pump();
+  FileChooserWindow* chooser = openChooser();
+  ASSERT_NE(chooser, nullptr);
+  EXPECT_EQ(chooser->getBrowser().getFolder().str(), folder.wstring());
+  ASSERT_TRUE(chooser->getBrowser().openPath(LightweightString<wchar_t>(chosen.wstring().c_str())));
+  HeadlessInput::clickOn(chooser->getChooseButton());
+  pump();
+  EXPECT_EQ(logo->getValueAsString().str(), chosen.wstring());
+  EXPECT_EQ(row->getBtn().getMenu().item(0).text.getString(), L"titles.txt");
+  EXPECT_EQ(row->getBtn().getSelectedItem(), 0);
+  std::filesystem::remove_all(folder);
+}
+
+TEST_F(ChooserRowsTest, FileRowFollowsTheParameter) {
+  Zo::Ptr<iParam> logo = fileParam(L"/tmp/a.png");
+  Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(ParamList{logo}, panel, 0);
+  auto* row = rowWidget<TitledFileChooserButton>(*built, "logo");
+  ASSERT_NE(row, nullptr);
+  logo->setValueFromString(L"/tmp/b.png");
+  EXPECT_EQ(row->getPath(), L"/tmp/b.png");
+  EXPECT_EQ(row->getBtn().getMenu().item(0).text.getString(), L"b.png");
+}
+
+TEST_F(ChooserRowsTest, DescriptionMakesAFileRow) {
+  Zo::Ptr<UIBuilder::Params> built = UIBuilder::buildFromJSON(
+      LightweightString<wchar_t>(
+          LR"({"rows": [{"type": "file", "name": "lut", "legend": "LUT", "value": "/luts/film.cube"}]})"),
+      panel);
+  auto* row = rowWidget<TitledFileChooserButton>(*built, "lut");
+  ASSERT_NE(row, nullptr);
+  EXPECT_EQ(row->getPath(), L"/luts/film.cube");
+  EXPECT_EQ(row->getBtn().getMenu().item(0).text.getString(), L"film.cube");
 }
 
 } // namespace

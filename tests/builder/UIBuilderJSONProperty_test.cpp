@@ -36,7 +36,7 @@ public:
       Entry entry;
       out << (i ? ", " : "") << "{";
       std::vector<std::string> members;
-      static char const* const kTypes[] = {"bool", "int", "text", "float", "label", "Bool", "file", ""};
+      static char const* const kTypes[] = {"bool", "int", "text", "float", "label", "Bool", "date", ""};
       entry.type = kTypes[pick(0, 7)];
       entry.known = entry.type == "bool" || entry.type == "int" || entry.type == "text" || entry.type == "float" ||
                     entry.type == "label";

@@ -158,7 +158,7 @@ TEST_F(UIBuilderJSON, TooltipsAreResourceIdsAndAnythingElseIsNone) {
 }
 
 TEST_F(UIBuilderJSON, AnUnknownOrMissingTypeGivesALineOfText) {
-  Zo::Ptr<UIBuilder::Params> built = build(LR"({"rows": [{"type": "file", "legend": "Just words"},
+  Zo::Ptr<UIBuilder::Params> built = build(LR"({"rows": [{"type": "date", "legend": "Just words"},
     {"legend": "More words"}, {"type": "Bool", "name": "b", "legend": "B"}]})");
   ASSERT_EQ(panel->getChildren().size(), 3u);
   auto* host = dynamic_cast<UIBuilder::HostWidgetBase*>(panel->getChildren()[0]);

@@ -220,11 +220,17 @@ TEST_F(UIBuilderRows, SavedStateGivenToTheBuildIsRestoredFirst) {
   EXPECT_EQ(rowWidget<TitleTextBox>(*built, "name")->getString(), L"new");
 }
 
+// A kind of parameter the builder has no row for.
+class TimecodeParam : public GenericParam::TextParamBase {
+public:
+  TimecodeParam() : TextParamBase("timecode", "start", L"Start", {}, L"01:00:00:00") {}
+  Zo::Ptr<iParam> clone() const override { return Zo::Ptr<iParam>(new TimecodeParam(*this)); }
+};
+
 TEST_F(UIBuilderRows, ParametersWithoutARowKindGetNoRow) {
-  ParamList params{Zo::Ptr<iParam>(new GenericParam::FileParam(L"File", "font", {}, L"/tmp/a.mov")),
-                   boolParam("b", true)};
+  ParamList params{Zo::Ptr<iParam>(new TimecodeParam), boolParam("b", true)};
   Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(params, panel, 0);
-  EXPECT_EQ(built->getWidget("font"), nullptr);
+  EXPECT_EQ(built->getWidget("start"), nullptr);
   EXPECT_EQ(top(built->getWidget("b")), panel->getUserArea().y1);
 }
 
