@@ -7,6 +7,7 @@
 #include <zowidgets/host/shell/FilePaths.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/files/FileChooserWindow.h>
 
 #include <algorithm>
 
@@ -106,11 +107,23 @@ bool AlphaChannelEditorPanel::saveFile() {
 }
 
 void AlphaChannelEditorPanel::chooseFile() {
-  if (!chooser_)
+  if (chooser_) {
+    LightweightString<wchar_t> const path = chooser_();
+    if (!path.empty())
+      openFile(path);
     return;
-  LightweightString<wchar_t> const path = chooser_();
-  if (!path.empty())
-    openFile(path);
+  }
+  // The host's file browser, offering the pictures the loader reads; the
+  // panel may be gone by the time a file is chosen.
+  FileChooserWindow::InitArgs args(GlobCreationInfo(FileChooserWindow::defaultSize()));
+  args.title = UIString(L"Choose an image");
+  args.browser.extensions = ZoImage::Loader::getSupportedImageExtensions();
+  IdStamp const stamp = EventHandler::stampOf(this);
+  args.chosen = [this, stamp](LightweightString<wchar_t> const& path) {
+    if (EventHandler::valid(this, stamp))
+      openFile(path);
+  };
+  FileChooserWindow::open(args, this);
 }
 
 int AlphaChannelEditorPanel::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {

@@ -27,7 +27,8 @@ public:
   static AlphaChannelEditorPanel* create();
   static XY<int> calcSize();
 
-  // What "Open" and Control-O ask for the file with.
+  // What "Open" and Control-O ask for the file with, in place of the host's
+  // file browser (which they open when no chooser is set).
   void setFileChooser(FileChooser chooser) { chooser_ = std::move(chooser); }
   // Loads the picture into both views; false, leaving the views as they
   // were, when it cannot be read.

@@ -4,6 +4,7 @@
 #include <zowidgets/host/drawing/ImageSaver.h>
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/widgets/files/FileChooserWindow.h>
 #include <zowidgets/images/AlphaChannelEditorPanel.h>
 
 #include <filesystem>
@@ -177,6 +178,28 @@ TEST_F(AlphaEditorTest, OpenAsksTheChooserAndAnUnreadableFileChangesNothing) {
   EXPECT_EQ(editor->getFileName(), wide(other));
   EXPECT_FALSE(editor->openFile(wide(folder + "/missing.png")));
   EXPECT_EQ(editor->getRGBView()->getImage().width(), 4);
+}
+
+TEST_F(AlphaEditorTest, WithoutAChooserOpenShowsTheFileBrowserOfferingPicturesAndLoadsTheOneChosen) {
+  std::string const other = folder + "/chosen.png";
+  Zo::Image::Surface picture(5, 7);
+  picture.fill(Colour(0.0, 0.0, 1.0));
+  ZoImage::Saver::saveImage(picture, other);
+  key('O', kKeyCtrl);
+  pump();
+  FileChooserWindow* chooser = nullptr;
+  for (Glob* window : GlobManager::topLevelWindows())
+    if (auto* found = dynamic_cast<FileChooserWindow*>(window))
+      chooser = found;
+  ASSERT_NE(chooser, nullptr);
+  EXPECT_EQ(chooser->getTitle().getString(), LightweightString<wchar_t>(L"Choose an image"));
+  ASSERT_TRUE(chooser->getBrowser().openPath(wide(other)));
+  pump();
+  EXPECT_EQ(chooser->getBrowser().getCurrentPath(), wide(other));
+  clickOn(chooser->getChooseButton());
+  pump();
+  EXPECT_EQ(editor->getFileName(), wide(other));
+  EXPECT_EQ(editor->getAlphaView()->getImage().width(), 5);
 }
 
 } // namespace
