@@ -1,24 +1,10 @@
 #include <zowidgets/export/FileFormatButton.h>
-#include <zowidgets/host/drawing/Palette.h>
 
 #include <zowidgets/export/FileWriterInfo.h>
+#include <zowidgets/host/base/CaselessText.h>
+#include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-
-#include <cwctype>
-
-namespace {
-
-bool sameIgnoringCase(std::wstring_view a, std::wstring_view b) {
-  if (a.size() != b.size())
-    return false;
-  for (std::size_t i = 0; i < a.size(); ++i)
-    if (std::towlower(a[i]) != std::towlower(b[i]))
-      return false;
-  return true;
-}
-
-} // namespace
 
 FileFormatButton::FileFormatButton(InitArgs const& args)
     : DropDownMenuButton(args), usage_(args.usage), preferenceKey_(args.preferenceKey) {

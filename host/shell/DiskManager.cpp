@@ -1,6 +1,7 @@
 #include <zowidgets/host/shell/DiskManager.h>
 
 #include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/shell/detail/WatcherThread.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -100,17 +101,7 @@ struct DiskManager::Watch {
   int stopFd = -1;
   std::thread thread;
 
-  ~Watch() {
-    if (thread.joinable()) {
-      std::uint64_t const one = 1;
-      [[maybe_unused]] ssize_t const written = ::write(stopFd, &one, sizeof one);
-      thread.join();
-    }
-    if (tableFd >= 0)
-      ::close(tableFd);
-    if (stopFd >= 0)
-      ::close(stopFd);
-  }
+  ~Watch() { Zo::detail::stopWatcherThread(thread, stopFd, tableFd); }
 };
 
 DiskManager& DiskManager::instance() {

@@ -1,6 +1,7 @@
 #include <zowidgets/host/shell/FolderWatcher.h>
 
 #include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/shell/detail/WatcherThread.h>
 
 #include <atomic>
 #include <cerrno>
@@ -42,15 +43,7 @@ FolderWatcher::FolderWatcher(std::string const& folder, std::function<void()> ch
 
 FolderWatcher::~FolderWatcher() {
   shared_->alive = false;
-  if (thread_.joinable()) {
-    std::uint64_t const one = 1;
-    [[maybe_unused]] ssize_t const written = ::write(stopFd_, &one, sizeof one);
-    thread_.join();
-  }
-  if (stopFd_ >= 0)
-    ::close(stopFd_);
-  if (inotifyFd_ >= 0)
-    ::close(inotifyFd_);
+  Zo::detail::stopWatcherThread(thread_, stopFd_, inotifyFd_);
 }
 
 void FolderWatcher::watch() {

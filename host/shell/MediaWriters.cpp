@@ -1,22 +1,13 @@
-#include <zowidgets/host/shell/BuiltInMediaTable.h>
 #include <zowidgets/host/shell/MediaWriters.h>
 
-#include <cwctype>
+#include <zowidgets/host/base/CaselessText.h>
+#include <zowidgets/host/shell/BuiltInMediaTable.h>
 
 namespace {
 
 Zo::Ptr<iMediaSource>& installedSource() {
   static Zo::Ptr<iMediaSource> source;
   return source;
-}
-
-bool sameIgnoringCase(std::wstring_view a, std::wstring_view b) {
-  if (a.size() != b.size())
-    return false;
-  for (std::size_t i = 0; i < a.size(); ++i)
-    if (std::towlower(a[i]) != std::towlower(b[i]))
-      return false;
-  return true;
 }
 
 } // namespace

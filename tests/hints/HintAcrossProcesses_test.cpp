@@ -1,12 +1,10 @@
 #include "HintWindowTestSupport.h"
+#include "support/ProcessOutput.h"
 
 #include <zowidgets/host/shell/Preferences.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <string>
-
-#include <sys/wait.h>
 
 #ifndef ZO_HINT_HELPER
 #error "the build names the helper program in ZO_HINT_HELPER"
@@ -19,15 +17,7 @@ namespace {
 std::string askAnotherProcess(std::filesystem::path const& folder, unsigned id) {
   std::string const command =
       "ZOWIDGETS_CONFIG_DIR='" + folder.string() + "' '" ZO_HINT_HELPER "' issued " + std::to_string(id);
-  FILE* pipe = ::popen(command.c_str(), "r");
-  if (!pipe)
-    return {};
-  std::string output;
-  char buffer[64];
-  while (std::size_t got = std::fread(buffer, 1, sizeof buffer, pipe))
-    output.append(buffer, got);
-  int const status = ::pclose(pipe);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? output : std::string();
+  return outputOfCommand(command);
 }
 
 TEST_F(HintWindowTest, OnlyAHintConfirmedWithOkIsAcknowledgedInTheNextProcess) {

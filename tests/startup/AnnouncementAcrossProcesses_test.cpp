@@ -1,14 +1,12 @@
 #include "startup/StartupTestSupport.h"
+#include "support/ProcessOutput.h"
 
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/startup/AnnouncementPanel.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <string>
-
-#include <sys/wait.h>
 
 #ifndef ZO_ANNOUNCEMENT_HELPER
 #error "the build names the helper program in ZO_ANNOUNCEMENT_HELPER"
@@ -21,15 +19,7 @@ namespace {
 std::string askAnotherProcess(std::filesystem::path const& folder, std::string const& id) {
   std::string const command =
       "ZOWIDGETS_CONFIG_DIR='" + folder.string() + "' '" ZO_ANNOUNCEMENT_HELPER "' read '" + id + "'";
-  FILE* pipe = ::popen(command.c_str(), "r");
-  if (!pipe)
-    return {};
-  std::string output;
-  char buffer[64];
-  while (std::size_t got = std::fread(buffer, 1, sizeof buffer, pipe))
-    output.append(buffer, got);
-  int const status = ::pclose(pipe);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? output : std::string();
+  return outputOfCommand(command);
 }
 
 using AnnouncementAcrossProcesses = StartupTest;

@@ -341,16 +341,8 @@ void FileBrowserBase::startReading(LightweightString<wchar_t> const& keepCurrent
   if (!reader_->readSome(kFirstSlice, all_))
     reader_.reset();
   applyFilters(keepCurrent);
-  if (reader_) {
-    unsigned const serial = readSerial_;
-    IdStamp const stamp = handlerStamp();
-    deferUnique(
-        [this, serial, stamp] {
-          if (EventHandler::valid(this, stamp) && serial == readSerial_)
-            readNextSlice();
-        },
-        LightweightString<char>(("FileBrowserBase read " + stamp.asString()).c_str()));
-  }
+  if (reader_)
+    scheduleNextSlice();
 }
 
 void FileBrowserBase::readNextSlice() {
@@ -362,16 +354,20 @@ void FileBrowserBase::readNextSlice() {
   if (!more)
     reader_.reset();
   applyFilters(current);
-  if (more) {
-    unsigned const serial = readSerial_;
-    IdStamp const stamp = handlerStamp();
-    deferUnique(
-        [this, serial, stamp] {
-          if (EventHandler::valid(this, stamp) && serial == readSerial_)
-            readNextSlice();
-        },
-        LightweightString<char>(("FileBrowserBase read " + stamp.asString()).c_str()));
-  }
+  if (more)
+    scheduleNextSlice();
+}
+
+void FileBrowserBase::scheduleNextSlice() {
+  // A folder shown since, or a browser gone, drops the slice.
+  unsigned const serial = readSerial_;
+  IdStamp const stamp = handlerStamp();
+  deferUnique(
+      [this, serial, stamp] {
+        if (EventHandler::valid(this, stamp) && serial == readSerial_)
+          readNextSlice();
+      },
+      LightweightString<char>(("FileBrowserBase read " + stamp.asString()).c_str()));
 }
 
 bool FileBrowserBase::isListed(FolderEntry const& entry) const {

@@ -132,6 +132,7 @@ private:
 
   void startReading(LightweightString<wchar_t> const& keepCurrent);
   void readNextSlice();
+  void scheduleNextSlice();
   void applyFilters(LightweightString<wchar_t> const& keepCurrent);
   void showError(LightweightString<wchar_t> const& message);
   void layout();
