@@ -1,6 +1,9 @@
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/WallpaperProvider.h>
+
+#include <mutex>
 
 namespace {
 // Every program starts on the headless screen until it installs another.
@@ -8,6 +11,24 @@ namespace {
                                              return std::make_unique<HeadlessScreen>();
                                            }),
                                            true);
+// The start-up wallpaper handed to the host, for a screen of `size`: made
+// once for each provider and size, as the provider makes a new picture at
+// each call; none while no provider is set.
+Zo::Image::Surface startupWallpaper(XY<int> size) {
+  static std::mutex mutex;
+  static Zo::Ptr<iWallpaperProvider> madeBy;
+  static XY<int> madeFor;
+  static Zo::Ptr<iOffscreenBuffer> made;
+  Zo::Ptr<iWallpaperProvider> const provider = getWallpaperProvider();
+  std::lock_guard lock(mutex);
+  if (provider != madeBy || size != madeFor) {
+    made = provider ? provider->load(size) : Zo::Ptr<iOffscreenBuffer>();
+    madeBy = provider;
+    madeFor = size;
+  }
+  return made ? made->surface() : Zo::Image::Surface();
+}
+
 } // namespace
 
 HeadlessScreen::HeadlessScreen(XY<int> size, double scale) : size_(size), scale_(scale) {}
@@ -17,6 +38,9 @@ Zo::Image::Surface HeadlessScreen::grab(Zo::Box<int> const& area) {
   if (out.empty())
     return out;
   out.fill(desktop_);
+  // While the program starts, its wallpaper lies behind the first windows.
+  if (Zo::Image::Surface const wallpaper = startupWallpaper(size_); !wallpaper.empty())
+    out.blit(wallpaper, -area.x0, area.y1 - size_.y);
   for (Canvas* canvas : Canvas::stack()) {
     if (!canvas->isMapped())
       continue;

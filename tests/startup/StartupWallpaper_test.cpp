@@ -1,6 +1,7 @@
 #include "startup/StartupTestSupport.h"
 
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/toolkit/WallpaperProvider.h>
 #include <zowidgets/host/widgets/panels/TabbedDialogue.h>
@@ -100,6 +101,25 @@ TEST_F(StartupWallpaperTest, TheHostAsksTheProviderItWasHanded) {
   ASSERT_TRUE(buffer);
   EXPECT_EQ(buffer->size(), XY<int>(100, 80));
   EXPECT_FALSE(loadStartupWallpaper(XY<int>(100, 100)));
+}
+
+TEST_F(StartupWallpaperTest, TheHeadlessScreenShowsTheWallpaperBehindTheFirstWindows) {
+  HeadlessScreen& desktop = headlessScreen();
+  XY<int> const size = desktop.screenSize();
+  Palette const palette = UifStd::getColourScheme();
+  std::uint32_t const bare = desktop.screenshot().pixel(size.x - 1, 0);
+  setWallpaperProvider(Zo::Ptr<iWallpaperProvider>(new StartupWallpaper(writePicture("logo.png", XY<int>(8, 8)))));
+  StandardPanel* window = openPanel(XY<int>(200, 100), XY<int>(size.x - 300, size.y - 200));
+  pump();
+  Zo::Image::Surface const shown = desktop.screenshot();
+  // The top band across the screen's top, where no window is.
+  EXPECT_TRUE(near(rgbOf(shown.pixel(size.x - 1, 0)), rgbOf(scale(palette.window(0), 0.8))));
+  EXPECT_NE(shown.pixel(size.x - 1, 0), bare);
+  // The window lies over it.
+  EXPECT_EQ(shown.pixel(size.x - 200, 150), widgetPixel(*window, XY<int>(100, 49)));
+  // Handed back, the desktop is bare again.
+  setWallpaperProvider({});
+  EXPECT_EQ(desktop.screenshot().pixel(size.x - 1, 0), bare);
 }
 
 TEST_F(StartupWallpaperTest, AWallpaperFromARealPicture) {
