@@ -67,6 +67,7 @@ bool FolderReader::readSome(std::size_t most, std::vector<FolderEntry>& into) {
       continue;
     FolderEntry& entry = into.emplace_back();
     entry.name = name;
+    entry.sortKey = naturalSortKey(name);
     describe(fd, *item, entry);
     ++n;
   }
@@ -126,7 +127,38 @@ int naturalCompare(std::string_view a, std::string_view b) noexcept {
   return a.compare(b) < 0 ? -1 : (a == b ? 0 : 1);
 }
 
+std::string naturalSortKey(std::string_view name) {
+  std::string key;
+  key.reserve(name.size() + 2);
+  std::size_t i = 0;
+  while (i < name.size()) {
+    if (!isDigit(name[i])) {
+      key += lower(name[i++]);
+      continue;
+    }
+    while (i < name.size() && name[i] == '0')
+      ++i;
+    std::size_t end = i;
+    while (end < name.size() && isDigit(name[end]))
+      ++end;
+    // The length's first byte is a digit, so a run meets other characters as
+    // its first digit would; runs of nine digits or more carry their whole
+    // length after it.
+    std::size_t const length = end - i;
+    key += static_cast<char>('0' + std::min<std::size_t>(length, 9));
+    if (length >= 9)
+      for (int shift = 56; shift >= 0; shift -= 8)
+        key += static_cast<char>((std::uint64_t(length) >> shift) & 0xff);
+    key.append(name.substr(i, length));
+    i = end;
+  }
+  return key;
+}
+
 void sortFolderEntries(std::vector<FolderEntry>& entries, FolderSortKey key, bool ascending) {
+  for (FolderEntry& entry : entries)
+    if (entry.sortKey.empty() && !entry.name.empty())
+      entry.sortKey = naturalSortKey(entry.name);
   auto byKey = [key](FolderEntry const& a, FolderEntry const& b) {
     switch (key) {
     case FolderSortKey::kSize:
@@ -140,7 +172,9 @@ void sortFolderEntries(std::vector<FolderEntry>& entries, FolderSortKey key, boo
     case FolderSortKey::kName:
       break;
     }
-    return naturalCompare(a.name, b.name);
+    if (int const natural = a.sortKey.compare(b.sortKey))
+      return natural < 0 ? -1 : 1;
+    return a.name.compare(b.name) < 0 ? -1 : (a.name == b.name ? 0 : 1);
   };
   std::sort(entries.begin(), entries.end(), [&](FolderEntry const& a, FolderEntry const& b) {
     if (a.isFolder != b.isFolder)

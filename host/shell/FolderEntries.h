@@ -20,6 +20,9 @@ struct ZO_API FolderEntry {
   bool isBrokenLink = false;
   std::uint64_t size = 0;
   std::int64_t modified = 0; // seconds since the epoch
+  // naturalSortKey(name), made when the entry is read (or first sorted), so
+  // that sorting compares plain bytes.
+  std::string sortKey;
 
   bool isHidden() const noexcept { return !name.empty() && name[0] == '.'; }
   // The text after the last dot, without it; empty for "README" and ".bashrc".
@@ -55,6 +58,10 @@ ZO_API std::vector<FolderEntry> readFolderEntries(std::string const& folder, int
 // "file2" < "file10"; letters compare without case. Equal under those rules,
 // the bytes decide, so the order is total. Negative, zero or positive.
 ZO_API int naturalCompare(std::string_view a, std::string_view b) noexcept;
+// Bytes that order as naturalCompare does, byte by byte: letters in lower
+// case, and each run of digits as its length (without leading zeros) then
+// its digits. Equal keys leave the order to the names' bytes.
+ZO_API std::string naturalSortKey(std::string_view name);
 
 // What a listing is ordered by. Folders always come before files.
 enum class FolderSortKey : int { kName = 0, kSize = 1, kModified = 2 };

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <random>
 #include <sys/stat.h>
 
 namespace {
@@ -38,6 +39,44 @@ TEST(NaturalOrder, IgnoresCaseAndLeadingZerosButStaysTotal) {
   EXPECT_NE(naturalCompare("file007", "file7"), 0);
   EXPECT_LT(naturalCompare("file007", "file8"), 0);
   EXPECT_LT(naturalCompare("file", "file1"), 0);
+}
+
+int sign(int value) { return (value > 0) - (value < 0); }
+
+// The key and then the bytes, as a sort compares two entries.
+int orderByKeys(std::string const& a, std::string const& b) {
+  if (int const byKey = naturalSortKey(a).compare(naturalSortKey(b)))
+    return sign(byKey);
+  return sign(a.compare(b));
+}
+
+TEST(NaturalOrder, SortKeysOrderAsTheComparisonDoes) {
+  // Names built from pieces that meet every rule: case, leading zeros, runs
+  // of digits of every length (some of nine and more), and characters below
+  // and above the digits.
+  std::vector<std::string> const pieces = {"a",          "B",  "z", "0", "00", "007", "1", "9",
+                                           "10",         "99", "-", "/", ":",  ".",   " ", "123456789",
+                                           "1234567890", "~",  "é", "_", "Z",  "000", "5", "42"};
+  std::mt19937 random(20261126);
+  auto name = [&] {
+    std::string made;
+    int const length = static_cast<int>(random() % 6);
+    for (int i = 0; i < length; ++i)
+      made += pieces[random() % pieces.size()];
+    return made;
+  };
+  for (int round = 0; round < 20000; ++round) {
+    std::string const a = name();
+    std::string const b = name();
+    ASSERT_EQ(orderByKeys(a, b), sign(naturalCompare(a, b))) << '"' << a << "\" against \"" << b << '"';
+  }
+}
+
+TEST(NaturalOrder, SortKeysCountLongRunsByTheirLength) {
+  EXPECT_LT(orderByKeys("take 999999999", "take 1000000000"), 0);
+  EXPECT_LT(orderByKeys("take 1000000000", "take 10000000000"), 0);
+  EXPECT_LT(orderByKeys("take 99", "take 123456789"), 0);
+  EXPECT_LT(orderByKeys("file2", "file10"), 0);
 }
 
 TEST(FolderSorting, FoldersComeFirstForEveryKeyAndDirection) {
