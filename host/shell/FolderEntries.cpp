@@ -176,10 +176,22 @@ void sortFolderEntries(std::vector<FolderEntry>& entries, FolderSortKey key, boo
       return natural < 0 ? -1 : 1;
     return a.name.compare(b.name) < 0 ? -1 : (a.name == b.name ? 0 : 1);
   };
-  std::sort(entries.begin(), entries.end(), [&](FolderEntry const& a, FolderEntry const& b) {
+  // Entries are large (a name, a key and their details): sorting their
+  // places and moving each entry once costs less than swapping entries.
+  std::vector<std::uint32_t> order(entries.size());
+  for (std::uint32_t i = 0; i < order.size(); ++i)
+    order[i] = i;
+  std::sort(order.begin(), order.end(), [&](std::uint32_t x, std::uint32_t y) {
+    FolderEntry const& a = entries[x];
+    FolderEntry const& b = entries[y];
     if (a.isFolder != b.isFolder)
       return a.isFolder;
-    int const order = byKey(a, b);
-    return ascending ? order < 0 : order > 0;
+    int const sign = byKey(a, b);
+    return ascending ? sign < 0 : sign > 0;
   });
+  std::vector<FolderEntry> sorted;
+  sorted.reserve(entries.size());
+  for (std::uint32_t i : order)
+    sorted.push_back(std::move(entries[i]));
+  entries = std::move(sorted);
 }

@@ -31,6 +31,8 @@ protected:
 
 VirtualRowsBase::VirtualRowsBase(InitArgs const& args, int rowHeight)
     : StandardPanel(args), rowHeight_(std::max(rowHeight, 1)) {
+  // The panel's own background fills it, so what lies behind never shows.
+  setPaintsOpaquely(true);
   view_ = addChild(new RowsView(GlobCreationInfo()), UserTopLeft(0, 0));
   scrollBar_ = createChild<ScrollBar>(ScrollBar::InitArgs(), UserTopRight(0, 0));
   setCanBeIt(true);
