@@ -4,7 +4,6 @@
 #include <zowidgets/host/shell/detail/WatcherThread.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <fcntl.h>
 #include <fstream>
 #include <poll.h>
@@ -122,23 +121,15 @@ void DiskManager::watchMountTable() {
   if (watch_->tableFd < 0 || watch_->stopFd < 0)
     return;
   watch_->thread = std::thread([tableFd = watch_->tableFd, stopFd = watch_->stopFd] {
-    for (;;) {
-      pollfd fds[2] = {{tableFd, POLLPRI, 0}, {stopFd, POLLIN, 0}};
-      if (poll(fds, 2, -1) < 0) {
-        if (errno == EINTR)
-          continue;
-        return;
+    while (short const happened = Zo::detail::waitForWatchedFd(tableFd, POLLPRI, stopFd)) {
+      if (!(happened & (POLLPRI | POLLERR)))
+        continue;
+      // Rewind, or the kernel reports the same change again at once.
+      char scratch[4096];
+      ::lseek(tableFd, 0, SEEK_SET);
+      while (::read(tableFd, scratch, sizeof scratch) > 0) {
       }
-      if (fds[1].revents != 0)
-        return;
-      if (fds[0].revents & (POLLPRI | POLLERR)) {
-        // Rewind, or the kernel reports the same change again at once.
-        char scratch[4096];
-        ::lseek(tableFd, 0, SEEK_SET);
-        while (::read(tableFd, scratch, sizeof scratch) > 0) {
-        }
-        deferUnique([] { DiskManager::instance().refresh(); }, "DiskManager refresh");
-      }
+      deferUnique([] { DiskManager::instance().refresh(); }, "DiskManager refresh");
     }
   });
 }

@@ -4,7 +4,6 @@
 #include <zowidgets/host/shell/detail/WatcherThread.h>
 
 #include <atomic>
-#include <cerrno>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/inotify.h>
@@ -49,15 +48,7 @@ FolderWatcher::~FolderWatcher() {
 void FolderWatcher::watch() {
   std::shared_ptr<Shared> const shared = shared_;
   alignas(inotify_event) char buffer[4096];
-  for (;;) {
-    pollfd fds[2] = {{inotifyFd_, POLLIN, 0}, {stopFd_, POLLIN, 0}};
-    if (poll(fds, 2, -1) < 0) {
-      if (errno == EINTR)
-        continue;
-      return;
-    }
-    if (fds[1].revents != 0)
-      return;
+  while (Zo::detail::waitForWatchedFd(inotifyFd_, POLLIN, stopFd_)) {
     bool any = false;
     while (::read(inotifyFd_, buffer, sizeof buffer) > 0)
       any = true;

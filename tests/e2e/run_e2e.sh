@@ -180,6 +180,19 @@ widget_reading() {
     fi
   done
 }
+# The text of the first label whose text starts with TEXT; nothing if none.
+label_starting() {
+  local index reply
+  for index in $(seq 0 20); do
+    reply=$(ask "widget TextLabel $index")
+    grep -q '"error"' <<<"$reply" && return 0
+    case "$(text "$reply")" in "$1"*)
+      text "$reply"
+      return 0
+      ;;
+    esac
+  done
+}
 # Clicks the middle of the CLASS widget whose text is TEXT.
 click_reading() {
   local reply x y
@@ -1010,18 +1023,6 @@ editor)
   # The editor page: track buttons in a timeline head, an angle dial with
   # its reading below, and the Trim gesture button; the wrapped status line
   # says what a track or a gesture did.
-  label_starting() {
-    local index reply
-    for index in $(seq 0 20); do
-      reply=$(ask "widget TextLabel $index")
-      grep -q '"error"' <<<"$reply" && return 0
-      case "$(text "$reply")" in "$1"*)
-        text "$reply"
-        return 0
-        ;;
-      esac
-    done
-  }
   # The first track's lower edge dragged down 20 pixels: the head gives it
   # the height the drag asked for.
   read -r x y w h <<<"$(box "$(widget_reading TrackButton V1)" box)"
@@ -1084,18 +1085,6 @@ export)
     read -r x y w h <<<"$(box "$(ask "widget $1 0")" box)"
     xdotool mousemove $((x + w - h)) $((y + h / 2)) click 1
     sleep 0.4
-  }
-  label_starting() {
-    local index reply
-    for index in $(seq 0 20); do
-      reply=$(ask "widget TextLabel $index")
-      grep -q '"error"' <<<"$reply" && return 0
-      case "$(text "$reply")" in "$1"*)
-        text "$reply"
-        return 0
-        ;;
-      esac
-    done
   }
   read -r x y <<<"$(centre "$(ask 'widget FileFormatButton 0')" box)"
   xdotool mousemove "$x" "$y" click 1

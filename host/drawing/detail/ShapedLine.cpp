@@ -47,11 +47,14 @@ bool hasColourGlyphs(PangoFont* font) {
 }
 
 ShapedLine::ShapedLine(ShapedLine&& other) noexcept
-    : font_(std::exchange(other.font_, nullptr)), glyphs_(std::exchange(other.glyphs_, nullptr)) {}
+    : font_(std::exchange(other.font_, nullptr)), glyphs_(std::exchange(other.glyphs_, nullptr)), ink_(other.ink_),
+      logical_(other.logical_) {}
 
 ShapedLine& ShapedLine::operator=(ShapedLine&& other) noexcept {
   std::swap(font_, other.font_);
   std::swap(glyphs_, other.glyphs_);
+  std::swap(ink_, other.ink_);
+  std::swap(logical_, other.logical_);
   return *this;
 }
 
@@ -81,29 +84,24 @@ ShapedLine ShapedLine::shape(PangoContext* context, PangoFont* font, Lightweight
   line.glyphs_ = pango_glyph_string_new();
   pango_shape_with_flags(utf8.c_str(), length, utf8.c_str(), length, &analysis, line.glyphs_, PANGO_SHAPE_NONE);
   line.font_ = PANGO_FONT(g_object_ref(font));
+  pango_glyph_string_extents(line.glyphs_, font, &line.ink_, &line.logical_);
   return line;
 }
 
 PangoRectangle ShapedLine::logical() const {
-  PangoRectangle logical;
-  pango_glyph_string_extents(glyphs_, font_, nullptr, &logical);
+  PangoRectangle logical = logical_;
   logical.y += baseline();
   return logical;
 }
 
 PangoRectangle ShapedLine::inkPixels() const {
-  PangoRectangle ink;
-  pango_glyph_string_extents(glyphs_, font_, &ink, nullptr);
+  PangoRectangle ink = ink_;
   ink.y += baseline();
   pango_extents_to_pixels(&ink, nullptr);
   return ink;
 }
 
-int ShapedLine::baseline() const {
-  PangoRectangle logical;
-  pango_glyph_string_extents(glyphs_, font_, nullptr, &logical);
-  return -logical.y;
-}
+int ShapedLine::baseline() const { return -logical_.y; }
 
 void ShapedLine::show(cairo_t* context) const {
   cairo_rel_move_to(context, 0.0, double(baseline()) / PANGO_SCALE);

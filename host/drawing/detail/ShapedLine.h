@@ -43,6 +43,9 @@ public:
 private:
   PangoFont* font_ = nullptr;
   PangoGlyphString* glyphs_ = nullptr;
+  // The glyphs' boxes from their baseline origin, measured once.
+  PangoRectangle ink_{};
+  PangoRectangle logical_{};
 };
 
 // Colour bitmaps, colour layers or SVG glyphs, as emoji fonts have them.

@@ -5,6 +5,7 @@
 #include <zowidgets/host/drawing/TextLayout.h>
 
 #include "host/drawing/DrawingTestSupport.h"
+#include "host/drawing/PangoReference.h"
 
 #include <gtest/gtest.h>
 #include <pango/pangocairo.h>
@@ -30,15 +31,8 @@ void drawWithPango(Zo::Image::Surface& target, Glib::TextRun const& run, Colour 
   cairo_surface_t* surface = cairo_image_surface_create_for_data(target.data(), CAIRO_FORMAT_ARGB32, target.width(),
                                                                  target.height(), target.stride());
   cairo_t* context = cairo_create(surface);
-  PangoFontMap* fontMap = pango_cairo_font_map_new();
-  PangoContext* pango = pango_font_map_create_context(fontMap);
-  cairo_font_options_t* options = cairo_font_options_create();
-  cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
-  cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
-  cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
-  pango_cairo_context_set_font_options(pango, options);
-  pango_context_set_round_glyph_positions(pango, FALSE);
-  PangoLayout* layout = pango_layout_new(pango);
+  PangoSetUp const pango;
+  PangoLayout* layout = pango_layout_new(pango.context());
   PangoFontDescription* font = pango_font_description_from_string("DejaVu Sans");
   pango_font_description_set_absolute_size(font, run.font.size() * PANGO_SCALE);
   pango_layout_set_font_description(layout, font);
@@ -53,9 +47,6 @@ void drawWithPango(Zo::Image::Surface& target, Glib::TextRun const& run, Colour 
   pango_cairo_show_layout(context, layout);
   pango_font_description_free(font);
   g_object_unref(layout);
-  cairo_font_options_destroy(options);
-  g_object_unref(pango);
-  g_object_unref(fontMap);
   cairo_destroy(context);
   cairo_surface_destroy(surface);
 }
