@@ -105,7 +105,9 @@ void AnnouncementTestPanel::test() {
                                L"AnnouncementTest", L"once");
   AnnouncementPanel::InitArgs args(message);
   XY<int> const here = screenPosition();
-  args.screenPosition = XY<int>(here.x + width() + UifStd::getRowHeight(), here.y);
+  // One row to the right, moved back onto the screen where it would leave it.
+  args.screenPosition =
+      GlobManager::getSafePosForGlob(canvas(), args.size, XY<int>(here.x + width() + UifStd::getRowHeight(), here.y));
   last_ = new AnnouncementPanel(args);
   lastStamp_ = EventHandler::stampOf(last_);
   GlobManager::realize(last_);

@@ -66,8 +66,10 @@ Glob* buildStartupPage(PageContext const& context) {
 
   Button::InitArgs tryArgs(UIString(L"Announcements Test\u2026"), XY<int>(m.row * 9, m.row));
   auto* tryButton = panel->createWidget<Button>(tryArgs, Glob::Below(m.gap, shown));
-  tryButton->setCallback(Broadcaster<ButtonEvent>::makeCallback(
-      [](ButtonEvent const&) { CommandMap::callCommand(AnnouncementTestPanel::kCommand); }));
+  // The tool opens beside the page, the command's origin.
+  tryButton->setCallback(Broadcaster<ButtonEvent>::makeCallback([panel](ButtonEvent const&) {
+    CommandMap::callCommand(AnnouncementTestPanel::kCommand, Cmd::Context{panel, {}});
+  }));
 
   if (Canvas* canvas = panel->canvas()) {
     Zo::Box<int> const page = canvas->screenBox();

@@ -1,5 +1,6 @@
 #include "startup/StartupTestSupport.h"
 
+#include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
@@ -93,9 +94,26 @@ TEST_F(AnnouncementTestPanelTest, TestOpensTheAnnouncementOneRowToTheRightAndRep
   EXPECT_EQ(announcements, 1);
 }
 
+TEST_F(AnnouncementTestPanelTest, AnAnnouncementThatWouldLeaveTheScreenIsMovedBackOntoIt) {
+  GlobManager::requestDeletion(panel);
+  pump();
+  XY<int> const screen = headlessScreen().screenSize();
+  Glob::setupRootPos(nullptr, XY<int>(screen.x - AnnouncementTestPanel::calcSize().x - 10, 100));
+  panel = AnnouncementTestPanel::open();
+  pump();
+  describe("<p>Near the edge</p>");
+  HeadlessInput::clickOn(panel->testButton());
+  pump();
+  AnnouncementPanel* shown = panel->lastAnnouncement();
+  ASSERT_NE(shown, nullptr);
+  EXPECT_LE(shown->screenPosition().x + shown->width(), screen.x);
+  EXPECT_GE(shown->screenPosition().x, 0);
+}
+
 TEST_F(AnnouncementTestPanelTest, TheImageChooserOffersPicturesAndRemembersTheirFolder) {
   FileBrowserButton& chooser = panel->imageButton().getButton();
   EXPECT_EQ(panel->imageButton().getLegend().getString(), WString(L"Image"));
+  EXPECT_EQ(chooser.getLabel(), WString(L"Choose an Image"));
   WString const picture = writePicture("chosen.png", XY<int>(40, 30));
   chooser.broadcast(FileBrowserEvent{FileBrowserEvent::kFileChosen, picture, nullptr});
   EXPECT_EQ(prefs().getPreference(AnnouncementTestPanel::kFolderPreference, WString()),

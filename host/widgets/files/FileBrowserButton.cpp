@@ -18,7 +18,8 @@ LightweightString<wchar_t> lastPart(LightweightString<wchar_t> const& path) {
 } // namespace
 
 FileBrowserButton::FileBrowserButton(InitArgs const& args)
-    : Button(args), browserArgs_(args.browser), chooseFolder_(args.chooseFolder) {
+    : Button(args), browserArgs_(args.browser), chooseFolder_(args.chooseFolder),
+      unchosenLabel_(args.label.getString().empty() ? UIString(L"Choose\u2026") : args.label) {
   LightweightString<wchar_t> const first = !args.path.empty() ? args.path
                                            : chooseFolder_    ? args.browser.folder
                                                               : LightweightString<wchar_t>();
@@ -27,7 +28,7 @@ FileBrowserButton::FileBrowserButton(InitArgs const& args)
 
 void FileBrowserButton::setPath(LightweightString<wchar_t> const& path, eRedrawFlag redraw) {
   path_ = path;
-  setLabel(UIString(path.empty() ? LightweightString<wchar_t>(L"Choose\u2026") : lastPart(path)), redraw);
+  setLabel(path.empty() ? unchosenLabel_ : UIString(lastPart(path)), redraw);
   setContextString(TooltipDetails(UIString(path)));
 }
 

@@ -23,6 +23,8 @@ public:
     FileBrowserBase::InitArgs browser;
     bool chooseFolder = false;
     LightweightString<wchar_t> path; // the file or folder shown at first
+    // The button's label (Button::InitArgs::label) is what it shows while
+    // nothing is chosen; "Choose…" when it has none.
   };
 
   explicit FileBrowserButton(InitArgs const& args);
@@ -42,6 +44,7 @@ private:
   FileBrowserBase::InitArgs browserArgs_;
   bool chooseFolder_ = false;
   LightweightString<wchar_t> path_;
+  UIString unchosenLabel_;
   FileChooserWindow* chooser_ = nullptr;
   IdStamp chooserStamp_;
 };

@@ -395,9 +395,21 @@ void MultiLineTextBox::draw(CanvasRenderer& renderer) {
   bool const focused = hasKbdFocus();
   std::vector<Line> const& lines = displayLines();
   std::wstring const& text = editor_.text();
-  if (text.empty() && !ghostLabel_.empty())
-    renderer.renderPrimitive(Glib::TextDescription(
-        ghostLabel_.getString(), XY<double>(area.x0, lineTop(0) - baselineOffset), font, palette.text(-8)));
+  if (text.empty() && !ghostLabel_.empty()) {
+    LightweightString<wchar_t> const ghost = ghostLabel_.getString();
+    Glib::TextDescription line(ghost, XY<double>(area.x0, lineTop(0) - baselineOffset), font, palette.text(-8));
+    if (Glib::TextLayout::measure(ghost, font).width <= area.width()) {
+      renderer.renderPrimitive(line);
+    } else {
+      // A ghost text wider than the box wraps, its first line where typed
+      // text would start.
+      double const top = lineTop(0) - std::round((height - metrics.lineHeight) / 2.0);
+      Glib::TextDescription wrapped(ghost, Zo::Box<double>(area.x0, area.y0, area.x1, top), font, palette.text(-8));
+      wrapped.wordWrap = true;
+      wrapped.verticalAlignment = Glib::eTextVerticalAlignment::Top;
+      renderer.renderPrimitive(wrapped);
+    }
+  }
   int const last = std::min(firstVisibleLine() + visibleLineCount() + 1, static_cast<int>(lines.size()));
   for (int line = firstVisibleLine(); line < last; ++line) {
     Line const& span = lines[static_cast<std::size_t>(line)];

@@ -319,3 +319,36 @@ TEST_F(LinkAwareTest, TheWheelScrollsLongText) {
   HeadlessInput::wheel(HeadlessInput::pointOn(*box), -3);
   EXPECT_EQ(box->firstVisibleLine(), 3);
 }
+
+namespace {
+
+// Pixels of the box's line `line` (its band across the text area) that are
+// not its background: ink drawn there.
+struct GhostTextTest : MultiLineTextBoxTest {
+  int inkOnLine(MultiLineTextBox const& box, int line) {
+    int const margin = box.getMargins();
+    int const top = box.height() - margin - line * box.lineHeight();
+    std::uint32_t const background = widgetPixel(box, XY<int>(box.width() - margin - 2, margin + 1));
+    int ink = 0;
+    for (int y = top - box.lineHeight() + 1; y < top; ++y)
+      for (int x = margin; x < box.width() - margin - 2; ++x)
+        ink += widgetPixel(box, XY<int>(x, y)) != background ? 1 : 0;
+    return ink;
+  }
+};
+
+TEST_F(GhostTextTest, AGhostTextWiderThanTheBoxWrapsOntoTheNextLine) {
+  box->setGhostLabel(UIString(L"Ghost"));
+  box->invalidate();
+  pump();
+  EXPECT_GT(inkOnLine(*box, 0), 0);
+  EXPECT_EQ(inkOnLine(*box, 1), 0);
+  box->setGhostLabel(UIString(L"Enter a description enclosed in HTML tags, or a URL that starts with http, "
+                              L"and the rest of a long explanation"));
+  box->invalidate();
+  pump();
+  EXPECT_GT(inkOnLine(*box, 0), 0);
+  EXPECT_GT(inkOnLine(*box, 1), 0);
+}
+
+} // namespace
