@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <string>
+#include <sys/wait.h>
+
 namespace {
 
 struct DiskManagerTest : ::testing::Test {
@@ -86,3 +90,21 @@ TEST_F(DiskManagerTest, WithoutTheRealDrivesOnlyInjectedOnesAreListed) {
 }
 
 } // namespace
+
+// A real mount and unmount, made by a second process in a mount namespace of
+// its own so the machine's drives are left alone: its drive list hears both
+// through the kernel's notice on the mount table, not through injection.
+TEST(DiskManagerRealMount, AFileSystemMountedAndRemovedIsToldToListeners) {
+  FILE* pipe = ::popen(ZO_MOUNT_WATCH_HELPER, "r");
+  ASSERT_NE(pipe, nullptr);
+  std::string output;
+  char buffer[128];
+  while (std::size_t got = std::fread(buffer, 1, sizeof buffer, pipe))
+    output.append(buffer, got);
+  int const status = ::pclose(pipe);
+  ASSERT_TRUE(WIFEXITED(status)) << output;
+  if (WEXITSTATUS(status) == 77)
+    GTEST_SKIP() << "this machine does not let a test make a mount namespace (needs root): " << output;
+  EXPECT_EQ(WEXITSTATUS(status), 0) << output;
+  EXPECT_EQ(output, "mounted heard\nremoved heard\n");
+}

@@ -81,10 +81,10 @@ TEST(NaturalOrder, SortKeysCountLongRunsByTheirLength) {
 
 TEST(FolderSorting, FoldersComeFirstForEveryKeyAndDirection) {
   std::vector<FolderEntry> entries(4);
-  entries[0] = {"b.txt", false, false, false, 50, 3};
-  entries[1] = {"zed", true, false, false, 0, 1};
-  entries[2] = {"a.txt", false, false, false, 900, 2};
-  entries[3] = {"alpha", true, false, false, 0, 4};
+  entries[0] = {"b.txt", false, false, false, 50, 3, {}};
+  entries[1] = {"zed", true, false, false, 0, 1, {}};
+  entries[2] = {"a.txt", false, false, false, 900, 2, {}};
+  entries[3] = {"alpha", true, false, false, 0, 4, {}};
   sortFolderEntries(entries, FolderSortKey::kName, true);
   EXPECT_EQ(namesOf(entries), (std::vector<std::string>{"alpha", "zed", "a.txt", "b.txt"}));
   sortFolderEntries(entries, FolderSortKey::kName, false);
@@ -118,10 +118,13 @@ TEST(FolderReading, ListsNamesWithSpacesUtf8AndNoExtensionWithTheirSizes) {
 }
 
 TEST(FolderReading, AHiddenNameIsMarkedAndADotFileHasNoExtension) {
-  FolderEntry entry{".bashrc"};
+  FolderEntry entry;
+  entry.name = ".bashrc";
   EXPECT_TRUE(entry.isHidden());
   EXPECT_EQ(entry.extension(), "");
-  EXPECT_FALSE(FolderEntry{"clip.mov"}.isHidden());
+  FolderEntry clip;
+  clip.name = "clip.mov";
+  EXPECT_FALSE(clip.isHidden());
 }
 
 TEST(FolderReading, ALinkLoopIsListedAsABrokenLinkNeverAsAFolder) {
