@@ -1,11 +1,13 @@
 // Building the compression widget for the encoder with the most options of
 // the system's codec libraries: the options made into parameters, their rows
 // built and laid out under the format button, and then the first paint; per
-// row, so it stands beside the builder's own per-row figures.
+// row, so it stands beside the builder's own per-row figures and beside the
+// same rows built by the panel builder alone.
 //
 // After timing, the widget is checked: one row per parameter, and its height
 // that of the rows; for the paint, the panel painted once.
 
+#include <zowidgets/builder/UIBuilder.h>
 #include <zowidgets/export/CompressionWidget.h>
 #include <zowidgets/export/FileWriterInfo.h>
 #include <zowidgets/host/events/MessageQueue.h>
@@ -118,11 +120,63 @@ void zoCompressionOptionsToParams(benchmark::State& state) {
     state.SkipWithError("an option was not made into a parameter");
 }
 
+// The same encoder's rows built by the panel builder alone, on a plain
+// panel, with the parameters made before timing as the builder's own
+// benchmark does: the same kinds of rows, so the compression widget's cost
+// per row stands beside what those rows cost anywhere.
+void timePlainRows(benchmark::State& state, bool paint) {
+  useHeadlessScreen();
+  Zo::Ptr<iMediaSource> libav = makeLibavMediaSource();
+  if (!libav) {
+    state.SkipWithError("built without the codec libraries");
+    return;
+  }
+  Zo::MediaWriters::setSource(libav);
+  Encoder const encoder = richestEncoder();
+  VideoCompressionInfo const info(kShot, CompressionFormat(encoder.format));
+  int const width = 18 * UifStd::getRowHeight();
+  int const height = static_cast<int>(encoder.options + 2) * (UifStd::getRowHeight() + UifStd::getRowGap());
+  bool ok = true;
+  for (auto _ : state) {
+    state.PauseTiming();
+    GenericParam::ParamList const params = Zo::FileWriterInfo::getEncodeOptions(encoder.fileType, info);
+    state.ResumeTiming();
+    StandardPanel* panel = nullptr;
+    Zo::Ptr<UIBuilder::Params> built;
+    {
+      Drawable::Suspender oneRedraw;
+      StandardPanel::InitArgs args(
+          StandardPanel::calcPanelSize(XY<int>(width, height), 0, StandardPanel::getDefaultBorder()));
+      args.screenPosition = XY<int>(0, 0);
+      panel = new StandardPanel(args);
+      built = UIBuilder::build(params, panel, 0);
+      if (paint)
+        GlobManager::realize(panel);
+    }
+    benchmark::DoNotOptimize(built.get());
+    state.PauseTiming();
+    ok = ok && built->getWidgets().size() == encoder.options &&
+         (!paint || (panel->canvas() && panel->canvas()->paintCount() == 1));
+    built.reset();
+    GlobManager::requestDeletion(panel);
+    MessageLoop::runPending();
+    state.ResumeTiming();
+  }
+  Zo::MediaWriters::setSource(nullptr);
+  state.counters["rows"] = static_cast<double>(encoder.options);
+  if (!ok)
+    state.SkipWithError("the options were not all built into rows");
+}
+
 void zoCompressionPanelBuild(benchmark::State& state) { timeCompressionPanel(state, false); }
 void zoCompressionPanelFirstPaint(benchmark::State& state) { timeCompressionPanel(state, true); }
+void zoCompressionRowsPlainBuild(benchmark::State& state) { timePlainRows(state, false); }
+void zoCompressionRowsPlainFirstPaint(benchmark::State& state) { timePlainRows(state, true); }
 
 } // namespace
 
 BENCHMARK(zoCompressionOptionsToParams)->Unit(benchmark::kMicrosecond);
 BENCHMARK(zoCompressionPanelBuild)->Unit(benchmark::kMicrosecond);
 BENCHMARK(zoCompressionPanelFirstPaint)->Unit(benchmark::kMicrosecond);
+BENCHMARK(zoCompressionRowsPlainBuild)->Unit(benchmark::kMicrosecond);
+BENCHMARK(zoCompressionRowsPlainFirstPaint)->Unit(benchmark::kMicrosecond);

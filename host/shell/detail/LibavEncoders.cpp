@@ -9,6 +9,7 @@ extern "C" {
 
 #include <cstdint>
 #include <cstring>
+#include <unordered_map>
 
 namespace LibavEncoders {
 
@@ -34,13 +35,40 @@ bool accepts(Container const& container, AVCodec const& codec) {
          avformat_query_codec(muxer, codec.id, FF_COMPLIANCE_NORMAL) == 1;
 }
 
+namespace {
+
+// The library's codec list is fixed for the life of the process, and menus
+// ask for names and encoders many times per panel: walk it once.
+struct EncoderIndex {
+  std::unordered_map<std::int32_t, AVCodec const*> byFormat;
+  std::vector<std::vector<AVCodec const*>> byContainer;
+
+  EncoderIndex() : byContainer(containers().size()) {
+    void* iterator = nullptr;
+    while (AVCodec const* codec = av_codec_iterate(&iterator)) {
+      if (!av_codec_is_encoder(codec) || codec->type != AVMEDIA_TYPE_VIDEO)
+        continue;
+      byFormat.emplace(formatOf(*codec).raw(), codec);
+      for (std::size_t i = 0; i < containers().size(); ++i)
+        if (accepts(containers()[i], *codec))
+          byContainer[i].push_back(codec);
+    }
+  }
+
+  static EncoderIndex const& instance() {
+    static EncoderIndex const index;
+    return index;
+  }
+};
+
+} // namespace
+
 std::vector<AVCodec const*> encodersFor(Container const& container) {
-  std::vector<AVCodec const*> encoders;
-  void* iterator = nullptr;
-  while (AVCodec const* codec = av_codec_iterate(&iterator))
-    if (accepts(container, *codec))
-      encoders.push_back(codec);
-  return encoders;
+  auto const& byContainer = EncoderIndex::instance().byContainer;
+  for (std::size_t i = 0; i < containers().size(); ++i)
+    if (std::strcmp(containers()[i].id, container.id) == 0)
+      return byContainer[i];
+  return {};
 }
 
 Zo::Image::Format formatOf(AVCodec const& codec) {
@@ -52,11 +80,9 @@ Zo::Image::Format formatOf(AVCodec const& codec) {
 }
 
 AVCodec const* findEncoder(Zo::Image::Format format) {
-  void* iterator = nullptr;
-  while (AVCodec const* codec = av_codec_iterate(&iterator))
-    if (av_codec_is_encoder(codec) && codec->type == AVMEDIA_TYPE_VIDEO && formatOf(*codec) == format)
-      return codec;
-  return nullptr;
+  auto const& byFormat = EncoderIndex::instance().byFormat;
+  auto const found = byFormat.find(format.raw());
+  return found == byFormat.end() ? nullptr : found->second;
 }
 
 LightweightString<wchar_t> nameOf(AVCodec const& codec) { return LightweightString<wchar_t>::fromUTF8(codec.name); }

@@ -16,9 +16,11 @@ extern "C" {
 #include <cstdio>
 #include <cstring>
 #include <map>
+#include <mutex>
 #include <optional>
 #include <set>
 #include <string>
+#include <unordered_map>
 
 namespace LibavOptions {
 namespace {
@@ -155,7 +157,9 @@ bool wanted(AVOption const& option) {
 
 } // namespace
 
-std::vector<Row> rowsFor(AVCodec const& codec) {
+namespace {
+
+std::vector<Row> readRows(AVCodec const& codec) {
   std::vector<Row> rows;
   std::set<std::string> names;
   std::vector<AVOption const*> const general = optionsOf(avcodec_get_class());
@@ -170,6 +174,20 @@ std::vector<Row> rowsFor(AVCodec const& codec) {
         addOption(*option, own, rows);
   }
   return rows;
+}
+
+} // namespace
+
+std::vector<Row> const& rowsFor(AVCodec const& codec) {
+  // An encoder's options are fixed for the life of the process; each panel
+  // of that encoder reads them from here.
+  static std::mutex mutex;
+  static std::unordered_map<AVCodec const*, std::vector<Row>> rowsByCodec;
+  std::lock_guard lock(mutex);
+  auto const [place, isNew] = rowsByCodec.try_emplace(&codec);
+  if (isNew)
+    place->second = readRows(codec);
+  return place->second;
 }
 
 MediaOptions optionsOf(std::vector<Row> const& rows) {

@@ -24,8 +24,9 @@ struct Row {
 };
 
 // The encoder's own options and the few general ones every video encoder
-// reads (bit rate, key frame interval, B-frames, quantiser limits).
-std::vector<Row> rowsFor(AVCodec const& codec);
+// reads (bit rate, key frame interval, B-frames, quantiser limits). Read
+// once per encoder; the list lives as long as the process.
+std::vector<Row> const& rowsFor(AVCodec const& codec);
 MediaOptions optionsOf(std::vector<Row> const& rows);
 // The values in `state` that differ from their option's default, as the
 // encoder is to be opened with them.
