@@ -6,7 +6,6 @@
 #include <zowidgets/host/drawing/detail/ImageDecoders.h>
 
 #include <fstream>
-#include <iterator>
 #include <new>
 
 namespace ZoImage {
@@ -38,12 +37,13 @@ void logFailure(std::string_view name, std::string_view why) {
 
 std::string narrow(LightweightString<wchar_t> const& path) { return path.toUTF8().str(); }
 
-Zo::Image::Surface decodeFormat(detail::Format format, std::string_view bytes, XY<int> fitWithin, std::string& error) {
+Zo::Image::Surface decodeFormat(detail::Format format, std::string_view bytes, XY<int> fitWithin, XY<int>& fullSize,
+                                std::string& error) {
   switch (format) {
   case detail::Format::kJpeg:
-    return detail::decodeJpeg(bytes, fitWithin, error);
+    return detail::decodeJpeg(bytes, fitWithin, fullSize, error);
   case detail::Format::kPng:
-    return detail::decodePng(bytes, error);
+    return detail::decodePng(bytes, fitWithin, fullSize, error);
   case detail::Format::kWebp:
     return detail::decodeWebp(bytes, error);
   case detail::Format::kUnknown:
@@ -58,8 +58,9 @@ Zo::Image::Surface decodeFormat(detail::Format format, std::string_view bytes, X
 Zo::Image::Surface Loader::decode(std::string_view bytes, XY<int> fitWithin, std::string_view name) {
   std::string error;
   Zo::Image::Surface picture;
+  XY<int> fullSize(0, 0);
   try {
-    picture = decodeFormat(detail::sniffFormat(bytes), bytes, fitWithin, error);
+    picture = decodeFormat(detail::sniffFormat(bytes), bytes, fitWithin, fullSize, error);
   } catch (std::bad_alloc const&) {
     error = "no memory for the pixels";
   }
@@ -70,23 +71,29 @@ Zo::Image::Surface Loader::decode(std::string_view bytes, XY<int> fitWithin, std
   if (fitWithin.x <= 0 || fitWithin.y <= 0)
     return picture;
   XY<int> const size(picture.width(), picture.height());
-  XY<int> const fitted = Zo::Image::fitSize(size, fitWithin);
+  XY<int> const fitted = Zo::Image::fitSize(fullSize.x > 0 ? fullSize : size, fitWithin);
   return fitted == size ? picture : Zo::Image::resize(picture, fitted.x, fitted.y);
 }
 
 Zo::Image::Surface Loader::loadImage(std::string const& path, XY<int> fitWithin) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
   if (!file) {
     logFailure(path, "the file cannot be opened");
     return {};
   }
+  // One read of the whole file; a file that changes size meanwhile reads as
+  // far as it goes.
+  std::streamoff const length = file.tellg();
   std::string bytes;
   try {
-    bytes.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    bytes.resize(length > 0 ? std::size_t(length) : 0);
   } catch (std::bad_alloc const&) {
     logFailure(path, "the file is too large to read");
     return {};
   }
+  file.seekg(0);
+  file.read(bytes.data(), std::streamsize(bytes.size()));
+  bytes.resize(std::size_t(file.gcount()));
   return decode(bytes, fitWithin, path);
 }
 

@@ -19,9 +19,12 @@ Format sniffFormat(std::string_view head) noexcept;
 // True when a picture of this size may be decoded.
 bool acceptableSize(long long width, long long height) noexcept;
 
-// `fitWithin` lets the JPEG decoder pick a reduced scale; the others ignore it.
-Zo::Image::Surface decodeJpeg(std::string_view bytes, XY<int> fitWithin, std::string& error);
-Zo::Image::Surface decodePng(std::string_view bytes, std::string& error);
+// `fitWithin` lets the JPEG decoder pick a reduced scale and the PNG decoder
+// shrink rows as they arrive; either result still covers it, and `fullSize`
+// gets the picture's own size (as shown, turned upright), so the final fit
+// keeps its exact proportions. WebP ignores it.
+Zo::Image::Surface decodeJpeg(std::string_view bytes, XY<int> fitWithin, XY<int>& fullSize, std::string& error);
+Zo::Image::Surface decodePng(std::string_view bytes, XY<int> fitWithin, XY<int>& fullSize, std::string& error);
 Zo::Image::Surface decodeWebp(std::string_view bytes, std::string& error);
 
 // The EXIF orientation (1 to 8) recorded in the payload of a JPEG APP1

@@ -106,7 +106,7 @@ bool decodeInto(Decoding& d, std::string_view bytes, XY<int> fitWithin, std::str
 
 } // namespace
 
-Zo::Image::Surface decodeJpeg(std::string_view bytes, XY<int> fitWithin, std::string& error) {
+Zo::Image::Surface decodeJpeg(std::string_view bytes, XY<int> fitWithin, XY<int>& fullSize, std::string& error) {
   Decoding decoding;
   decoding.info.err = jpeg_std_error(&decoding.errors.base);
   decoding.errors.base.error_exit = onError;
@@ -115,6 +115,9 @@ Zo::Image::Surface decodeJpeg(std::string_view bytes, XY<int> fitWithin, std::st
   jpeg_destroy_decompress(&decoding.info);
   if (!decoded)
     return {};
+  bool const turned = decoding.orientation >= 5;
+  fullSize = XY<int>(int(turned ? decoding.info.image_height : decoding.info.image_width),
+                     int(turned ? decoding.info.image_width : decoding.info.image_height));
   return Zo::Image::orient(decoding.pixels, decoding.orientation);
 }
 

@@ -85,6 +85,41 @@ TEST(ImageLoader, PngOfEveryKindMatchesTheReference) {
   }
 }
 
+// A PNG wanted much smaller is shrunk by whole blocks as its rows arrive and
+// then filtered to size; it agrees with the full decode filtered to the same
+// size, for every kind of PNG (interlaced files are read whole).
+TEST(ImageLoader, PngThumbnailOfEveryKindAgreesWithAShrunkFullDecode) {
+  for (char const* name : {"rgb8", "rgb16", "palette", "grey", "grey16", "interlaced", "alpha"}) {
+    std::string const path = folder() + "/thumb-" + name + ".png";
+    std::string const arguments = std::string(name) == "rgb16"        ? "-depth 16"
+                                  : std::string(name) == "palette"    ? "-colors 200"
+                                  : std::string(name) == "grey"       ? "-colorspace Gray"
+                                  : std::string(name) == "grey16"     ? "-colorspace Gray -depth 16"
+                                  : std::string(name) == "interlaced" ? "-interlace PNG"
+                                  : std::string(name) == "alpha" ? "-alpha set -channel A -evaluate set 40% +channel"
+                                                                 : "";
+    std::string const prefix = std::string(name) == "palette" ? "PNG8:" : "";
+    run("convert '" + photoPng() + "' " + arguments + " '" + prefix + path + "'");
+    Surface const thumb = Loader::loadImage(path, {75, 56});
+    Surface const whole = Loader::loadImage(path);
+    ASSERT_EQ(whole.width(), 600) << name;
+    Surface const expected = Zo::Image::resize(whole, 75, 56);
+    ASSERT_EQ(thumb.width(), 75) << name;
+    ASSERT_EQ(thumb.height(), 56) << name;
+    EXPECT_LE(meanDifference(thumb, expected), 2.0) << name;
+    EXPECT_LE(Surface::compare(thumb, expected).maxChannel, 48) << name;
+  }
+}
+
+// Half the size or more is not worth a block shrink: the picture is read
+// whole and filtered, exactly as without the wish.
+TEST(ImageLoader, PngThumbnailOfMoreThanHalfSizeIsTheFilteredFullDecode) {
+  Surface const thumb = Loader::loadImage(photoPng(), {400, 300});
+  Surface const expected = Zo::Image::resize(Loader::loadImage(photoPng()), 400, 300);
+  ASSERT_EQ(thumb.width(), 400);
+  EXPECT_EQ(Surface::compare(thumb, expected).maxChannel, 0);
+}
+
 TEST(ImageLoader, WebpWallpaperMatchesTheReference) {
   Surface const picture = Loader::loadImage(kWood);
   Surface const expected = reference(kWood);
@@ -131,6 +166,9 @@ TEST(ImageLoader, TruncatedAndCorruptFilesAreRefused) {
       std::string const cut = bytes.substr(0, std::size_t(double(bytes.size()) * share));
       EXPECT_TRUE(Loader::decode(cut).empty()) << path << " cut at " << share;
       EXPECT_EQ(log.lines().size(), 1u) << path << " cut at " << share;
+      // The same when only a thumbnail is wanted, which reads rows as they come.
+      EXPECT_TRUE(Loader::decode(cut, {40, 30}).empty()) << path << " cut at " << share;
+      EXPECT_EQ(log.lines().size(), 2u) << path << " cut at " << share;
     }
   }
   // Flipped bytes: a PNG's checksums catch any change; a JPEG's entropy
@@ -139,6 +177,7 @@ TEST(ImageLoader, TruncatedAndCorruptFilesAreRefused) {
   std::string png = readBytes(photoPng());
   png[png.size() / 2] ^= 0x5A;
   EXPECT_TRUE(Loader::decode(png).empty());
+  EXPECT_TRUE(Loader::decode(png, {40, 30}).empty());
   std::string jpeg = readBytes(photoJpeg());
   for (std::size_t i = jpeg.size() / 2; i < jpeg.size() / 2 + 64; ++i)
     jpeg[i] = char(0xFF);
@@ -184,6 +223,9 @@ TEST(ImageLoader, DecompressionBombIsRefusedFromItsHeader) {
   EXPECT_TRUE(Loader::decode(png).empty());
   ASSERT_EQ(pngLog.lines().size(), 1u);
   EXPECT_NE(pngLog.lines()[0].find("30000 by 30000"), std::string::npos) << pngLog.lines()[0];
+  EXPECT_TRUE(Loader::decode(png, {160, 90}).empty());
+  ASSERT_EQ(pngLog.lines().size(), 2u);
+  EXPECT_NE(pngLog.lines()[1].find("30000 by 30000"), std::string::npos) << pngLog.lines()[1];
 
   // A JPEG whose frame header claims 30000 by 30000.
   std::string jpeg = readBytes(photoJpeg());

@@ -1,7 +1,7 @@
 // Arbitrary bytes as a picture file. The first byte picks the size asked for,
-// so that the reduced-scale JPEG path and the resize are reached as well as
-// whole decodes. A result must be empty or a sane picture of at most the
-// size asked for.
+// so that the reduced-scale JPEG path, the PNG rows shrunk as they arrive and
+// the resize are reached as well as whole decodes. A result must be empty or
+// a sane picture of at most the size asked for.
 #include <zowidgets/host/drawing/ImageLoader.h>
 
 #include <cstdint>
