@@ -156,6 +156,7 @@
 #include <zowidgets/host/drawing/NormalisedRGB.h>
 #include <zowidgets/host/drawing/OffscreenBuffer.h>
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/drawing/PictureProportions.h>
 #include <zowidgets/host/drawing/StandardColours.h>
 #include <zowidgets/host/drawing/SvgIcon.h>
 #include <zowidgets/host/drawing/TextLayout.h>
@@ -205,6 +206,7 @@
 #include <zowidgets/host/toolkit/MouseMove.h>
 #include <zowidgets/host/toolkit/Orientation.h>
 #include <zowidgets/host/toolkit/PositionNames.h>
+#include <zowidgets/host/toolkit/ProgressReportClient.h>
 #include <zowidgets/host/toolkit/SystemWatchdog.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/TabOrderableHost.h>

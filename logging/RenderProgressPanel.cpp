@@ -25,39 +25,39 @@ int sideMargins() { return StandardPanel::getDefaultBorder().calcMarginSize(1 | 
 
 } // namespace
 
-RenderProgressPanel::RenderProgressPanel(XY<int> size, double aspectRatio)
+RenderProgressPanel::RenderProgressPanel(XY<int> size, Zo::Image::AspectRatio aspect)
     : StandardPanel([&] {
         StandardPanel::InitArgs args(size);
         args.setBorder(StandardPanel::getDefaultBorder());
         args.standardWidgets = kStandardWidgets;
         return args;
       }()),
-      startTime_(ftisqq(msecsNow())), aspectRatio_(aspectRatio) {
+      startTime_(ftisqq(msecsNow())), aspect_(aspect) {
   setTitle(UIString(resourceStrW(kRenderTitle)), UifStd::getTitleFont(), kNoRedraw);
   Gauge::InitArgs args(XY<int>(getUserArea().width(), UifStd::getRowHeight()));
   args.barColour = getPalette().selection();
   args.backgroundColour = getPalette().childWindow(1);
   gauge_ = createWidget<Gauge>(args, Glob::UserBottomLeft(0, 0));
-  video_.setSize(calcImageSize(static_cast<std::uint16_t>(width()), aspectRatio_));
+  video_.setSize(calcImageSize(static_cast<std::uint16_t>(width()), aspect_));
 }
 
-RenderProgressPanel* RenderProgressPanel::make(double aspectRatio) {
+RenderProgressPanel* RenderProgressPanel::make(Zo::Image::AspectRatio aspect) {
   Drawable::Suspender hold;
   int const width = 14 * UifStd::getRowHeight();
-  XY<int> const size(width, calcHeightFromWidth(static_cast<std::uint16_t>(width), aspectRatio));
+  XY<int> const size(width, calcHeightFromWidth(static_cast<std::uint16_t>(width), aspect));
   Glob::setupRootPos(nullptr, glib_getPosForPanel(nullptr, size));
-  auto* panel = new RenderProgressPanel(size, aspectRatio);
+  auto* panel = new RenderProgressPanel(size, aspect);
   GlobManager::realize(panel);
   return panel;
 }
 
-XY<int> RenderProgressPanel::calcImageSize(std::uint16_t width, double aspectRatio) {
+XY<int> RenderProgressPanel::calcImageSize(std::uint16_t width, Zo::Image::AspectRatio aspect) {
   int const pictureWidth = std::max(0, width - sideMargins());
-  return XY<int>(pictureWidth, aspectRatio > 0.0 ? ftisql(pictureWidth / aspectRatio) : 0);
+  return XY<int>(pictureWidth, ftisql(pictureWidth / Zo::getAspectRatio(aspect)));
 }
 
-int RenderProgressPanel::calcHeightFromWidth(std::uint16_t width, double aspectRatio) {
-  int const inner = calcImageSize(width, aspectRatio).y + UifStd::getWidgetGap() + UifStd::getRowHeight();
+int RenderProgressPanel::calcHeightFromWidth(std::uint16_t width, Zo::Image::AspectRatio aspect) {
+  int const inner = calcImageSize(width, aspect).y + UifStd::getWidgetGap() + UifStd::getRowHeight();
   return StandardPanel::calcPanelSize(XY<int>(0, inner), kStandardWidgets, StandardPanel::getDefaultBorder()).y;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zowidgets/host/base/LoggerBase.h>
+#include <zowidgets/host/drawing/PictureProportions.h>
 #include <zowidgets/host/drawing/VideoWindow.h>
 #include <zowidgets/host/toolkit/BackgroundTask.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
@@ -14,13 +15,12 @@ class ZO_API RenderProgressPanel : public StandardPanel, public LoggerBase, publ
 public:
   static constexpr int kRedrawGapMs = 11;
 
-  // `aspectRatio` is the frame's width over its height.
-  RenderProgressPanel(XY<int> size, double aspectRatio);
+  RenderProgressPanel(XY<int> size, Zo::Image::AspectRatio aspect);
   char const* idstring() const override { return "RenderProgressPanel"; }
 
-  static RenderProgressPanel* make(double aspectRatio);
-  static XY<int> calcImageSize(std::uint16_t width, double aspectRatio);
-  static int calcHeightFromWidth(std::uint16_t width, double aspectRatio);
+  static RenderProgressPanel* make(Zo::Image::AspectRatio aspect);
+  static XY<int> calcImageSize(std::uint16_t width, Zo::Image::AspectRatio aspect);
+  static int calcHeightFromWidth(std::uint16_t width, Zo::Image::AspectRatio aspect);
 
   Zo::Box<int> getAreaForImage() const;
 
@@ -42,5 +42,5 @@ private:
   Gauge* gauge_ = nullptr;
   int startTime_ = 0;
   Glib::VideoWindow video_;
-  double aspectRatio_ = 16.0 / 9.0;
+  Zo::Image::AspectRatio aspect_;
 };

@@ -3,6 +3,7 @@
 #include <zowidgets/host/base/CriticalSection.h>
 #include <zowidgets/host/base/ExecutableAction.h>
 #include <zowidgets/host/base/LightweightString.h>
+#include <zowidgets/host/toolkit/ProgressReportClient.h>
 #include <zowidgets/values/notify/GenericNotifier.h>
 
 #include <atomic>
@@ -10,20 +11,6 @@
 #include <condition_variable>
 #include <cstddef>
 #include <mutex>
-
-// Whatever shows a task's progress, and what a task tells it.
-class ZO_API ProgressReportClient {
-public:
-  struct ProgressSnapshot {
-    float progress = 0.0f; // 0 to 1
-    LightweightString<wchar_t> text;
-    Zo::Ptr<iObject> item;      // a log row, when the task has one to add
-    Zo::Ptr<iObject> thumbnail; // the latest picture, for tasks that make them
-  };
-
-  virtual ~ProgressReportClient() = default;
-  virtual void handleProgressUpdate(ProgressSnapshot const& snapshot) = 0;
-};
 
 // Work that runs off the user-interface thread and reports as it goes. Tasks
 // are made with new and held through Zo::Ptr, as every iObject.

@@ -72,7 +72,7 @@ TEST_F(LoggerGolden, TaskProgressAndTitledBars) {
 TEST_F(LoggerGolden, TheRenderWindowWithItsLatestFrame) {
   TestClock clock(1000.0);
   RenderProgressPanel::resetRedrawGate();
-  RenderProgressPanel* panel = RenderProgressPanel::make(16.0 / 9.0);
+  RenderProgressPanel* panel = RenderProgressPanel::make(Zo::Image::kAspect16x9);
   Zo::Image::Surface frame(64, 36);
   frame.fill(Colour(0.2, 0.45, 0.7));
   ProgressReportClient::ProgressSnapshot snapshot;

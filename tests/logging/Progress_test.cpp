@@ -88,6 +88,28 @@ TEST_F(ProgIndTest, ASnapshotIsMappedIntoTheIndicatorsRange) {
   EXPECT_EQ(labelOf(indicator.gauge()), L"a quarter");
 }
 
+// A task that splits its work reports each part's own progress; the
+// indicator shows the progress of the whole.
+TEST_F(ProgIndTest, ProgressInsideSubTasksIsShownAsProgressOfTheWhole) {
+  TestClock clock(1000.0);
+  ProgInd indicator(L"Rendering", 10, 10, UifStd::getColourScheme(), 0.0, 1.0, false);
+  // Reports closer together than the indicator redraws are dropped; each
+  // step here comes later.
+  indicator.startSubTasks(std::vector<unsigned long>{1, 3});
+  clock.advance(100.0);
+  indicator.updateProgress(1.0, L"titles");
+  EXPECT_DOUBLE_EQ(indicator.gauge()->getMeasure(), 0.25);
+  clock.advance(100.0);
+  indicator.nextSubTask();
+  clock.advance(100.0);
+  indicator.updateProgress(0.5, L"frames");
+  EXPECT_DOUBLE_EQ(indicator.gauge()->getMeasure(), 0.625);
+  EXPECT_EQ(labelOf(indicator.gauge()), L"frames");
+  clock.advance(100.0);
+  indicator.endSubTasks();
+  EXPECT_DOUBLE_EQ(indicator.gauge()->getMeasure(), 1.0);
+}
+
 TEST_F(ProgIndTest, TheIndicatorSwallowsEveryEvent) {
   ProgInd* indicator = ProgInd::make({});
   EXPECT_EQ(indicator->getTitle().getString(), L"Please wait");
@@ -215,7 +237,7 @@ using RenderProgressPanelTest = ProgressTest;
 
 TEST_F(RenderProgressPanelTest, AtProgressZeroThereIsNoTimeText) {
   TestClock clock(1000.0);
-  RenderProgressPanel* panel = RenderProgressPanel::make(16.0 / 9.0);
+  RenderProgressPanel* panel = RenderProgressPanel::make(Zo::Image::kAspect16x9);
   ProgressReportClient::ProgressSnapshot snapshot;
   snapshot.progress = 0.0f;
   panel->handleProgressUpdate(snapshot);
@@ -228,7 +250,7 @@ TEST_F(RenderProgressPanelTest, AtProgressZeroThereIsNoTimeText) {
 
 TEST_F(RenderProgressPanelTest, ReportsCloserThanTheGapAreDroppedButTheLastIsNot) {
   TestClock clock(1000.0);
-  RenderProgressPanel* panel = RenderProgressPanel::make(16.0 / 9.0);
+  RenderProgressPanel* panel = RenderProgressPanel::make(Zo::Image::kAspect16x9);
   ProgressReportClient::ProgressSnapshot snapshot;
   snapshot.progress = 0.25f;
   clock.advance(1000.0);
@@ -244,9 +266,10 @@ TEST_F(RenderProgressPanelTest, ReportsCloserThanTheGapAreDroppedButTheLastIsNot
 
 TEST_F(RenderProgressPanelTest, TheLatestFrameIsShownInThePictureArea) {
   TestClock clock(1000.0);
-  RenderProgressPanel* panel = RenderProgressPanel::make(16.0 / 9.0);
+  RenderProgressPanel* panel = RenderProgressPanel::make(Zo::Image::kAspect16x9);
   Zo::Box<int> const area = panel->getAreaForImage();
-  EXPECT_EQ(area.width(), RenderProgressPanel::calcImageSize(static_cast<std::uint16_t>(panel->width()), 16.0 / 9.0).x);
+  EXPECT_EQ(area.width(),
+            RenderProgressPanel::calcImageSize(static_cast<std::uint16_t>(panel->width()), Zo::Image::kAspect16x9).x);
   Zo::Image::Surface frame(32, 18);
   frame.fill(Colour(0.0, 192.0 / 255.0, 0.0));
   ProgressReportClient::ProgressSnapshot snapshot;
@@ -260,14 +283,14 @@ TEST_F(RenderProgressPanelTest, TheLatestFrameIsShownInThePictureArea) {
 }
 
 TEST_F(RenderProgressPanelTest, ThePanelWritesNoLogLines) {
-  RenderProgressPanel* panel = RenderProgressPanel::make(4.0 / 3.0);
+  RenderProgressPanel* panel = RenderProgressPanel::make(Zo::Image::kAspect4x3);
   EXPECT_EQ(panel->getTitle().getString(), L"Rendering");
   std::size_t const children = panel->getChildren().size();
   panel->write(L"ignored", LoggerBase::kOutputPlain);
   EXPECT_EQ(panel->getChildren().size(), children);
   EXPECT_TRUE(labelOf(panel->gauge()).empty());
-  EXPECT_EQ(panel->height(),
-            RenderProgressPanel::calcHeightFromWidth(static_cast<std::uint16_t>(panel->width()), 4.0 / 3.0));
+  EXPECT_EQ(panel->height(), RenderProgressPanel::calcHeightFromWidth(static_cast<std::uint16_t>(panel->width()),
+                                                                      Zo::Image::kAspect4x3));
 }
 
 } // namespace
