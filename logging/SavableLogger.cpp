@@ -46,7 +46,8 @@ CommandRegistrar const showLogCommand(
 
 } // namespace
 
-SavableLogger::SavableLogger(Zo::Ptr<iTaskLog> const& log) : Logger(argsFor(log)) {}
+// The program's log stays up when the program tidies its windows away.
+SavableLogger::SavableLogger(Zo::Ptr<iTaskLog> const& log) : Logger(argsFor(log)) { setIndestructible(true); }
 
 SavableLogger* SavableLogger::make(Zo::Ptr<iTaskLog> const& log) {
   if (!log)

@@ -263,6 +263,13 @@ public:
   virtual void load(configb const& from);
   void setPersistable(bool persistable) { persistable_ = persistable; }
   bool isPersistable() const noexcept { return persistable_; }
+
+  // --- Life -----------------------------------------------------------------
+  // An indestructible window outlives GlobManager::deleteDestroyableWindows
+  // (the program tidying its windows away); the user may still close it.
+  void setIndestructible(bool indestructible) { indestructible_ = indestructible; }
+  bool isIndestructible() const noexcept { return indestructible_; }
+  virtual bool canBeDestroyed() const { return !indestructible_; }
   void makeDirty() { dirty_ = true; }
   void makeClean() { dirty_ = false; }
   bool isDirty() const noexcept { return dirty_; }
@@ -310,6 +317,7 @@ private:
   bool canBeIt_ = false;
   int defaultCursor_ = 0;
   bool persistable_ = true;
+  bool indestructible_ = false;
   bool dirty_ = false;
   bool resizable_ = true;
   unsigned resizeDirection_ = 0;

@@ -141,6 +141,16 @@ void GlobManager::requestDeletion(Glob* widget) {
     defer(&deletePending);
 }
 
+int GlobManager::deleteDestroyableWindows() {
+  int asked = 0;
+  for (Glob* root : topLevelWindows())
+    if (root->canBeDestroyed() && !isDeletionPending(root)) {
+      requestDeletion(root);
+      ++asked;
+    }
+  return asked;
+}
+
 bool GlobManager::isDeletionPending(Glob const* widget) {
   auto const& pending = registry().pendingDeletion;
   return std::find(pending.begin(), pending.end(), widget) != pending.end();

@@ -52,6 +52,10 @@ public:
   // widget's own handler. Asking twice is harmless.
   static void requestDeletion(Glob* widget);
   static bool isDeletionPending(Glob const* widget);
+  // Asks deletion of every top-level window that can be destroyed
+  // (Glob::canBeDestroyed), as when the program changes its layout or closes
+  // a project; returns how many. Indestructible windows stay.
+  static int deleteDestroyableWindows();
   // While a modal window is up, input to other windows is refused.
   static void addModalGlob(Glob* root);
   // Lets `root`, a window that belongs beside the modal window `modalOwner`,

@@ -13,6 +13,7 @@
 #include <sys/resource.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <csignal>
 #include <random>
 #include <regex>
@@ -165,6 +166,16 @@ TEST_F(LogFilesTest, ShowLogOpensASavableLoggerThatSavesTheLogAsHTML) {
   ASSERT_TRUE(std::filesystem::exists(saved));
   EXPECT_EQ(readFile(saved),
             "<pre>\n<p>&lt;script&gt;document.title='ran'&lt;/script&gt;</p>\n\n<b>Pass 1</b>\n</pre>\n");
+}
+
+TEST_F(LogFilesTest, TheProgramsLogStaysWhenWindowsAreTidiedAway) {
+  Zo::Ptr<iTaskLog> log(new TaskLog);
+  SavableLogger* logger = SavableLogger::make(log);
+  EXPECT_TRUE(logger->isIndestructible());
+  GlobManager::deleteDestroyableWindows();
+  MessageLoop::runPending();
+  auto const windows = GlobManager::topLevelWindows();
+  EXPECT_NE(std::find(windows.begin(), windows.end(), logger), windows.end());
 }
 
 TEST_F(LogFilesTest, ShowLogWithoutALogDoesNothing) {
