@@ -71,6 +71,21 @@ TEST_F(BroadcasterTest, PendingAsyncDeliveryKeepsItsCallbackAlive) {
   EXPECT_EQ(heard, (std::vector<std::string>{"after the broadcaster died"}));
 }
 
+// A function entry is called straight, through the function its wrapper
+// holds: a copy of the entry keeps that wrapper, and so the function, alive.
+TEST_F(BroadcasterTest, AFunctionEntryCopiedElsewhereOutlivesItsFirstBroadcaster) {
+  std::vector<std::string> heard;
+  Broadcaster<std::string> second;
+  {
+    auto entry = Broadcaster<std::string>::makeCallback([&](std::string const& m) { heard.push_back(m); });
+    Broadcaster<std::string> first(entry);
+    second.addListener(entry);
+    first.broadcast("first");
+  }
+  second.broadcast("second");
+  EXPECT_EQ(heard, (std::vector<std::string>{"first", "second"}));
+}
+
 TEST_F(BroadcasterTest, EmptyFunctionCallbackThrowsBadFunctionCall) {
   Broadcaster<std::string>::StdFunctionCallback empty{std::function<void(std::string const&)>()};
   EXPECT_THROW(empty.execute("x"), std::bad_function_call);
