@@ -238,6 +238,7 @@
 #include <zowidgets/host/widgets/lists/iTableAdaptor.h>
 #include <zowidgets/host/widgets/lists/iTreeViewAdaptor.h>
 #include <zowidgets/host/widgets/panels/DiscreetSplitter.h>
+#include <zowidgets/host/widgets/panels/HorizontalScroller.h>
 #include <zowidgets/host/widgets/panels/Message.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/Splitter.h>

@@ -9,18 +9,23 @@
 #include <zowidgets/host/widgets/popups/StatusMessage.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
+#include <memory>
+#include <string>
 #include <vector>
 
 namespace {
 
 using WString = LightweightString<wchar_t>;
 
-// Sets a label's text, if the label still lives when the answer comes.
-Warn::Callback reportTo(TextLabel* label, WString const& text) {
+// Numbers the answers in a label's text, if the label still lives when the
+// answer comes: each press answers once.
+Warn::Callback reportTo(TextLabel* label, std::shared_ptr<int> const& answers, std::wstring const& text) {
   IdStamp const stamp = EventHandler::stampOf(label);
-  return Broadcaster<ButtonEvent>::makeCallback([label, stamp, text](ButtonEvent const&) {
-    if (EventHandler::valid(label, stamp))
-      label->setString(text);
+  return Broadcaster<ButtonEvent>::makeCallback([label, stamp, answers, text](ButtonEvent const&) {
+    if (!EventHandler::valid(label, stamp))
+      return;
+    ++*answers;
+    label->setString(WString((L"Answer " + std::to_wstring(*answers) + L": " + text).c_str()));
   });
 }
 
@@ -51,10 +56,11 @@ Glob* buildMessagesPage(PageContext const& context) {
 
   auto* question = panel->createWidget<PushButton>(PushButton::InitArgs(L"Ask a question", XY<int>(buttonWidth, 0)),
                                                    Glob::RightOf(m.gap));
-  question->setCallback(Broadcaster<ButtonEvent>::makeCallback([status](ButtonEvent const&) {
+  auto const answers = std::make_shared<int>(0);
+  question->setCallback(Broadcaster<ButtonEvent>::makeCallback([status, answers](ButtonEvent const&) {
     make_warn(UIString(L"A file called \"Edit 3.mov\" already exists in this folder. Replace it?"),
               {UIString(L"Replace"), UIString(L"Keep both")},
-              {reportTo(status, L"Answer: replace the file"), reportTo(status, L"Answer: keep both files")},
+              {reportTo(status, answers, L"replace the file"), reportTo(status, answers, L"keep both files")},
               UIString(L"Export"));
   }));
 

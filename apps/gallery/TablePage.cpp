@@ -1,4 +1,5 @@
-// An edit list of 100,000 events in a table: edit, sort, resize, tag.
+// An edit list of 100,000 events in a table: edit, sort, resize, tag, and
+// scroll sideways to the columns beyond the view.
 #include "PageLayout.h"
 
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -6,18 +7,30 @@
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <algorithm>
+#include <cwchar>
 #include <string>
 #include <vector>
 
 namespace {
 
+constexpr int kFramesPerSecond = 25;
+
+std::wstring timecode(int frames) {
+  wchar_t text[16];
+  int const seconds = frames / kFramesPerSecond;
+  std::swprintf(text, 16, L"%02d:%02d:%02d:%02d", seconds / 3600, seconds / 60 % 60, seconds % 60,
+                frames % kFramesPerSecond);
+  return text;
+}
+
 // Events of an edit list. Every fiftieth is a scene marker, a taller row
 // across the table in the accent colour; every seventh clip has notes with a
-// link.
+// link. The timecode columns lie beyond the view, to the right.
 class EditListAdaptor : public iTableAdaptor {
 public:
   EditListAdaptor() {
     events_.reserve(kEvents);
+    int record = kHourOne;
     for (int i = 0; i < kEvents; ++i) {
       Event event;
       event.id = i;
@@ -28,7 +41,14 @@ public:
       } else {
         event.cells[1] = L"A" + std::to_wstring(i % 97 + 1) + L"_take" + std::to_wstring(i % 5 + 1);
         event.cells[2] = L"Reel " + std::to_wstring(i % 12 + 1);
-        event.cells[3] = i % 7 == 0 ? L"See <a href=\"notes/" + std::to_wstring(i + 1) + L".html\">notes</a>" : L"";
+        int const sourceIn = kHourOne + (i % 97) * 10 * kFramesPerSecond + (i % 5) * 13;
+        int const length = 2 * kFramesPerSecond + (i * 17) % 200;
+        event.cells[3] = timecode(sourceIn);
+        event.cells[4] = timecode(sourceIn + length);
+        event.cells[5] = timecode(record);
+        record += length;
+        event.cells[kNotes] =
+            i % 7 == 0 ? L"See <a href=\"notes/" + std::to_wstring(i + 1) + L".html\">notes</a>" : L"";
       }
       events_.push_back(std::move(event));
     }
@@ -38,7 +58,13 @@ public:
   std::vector<TableColumnDescription> getColumnDefinitions() override {
     TableColumnDescription number(UIString(L"Event"), 70);
     number.setAlignment(Glib::eTextAlignment::Right);
-    return {number, TableColumnDescription(UIString(L"Clip")), TableColumnDescription(UIString(L"Reel"), 90),
+    int const timecodeWidth = TableColumnDescription::calcSizeFor(L"00:00:00:00");
+    return {number,
+            TableColumnDescription(UIString(L"Clip"), UifStd::getRowHeight() * 5),
+            TableColumnDescription(UIString(L"Reel"), 90),
+            TableColumnDescription(UIString(L"Source in"), timecodeWidth),
+            TableColumnDescription(UIString(L"Source out"), timecodeWidth),
+            TableColumnDescription(UIString(L"Record in"), timecodeWidth),
             TableColumnDescription(UIString(L"Notes"), 130)};
   }
   CellData getCellData(XY<int> const& pos, Palette const& palette) override {
@@ -52,7 +78,7 @@ public:
       data.fieldType = DBFieldTypes::kReadOnly;
     } else if (pos.x == 0) {
       data.fieldType = DBFieldTypes::kReadOnly;
-    } else if (pos.x == 3) {
+    } else if (pos.x == kNotes) {
       data.fieldType = DBFieldTypes::kHTMLString;
     }
     return data;
@@ -81,9 +107,11 @@ public:
 
 private:
   static constexpr int kEvents = 100'000;
+  static constexpr int kNotes = 6;
+  static constexpr int kHourOne = 3600 * kFramesPerSecond;
   struct Event {
     std::int64_t id = 0;
-    std::wstring cells[4];
+    std::wstring cells[7];
     bool marker = false;
     bool tagged = false;
   };
@@ -131,7 +159,8 @@ Glob* buildTablePage(PageContext const& context) {
 
 PageRegistrar const tablePage{"table", "Table",
                               "An edit list of 100,000 events: rows exist only for the lines in sight, scene markers "
-                              "are taller rows, a clip is edited by typing, titles sort and their edges resize",
+                              "are taller rows, a clip is edited by typing, titles sort and their edges resize, and "
+                              "the timecode columns beyond the view scroll in sideways",
                               buildTablePage};
 
 } // namespace

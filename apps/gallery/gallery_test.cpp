@@ -13,6 +13,7 @@
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
@@ -75,9 +76,10 @@ TEST(GalleryCommands, CommandNamesBecomeFileSafe) {
 
 TEST_F(GalleryTest, EveryWidgetFamilyHasARegisteredPage) {
   std::vector<GalleryPage> const pages = allPages();
-  for (char const* name : {"buttons",        "menus", "menus-open", "text-entry", "values",    "groups", "scrolling",
-                           "standard-panel", "icons", "hints",      "commands",   "dialogues", "editor", "backbuffer",
-                           "tutorials",      "forms", "export",     "logger",     "images",    "files",  "startup"})
+  for (char const* name :
+       {"buttons", "menus",  "menus-open", "text-entry", "values",  "groups",     "scrolling", "standard-panel",
+        "icons",   "hints",  "commands",   "dialogues",  "editor",  "backbuffer", "tutorials", "forms",
+        "export",  "logger", "images",     "files",      "startup", "table",      "messages",  "gauges"})
     EXPECT_NE(findPage(pages, name), nullptr) << name;
 }
 
@@ -120,6 +122,24 @@ TEST_F(GalleryTest, TheHintsPageShowsItsHintRightOfTheExportButton) {
   EXPECT_EQ(hint->getTopLevel(), windows.main);
   EXPECT_GT(hint->screenPosition().x, button->screenPosition().x + button->width() - 1);
   EXPECT_NE(hint->getLinkButton(), nullptr);
+}
+
+TEST_F(GalleryTest, TheTablePagesTimecodesLieBeyondTheViewAndEndBringsThemIn) {
+  std::vector<GalleryPage> const pages = allPages();
+  PageWindows const windows = openPage(*findPage(pages, "table"), context);
+  std::vector<TableWidget*> tables;
+  collect(*windows.main, tables);
+  ASSERT_EQ(tables.size(), 1u);
+  TableWidget& table = *tables[0];
+  ASSERT_TRUE(table.sideways().isBarShown());
+  EXPECT_GT(table.columnsWidth(), table.getVisibleBox().width());
+  EXPECT_EQ(table.sideways().offset(), 0);
+  int const last = table.numColumns() - 1;
+  EXPECT_GT(table.columnLeft(last), table.getVisibleBox().width()) << "the notes start out of sight";
+  HeadlessInput::key(kKeyEnd);
+  settleWindows();
+  EXPECT_EQ(table.getCurPos().x, last);
+  EXPECT_EQ(table.columnLeft(last) + table.getColumnWidth(last), table.getVisibleBox().width());
 }
 
 TEST_F(GalleryTest, BoxesBoundToOneValueFollowEachOtherWhenClicked) {

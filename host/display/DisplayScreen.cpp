@@ -310,12 +310,21 @@ bool DisplayScreen::pumpEvents() {
                                event.button.clicks);
       break;
     }
-    case SDL_MOUSEWHEEL:
-      if (int const steps = event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -event.wheel.y : event.wheel.y) {
+    case SDL_MOUSEWHEEL: {
+      int const flip = event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -1 : 1;
+      int const steps = flip * event.wheel.y;
+      int const across = flip * event.wheel.x;
+      if (steps != 0 || across != 0)
         state_->followPointer(modifiers);
+      if (steps != 0)
         InputRouter::mouseWheel(InputRouter::mousePosition(), steps, modifiers);
-      }
+      // The horizontal axis (a tilting wheel, a touchpad) goes on as the
+      // desktop's sideways gesture, Shift with the wheel, turned towards the
+      // user for the right: widgets have one sideways wheel to handle.
+      if (across != 0)
+        InputRouter::mouseWheel(InputRouter::mousePosition(), -across, modifiers | kKeyShift);
       break;
+    }
     case SDL_KEYDOWN:
     case SDL_KEYUP:
       if (int const code = keyCode(event.key.keysym.sym)) {

@@ -3,12 +3,18 @@
 #include <zowidgets/diagnostics/InfoWidget.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
+#include <zowidgets/host/widgets/lists/TableWidget.h>
+#include <zowidgets/host/widgets/panels/Message.h>
+#include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/popups/Menu.h>
+#include <zowidgets/host/widgets/popups/StatusMessage.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/widgets/values/Gauge.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -38,7 +44,43 @@ LightweightString<wchar_t> textOf(Glob const& widget) {
   }
   if (auto const* button = dynamic_cast<Button const*>(&widget))
     return button->getLabel();
+  if (auto const* message = dynamic_cast<Message const*>(&widget))
+    return message->getText();
+  if (auto const* status = dynamic_cast<StatusMessage const*>(&widget))
+    return status->getText();
+  if (auto const* gauge = dynamic_cast<Gauge const*>(&widget))
+    return gauge->getLabel().getString();
   return {};
+}
+
+// A box in a widget's own coordinates, as a screen box.
+std::string screenBoxJson(Glob const& widget, Zo::Box<int> const& box, std::string (*toScreen)(Zo::Box<int> const&)) {
+  return toScreen(box.translated(widget.screenPosition()));
+}
+
+// What a table shows across: how far it is scrolled sideways, the titles of
+// the columns wholly in view, and its sideways bar and thumb while shown. A
+// gauge's measure in thousandths. Nothing for other widgets.
+std::string valuesJson(Glob const& widget, std::string (*toScreen)(Zo::Box<int> const&),
+                       std::string (*quote)(std::string_view)) {
+  if (auto const* gauge = dynamic_cast<Gauge const*>(&widget))
+    return ",\"measure\":" + std::to_string(std::lround(gauge->getMeasure() * 1000));
+  auto const* table = dynamic_cast<TableWidget const*>(&widget);
+  if (!table)
+    return {};
+  int const viewWidth = table->getVisibleBox().width();
+  std::string inView;
+  for (int column = 0; column < table->numColumns(); ++column)
+    if (table->columnLeft(column) >= 0 && table->columnLeft(column) + table->getColumnWidth(column) <= viewWidth)
+      inView += (inView.empty() ? "" : ",") + toNarrow(table->getColumn(column).getTitle().getString());
+  std::string json = ",\"scrollX\":" + std::to_string(table->sideways().offset()) + ",\"inView\":" + quote(inView);
+  ScrollBar const* bar = table->sideways().getBar();
+  if (table->sideways().isBarShown())
+    json +=
+        ",\"hbar\":" + screenBoxJson(*bar, Zo::Box<int>(0, 0, bar->width(), bar->height()), toScreen) + ",\"thumb\":" +
+        screenBoxJson(*bar, Zo::Box<int>(bar->thumbStart(), 0, bar->thumbStart() + bar->thumbLength(), bar->height()),
+                      toScreen);
+  return json;
 }
 
 // The family a button's label is drawn in; empty for the interface font.
@@ -89,5 +131,6 @@ std::string GalleryPagePanel::widgetJson(std::string const& className, int index
   Glob const& widget = *found[static_cast<std::size_t>(index)];
   Zo::Box<int> const box = Zo::Box<int>(0, 0, widget.width(), widget.height()).translated(widget.screenPosition());
   return "{\"box\":" + toScreen(box) + ",\"text\":" + quote(toNarrow(textOf(widget))) +
-         ",\"family\":" + quote(familyOf(widget)) + menuRowsJson(widget, toScreen) + "}";
+         ",\"family\":" + quote(familyOf(widget)) + menuRowsJson(widget, toScreen) +
+         valuesJson(widget, toScreen, quote) + "}";
 }

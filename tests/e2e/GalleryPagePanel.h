@@ -21,7 +21,8 @@ public:
 
   // The `index`th widget (from 0, depth first, through the page's windows
   // and then those opened since) of the page whose class is
-  // `className`: where it is and, for text boxes and labels, its text, as
+  // `className`: where it is and, for text boxes, labels, buttons, messages
+  // and gauges, its text; a gauge's measure; what a table shows across. As
   // JSON; an error when there is none.
   std::string widgetJson(std::string const& className, int index, std::string (*toScreen)(Zo::Box<int> const&),
                          std::string (*quote)(std::string_view)) const;

@@ -95,6 +95,9 @@ export) extra=(--gallery export) ;;
 logger) extra=(--gallery logger) ;;
 startup) extra=(--gallery startup) ;;
 images) extra=(--gallery images) ;;
+tablescroll) extra=(--gallery table) ;;
+messages) extra=(--gallery messages) ;;
+gauges) extra=(--gallery gauges) ;;
 files)
   # The files page browses a folder this case makes.
   mkdir -p "$work/files/renders"
@@ -1192,6 +1195,129 @@ files)
   click_reading Button Save
   [ -n "$(widget_reading TextLabel "Saved: Finalcut.mov in $folder/renders")" ] ||
     fail "the save was not heard as typed and chosen: $(text "$(ask 'widget TextLabel 1')")"
+  ;;
+tablescroll)
+  # The table page: seven columns, wider together than the view, so a bar
+  # under the rows scrolls them sideways. The reading of the table says how
+  # far it is scrolled and which columns are wholly in view.
+  in_view() { [[ ",$(field "$1" inView)," == *",$2,"* ]]; }
+  reading=$(ask 'widget TableWidget 0')
+  expect "at first, not scrolled sideways" "$(number "$reading" scrollX)" 0
+  in_view "$reading" Event || fail "the first column is not in view at first"
+  in_view "$reading" Notes && fail "the last column is in view at first"
+  read -r x y w h <<<"$(box "$reading" box)"
+  # The keyboard to the table, by a click on the first column's second row.
+  read -r _ row_y _ row_h <<<"$(box "$(ask 'widget TableRow 1')" box)"
+  click_to_type $((x + 20)) $((row_y + row_h / 2))
+  # Shift with the wheel turned towards the user scrolls right.
+  xdotool keydown shift click 5 click 5 click 5 keyup shift
+  sleep 0.4
+  reading=$(ask 'widget TableWidget 0')
+  expect_within "Shift and the wheel scrolled right" "$(number "$reading" scrollX)" 1 100000
+  in_view "$reading" Event && fail "the first column stayed in view"
+  # The bar's thumb dragged to the left end of its track.
+  read -r tx ty tw th <<<"$(box "$reading" thumb)"
+  read -r bx _ _ _ <<<"$(box "$reading" hbar)"
+  drag_to $((tx + tw / 2)) $((ty + th / 2)) "$bx" $((ty + th / 2))
+  sleep 0.4
+  reading=$(ask 'widget TableWidget 0')
+  expect "dragging the thumb to the left end scrolls back" "$(number "$reading" scrollX)" 0
+  in_view "$reading" Event || fail "the first column did not come back"
+  # The wheel's horizontal axis (X's buttons 6 and 7) scrolls too.
+  xdotool mousemove $((x + w / 2)) $((row_y + row_h / 2)) click 7
+  sleep 0.4
+  expect_within "the horizontal wheel scrolled right" "$(number "$(ask 'widget TableWidget 0')" scrollX)" 1 100000
+  xdotool click 6
+  sleep 0.4
+  expect "and back" "$(number "$(ask 'widget TableWidget 0')" scrollX)" 0
+  # End moves the current cell to the last column, which scrolls into view.
+  xdotool key End
+  sleep 0.4
+  reading=$(ask 'widget TableWidget 0')
+  in_view "$reading" Notes || fail "End left the last column out of view: $(field "$reading" inView)"
+  expect "the status" "$(label_starting 'Row ')" "Row 2, column 7"
+  ;;
+messages)
+  # The messages page opens with a message and a status message showing,
+  # each closed with its OK; "Ask a question" opens a Warn whose buttons
+  # number their answers on the page, so an answer heard twice would show.
+  # The OK button that lies inside the box of a reading, as its centre.
+  ok_inside() {
+    local bx by bw bh index reply x y w h
+    read -r bx by bw bh <<<"$(box "$1" box)"
+    for index in $(seq 0 20); do
+      reply=$(ask "widget PushButton $index")
+      grep -q '"error"' <<<"$reply" && return 0
+      [ "$(text "$reply")" = OK ] || continue
+      read -r x y w h <<<"$(box "$reply" box)"
+      if [ "$x" -ge "$bx" ] && [ $((x + w)) -le $((bx + bw)) ] && [ "$y" -ge "$by" ] && [ $((y + h)) -le $((by + bh)) ]; then
+        echo "$((x + w / 2)) $((y + h / 2))"
+        return 0
+      fi
+    done
+  }
+  status_text='Drag a clip onto a track to add it to the sequence.'
+  message_text='The export finished: 3 files were written to the Exports folder.'
+  reading=$(widget_reading StatusMessage "$status_text")
+  [ -n "$reading" ] || fail "no status message at first"
+  read -r x y <<<"$(ok_inside "$reading")"
+  [ -n "$x" ] || fail "the status message has no OK button"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  [ -z "$(widget_reading StatusMessage "$status_text")" ] || fail "OK left the status message open"
+  # The message stands right of the page, its OK button past the edge of
+  # this screen: a click on its text gives it the keyboard, and Return
+  # presses OK.
+  reading=$(widget_reading warn "$message_text")
+  [ -n "$reading" ] || fail "no message at first"
+  [ -n "$(ok_inside "$reading")" ] || fail "the message has no OK button"
+  read -r x y _ h <<<"$(box "$reading" box)"
+  click_to_type $((x + 40)) $((y + h / 2))
+  xdotool key Return
+  sleep 0.4
+  [ -z "$(widget_reading warn "$message_text")" ] || fail "Return left the message open"
+  # Shown again by its button, and closed by Escape.
+  click_reading PushButton 'Show a message'
+  reading=$(widget_reading warn "$message_text")
+  [ -n "$reading" ] || fail "Show a message showed none"
+  read -r x y _ h <<<"$(box "$reading" box)"
+  click_to_type $((x + 40)) $((y + h / 2))
+  xdotool key Escape
+  sleep 0.4
+  [ -z "$(widget_reading warn "$message_text")" ] || fail "Escape left the message open"
+  click_reading PushButton 'Show a hint'
+  [ -n "$(widget_reading StatusMessage "$status_text")" ] || fail "Show a hint showed no status message"
+  # The question: Replace pressed with the pointer answers once, and the
+  # window goes.
+  click_reading PushButton 'Ask a question'
+  click_reading PushButton Replace
+  [ -n "$(widget_reading TextLabel 'Answer 1: replace the file')" ] ||
+    fail "Replace was not heard once: $(label_starting 'Answer')"
+  [ -z "$(widget_reading PushButton Replace)" ] || fail "the question stayed open after Replace"
+  click_reading PushButton 'Ask a question'
+  click_reading PushButton 'Keep both'
+  expect "the second answer" "$(label_starting 'Answer')" 'Answer 2: keep both files'
+  [ -z "$(widget_reading PushButton 'Keep both')" ] || fail "the question stayed open after Keep both"
+  ;;
+gauges)
+  # The gauges page: the Progress slider drives the gauges. A click on its
+  # track sets the fraction, which the gauge reports and its bar shows.
+  reading=$(widget_reading Gauge 'Copying files')
+  [ -n "$reading" ] || fail "no Copying files gauge"
+  expect "the gauge at first" "$(number "$reading" measure)" 350
+  read -r gx gy gw gh <<<"$(box "$reading" box)"
+  # Sampled just inside the gauge's top edge, above its label.
+  bar_at() { ask "pixel $((gx + gw * $1 / 100)) $((gy + 2))"; }
+  filled=$(bar_at 10)
+  empty=$(bar_at 60)
+  [ "$filled" != "$empty" ] || fail "the gauge shows no bar: $filled at 10% and 60%"
+  read -r sx sy sw sh <<<"$(box "$(ask 'widget Slider 0')" box)"
+  xdotool mousemove $((sx + sw * 8 / 10)) $((sy + sh / 2)) click 1
+  sleep 0.4
+  reading=$(widget_reading Gauge 'Copying files')
+  expect_within "the gauge after the click" "$(number "$reading" measure)" 700 900
+  expect "the bar reaches 60% now" "$(bar_at 60)" "$filled"
+  expect "and stops before 95%" "$(bar_at 95)" "$empty"
   ;;
 *)
   fail "unknown case"

@@ -19,8 +19,9 @@
 //   containers  the current tab and the tabs' places, the splitter's place
 //               and the widths beside it (--containers)
 //   widget C N  the Nth (from 0) widget of class C on the gallery page:
-//               its place and, for text boxes and labels, its text
-//               (--gallery)
+//               its place, the text of text boxes, labels, buttons,
+//               messages and gauges, a gauge's measure, and how far a table
+//               is scrolled sideways and which columns it shows (--gallery)
 //   quit
 // With --shot FILE it instead paints the same panel on the headless screen,
 // saves that window's picture and exits, for comparison with the display.

@@ -82,8 +82,9 @@ Glob* TableWidget::getHeader() const noexcept { return header_; }
 Zo::Box<int> TableWidget::getUserArea() const {
   Zo::Box<int> area = StandardPanel::getUserArea();
   int const frame = frameWidth();
-  area = Zo::Box<int>(area.x0 + frame, area.y0 + frame, std::max(area.x1 - frame, area.x0 + frame),
-                      std::max(area.y1 - frame - titleHeight(), area.y0 + frame));
+  int const bottom = area.y0 + frame + sideways_.barHeight();
+  area = Zo::Box<int>(area.x0 + frame, bottom, std::max(area.x1 - frame, area.x0 + frame),
+                      std::max(area.y1 - frame - titleHeight(), bottom));
   return area;
 }
 
@@ -208,7 +209,30 @@ int TableWidget::columnLeft(int column) const {
   if (column < 0 || column >= numColumns())
     return 0;
   ensureColumns();
-  return lefts_[column];
+  return lefts_[column] - sideways_.offset();
+}
+
+int TableWidget::columnsWidth() const {
+  ensureColumns();
+  return lefts_.empty() ? 0 : lefts_.back() + widths_.back();
+}
+
+void TableWidget::fitSideways() {
+  if (sideways_.setWidths(columnsWidth(), getView()->width())) {
+    // The bar takes its height from the rows, or gives it back.
+    refitView();
+    return;
+  }
+  Zo::Box<int> const rows = getUserArea();
+  sideways_.placeBar(XY<int>(rows.x0, rows.y0 - sideways_.barHeight()));
+}
+
+void TableWidget::scrolledSideways() {
+  Drawable::Suspender const oneRepaint;
+  redrawRows();
+  if (header_)
+    header_->invalidate();
+  placeEditWidget();
 }
 
 void TableWidget::columnsChanged() {
@@ -217,6 +241,7 @@ void TableWidget::columnsChanged() {
   redrawRows();
   if (header_)
     header_->invalidate();
+  fitSideways();
   placeEditWidget();
 }
 
@@ -290,7 +315,10 @@ void TableWidget::updateRow(int index, Glob* row) {
   static_cast<TableRow*>(row)->refresh(current, hasKbdFocus(), tagged);
 }
 
-void TableWidget::rowsPlaced() { placeEditWidget(); }
+void TableWidget::rowsPlaced() {
+  fitSideways();
+  placeEditWidget();
+}
 
 XY<int> TableWidget::cellAt(XY<int> point) const {
   int const row = rowIndexAt(point);
@@ -347,6 +375,10 @@ void TableWidget::setCurPos(XY<int> cell, int flags) {
     setScrollOffset(offsets.top(cell.y) + offsets.heightOf(cell.y) - getView()->height());
   } else if (flags & kShowCell) {
     scrollToShow(cell.y);
+  }
+  if (flags & kShowCell) {
+    ensureColumns();
+    sideways_.scrollToShow(lefts_[cell.x], lefts_[cell.x] + widths_[cell.x]);
   }
   if (!(flags & kQuiet) && old != cell)
     report(TableWidgetEvent::kCurrentChanged, cell);
@@ -415,7 +447,8 @@ void TableWidget::placeEditWidget() {
                               getView()->getY() + view.height());
   // A cell scrolled partly out of sight hides its editor rather than let it
   // stand over the titles or the frame.
-  bool const inSight = cell.width() > 0 && cell.y0 >= viewHere.y0 && cell.y1 <= viewHere.y1;
+  bool const inSight = cell.width() > 0 && cell.y0 >= viewHere.y0 && cell.y1 <= viewHere.y1 && cell.x0 >= viewHere.x0 &&
+                       cell.x0 < viewHere.x1;
   if (inSight) {
     editWidget_->resize(std::min(cell.x1, viewHere.x1) - cell.x0, cell.height());
     editWidget_->setPosition(XY<int>(cell.x0, cell.y0));
@@ -479,6 +512,8 @@ int TableWidget::handleMessageEvent(LightweightString<char> const& message, Glob
     commitEdit();
     return 1;
   }
+  if (sideways_.handleMessage(message, sender))
+    return 1;
   return VirtualRowsBase::handleMessageEvent(message, sender);
 }
 
@@ -595,6 +630,8 @@ void TableWidget::clickCell(XY<int> cell, Event const& event) {
 }
 
 int TableWidget::handleMouseEvent(Event const& event) {
+  if (sideways_.handleWheel(event))
+    return 1;
   if (event.type == Event::kMouseWheel || !adaptor_)
     return VirtualRowsBase::handleMouseEvent(event);
   XY<int> const cell = cellAt(event.position);

@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/widgets/lists/VirtualRowsBase.h>
 #include <zowidgets/host/widgets/lists/iTableAdaptor.h>
+#include <zowidgets/host/widgets/panels/HorizontalScroller.h>
 #include <zowidgets/values/notify/Broadcaster.h>
 
 #include <map>
@@ -37,6 +38,7 @@ struct TableWidgetEvent {
 // adaptor, Tab stores and moves to the next cell, Escape drops the edit.
 // Ctrl-click and Shift-click tag rows through the adaptor. With titles, a
 // click on one sorts by it and a drag of a column's right edge resizes it.
+// Columns wider together than the view scroll sideways (HorizontalScroller).
 class ZO_API TableWidget : public VirtualRowsBase, public Broadcaster<TableWidgetEvent> {
 public:
   class iCellEditor;
@@ -122,8 +124,13 @@ public:
   // box in this table's coordinates.
   XY<int> cellAt(XY<int> point) const;
   Zo::Box<int> getCellBox(XY<int> cell) const;
-  // The left edge of a column from the left of the rows.
+  // The left edge of a column from the left of the rows' view, after the
+  // sideways scroll.
   int columnLeft(int column) const;
+  // The columns side by side, and the sideways scroll over them.
+  int columnsWidth() const;
+  HorizontalScroller const& sideways() const noexcept { return sideways_; }
+  void setSidewaysOffset(int offset) { sideways_.setOffset(offset); }
   // The title row; null without kShowTitles.
   Glob* getHeader() const noexcept;
 
@@ -170,6 +177,9 @@ private:
   // Lays the columns out for the view's width when it changed.
   void ensureColumns() const;
   void columnsChanged();
+  // Shows the sideways bar when the columns overflow the view, and places it.
+  void fitSideways();
+  void scrolledSideways();
   void placeHeader();
   void placeEditWidget();
   void closeEditor();
@@ -208,4 +218,6 @@ private:
   bool sortAscending_ = true;
   bool highlightCurrentRow_ = true;
   bool textEntryHidden_ = false;
+  // Last: placing its bar asks getUserArea, which reads the members above.
+  HorizontalScroller sideways_{*this, [this] { scrolledSideways(); }};
 };

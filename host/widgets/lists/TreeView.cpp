@@ -2,10 +2,12 @@
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
 
 #include <algorithm>
+#include <cmath>
 
 struct TreeView::Node {
   iTreeViewAdaptor::Item item;
@@ -21,6 +23,9 @@ struct TreeView::Node {
 };
 
 namespace {
+
+// The arrows' side in pixels at scale 1, never more than the arrow area.
+constexpr int kArrowIconSize = 16;
 
 // One line of the tree. It draws from the tree it belongs to, which drops
 // its rows before it goes.
@@ -68,27 +73,65 @@ protected:
     ScrollListItemWidget::Look const look = ScrollListItemWidget::lookFor(getPalette());
     int const step = TreeView::indentStep();
     bool const flat = tree_->getAppearance() == TreeView::kFlat;
-    double x = look.textIndent / 2.0 + (flat ? 0 : tree_->depthAt(index_) * step);
+    double x = contentLeft(look) - tree_->sideways().offset();
     Colour const text = item->colour.use() ? item->colour : (selected_ ? look.selectedText : look.text);
     if (!flat) {
       if (openable_)
-        drawArrow(renderer, x + step / 2.0, height() / 2.0, step / 4.0, text);
+        drawArrow(renderer, x + step / 2.0, height() / 2.0, text);
       x += step;
     }
     if (!item->icon.empty()) {
-      double const side = height() - 2.0 * UifStd::getIndentWidth();
+      double const side = iconSide();
       double const y = (height() - side) / 2;
       renderer.renderPrimitive(Glib::ImageDescription(item->icon, Zo::Box<double>(x, y, x + side, y + side), 1.0));
       x += side + UifStd::getWidgetGap();
     }
-    Glib::FontDesc const font = item->font.family().empty() && item->font.size() == 0 ? UifStd::getFont() : item->font;
     renderer.renderPrimitive(
-        Glib::TextDescription(item->text.getString(), Zo::Box<double>(x, 0, width(), height()), font, text));
+        Glib::TextDescription(item->text.getString(), Zo::Box<double>(x, 0, width(), height()), fontOf(*item), text));
+  }
+
+public:
+  // The arrow, icon and text side by side with a margin each side: how far
+  // the sideways scroll must reach to show the whole row.
+  int naturalWidth() const {
+    iTreeViewAdaptor::Item const* item = tree_->itemAt(index_);
+    if (!item)
+      return 0;
+    ScrollListItemWidget::Look const look = ScrollListItemWidget::lookFor(getPalette());
+    double x = contentLeft(look);
+    if (tree_->getAppearance() != TreeView::kFlat)
+      x += TreeView::indentStep();
+    if (!item->icon.empty())
+      x += iconSide() + UifStd::getWidgetGap();
+    x += Glib::TextDescription::calcBounds(item->text.getString(), fontOf(*item)).width();
+    return static_cast<int>(std::ceil(x + look.textIndent / 2.0));
   }
 
 private:
-  // Pointing right when closed, down when open.
-  void drawArrow(CanvasRenderer& renderer, double cx, double cy, double r, Colour const& colour) const {
+  // Where the arrow area starts, before the sideways scroll.
+  double contentLeft(ScrollListItemWidget::Look const& look) const {
+    bool const flat = tree_->getAppearance() == TreeView::kFlat;
+    return look.textIndent / 2.0 + (flat ? 0 : tree_->depthAt(index_) * TreeView::indentStep());
+  }
+  double iconSide() const { return height() - 2.0 * UifStd::getIndentWidth(); }
+  static Glib::FontDesc fontOf(iTreeViewAdaptor::Item const& item) {
+    return item.font.family().empty() && item.font.size() == 0 ? UifStd::getFont() : item.font;
+  }
+
+  // The theme's arrow, pointing right when closed and down when open, in the
+  // row's text colour at the interface scale; drawn triangles where the
+  // theme has no artwork.
+  void drawArrow(CanvasRenderer& renderer, double cx, double cy, Colour const& colour) const {
+    int const step = TreeView::indentStep();
+    int const side = std::min(step, static_cast<int>(std::lround(kArrowIconSize * UifStd::getScale())));
+    IconCache::Icon const icon = IconCache::get(expanded_ ? "tree-expanded.png" : "tree-collapsed.png", side, colour);
+    if (icon.fromTheme) {
+      // On whole pixels, so the artwork stays as sharp as it was drawn.
+      XY<double> const corner(std::floor(cx - side / 2.0), std::floor(cy - side / 2.0));
+      renderer.renderPrimitive(Glib::ImageDescription(icon.surface, corner));
+      return;
+    }
+    double const r = step / 4.0;
     std::vector<XY<double>> points;
     if (expanded_)
       points = {{cx - r, cy + r * 0.6}, {cx + r, cy + r * 0.6}, {cx, cy - r * 0.8}};
@@ -179,6 +222,7 @@ void TreeView::collectShown(Node& node, std::vector<Shown>& out) const {
 }
 
 void TreeView::refresh(int keepState) {
+  widest_ = 0;
   std::set<std::wstring> opened;
   LightweightString<wchar_t> const selectedId = keepState ? getSelectedItem() : LightweightString<wchar_t>();
   if (keepState)
@@ -341,10 +385,15 @@ void TreeView::report(int type, int row) { broadcast(TreeViewEvent{type, nodeAt(
 
 void TreeView::setAppearance(int appearance) {
   appearance_ = appearance;
+  widest_ = 0;
   rowsChanged();
 }
 
-void TreeView::setScrollbarDisplay(int display) { setScrollBarAllowed(display != kScrollbarNever); }
+void TreeView::setScrollbarDisplay(int display) {
+  // Never means neither bar: a tree that must not scroll sideways is cut.
+  sidewaysAllowed_ = display != kScrollbarNever;
+  setScrollBarAllowed(display != kScrollbarNever);
+}
 
 Glob* TreeView::makeRow(int index, int width, int height) { return new TreeRow(this, index, XY<int>(width, height)); }
 
@@ -354,6 +403,37 @@ void TreeView::updateRow(int index, Glob* row) {
                                       node.expanded);
 }
 
+void TreeView::rowsPlaced() {
+  int const first = getFirstVisibleIndex();
+  for (int row = std::max(first, 0); first >= 0 && row <= getLastVisibleIndex(); ++row)
+    if (auto const* shown = static_cast<TreeRow const*>(getRowGlob(row)))
+      widest_ = std::max(widest_, shown->naturalWidth());
+  if (sideways_.setWidths(sidewaysAllowed_ ? widest_ : 0, getView()->width())) {
+    // The bar takes its height from the rows, or gives it back.
+    refitView();
+    return;
+  }
+  Zo::Box<int> const rows = getUserArea();
+  sideways_.placeBar(XY<int>(rows.x0, rows.y0 - sideways_.barHeight()));
+}
+
+Zo::Box<int> TreeView::getUserArea() const {
+  Zo::Box<int> const area = VirtualRowsBase::getUserArea();
+  int const bottom = std::min(area.y0 + sideways_.barHeight(), area.y1);
+  return Zo::Box<int>(area.x0, bottom, area.x1, area.y1);
+}
+
+void TreeView::showRowStart(int row) {
+  int const left = appearance_ == kFlat ? 0 : depthAt(row) * indentStep();
+  sideways_.scrollToShow(left, expanderRight(row));
+}
+
+int TreeView::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {
+  if (sideways_.handleMessage(message, sender))
+    return 1;
+  return VirtualRowsBase::handleMessageEvent(message, sender);
+}
+
 int TreeView::expanderRight(int row) const {
   return appearance_ == kFlat
              ? 0
@@ -361,13 +441,15 @@ int TreeView::expanderRight(int row) const {
 }
 
 int TreeView::handleMouseEvent(Event const& event) {
+  if (sideways_.handleWheel(event))
+    return 1;
   if (event.type != Event::kMouseDown || !mouse_left_event(event))
     return VirtualRowsBase::handleMouseEvent(event);
   claimKbdFocus();
   int const row = rowIndexAt(event.position);
   if (row < 0)
     return 1;
-  int const x = event.position.x - getView()->getX();
+  int const x = event.position.x - getView()->getX() + sideways_.offset();
   bool const onArrow = appearance_ != kFlat && x < expanderRight(row) && x >= expanderRight(row) - indentStep();
   if (onArrow && hasChildren(nodeAt(row))) {
     if (nodeAt(row).expanded)
@@ -388,7 +470,10 @@ int TreeView::handleMouseEvent(Event const& event) {
 int TreeView::handleKeyboardEvent(int key) {
   int const bare = key & ~kKeyModifierMask;
   int const at = selected_;
-  auto move = [this](int row) { selectRow(std::clamp(row, 0, rowCount() - 1), true); };
+  auto move = [this](int row) {
+    selectRow(std::clamp(row, 0, rowCount() - 1), true);
+    showRowStart(selected_);
+  };
   if (rowCount() == 0)
     return VirtualRowsBase::handleKeyboardEvent(key);
   switch (bare) {

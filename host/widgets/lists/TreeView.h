@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/widgets/lists/VirtualRowsBase.h>
 #include <zowidgets/host/widgets/lists/iTreeViewAdaptor.h>
+#include <zowidgets/host/widgets/panels/HorizontalScroller.h>
 #include <zowidgets/values/notify/Broadcaster.h>
 
 #include <memory>
@@ -26,7 +27,9 @@ struct TreeViewEvent {
 // their arrows (or a double click) and selects by a click; the keys move the
 // selection (Up, Down, Page Up, Page Down, Home, End), Right opens an item or
 // goes to its first child, Left closes it or goes to its parent, Return
-// activates it.
+// activates it. Rows wider than the view scroll sideways
+// (HorizontalScroller): the widest row seen since the last refresh sets the
+// range.
 class ZO_API TreeView : public VirtualRowsBase, public Broadcaster<TreeViewEvent> {
 public:
   enum eAppearance : int { kShowExpanders = 0, kFlat = 1 };
@@ -71,14 +74,19 @@ public:
 
   int handleKeyboardEvent(int key) override;
   int handleMouseEvent(Event const& event) override;
+  int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override;
   void handleKbdFocus(bool gained) override;
+  Zo::Box<int> getUserArea() const override;
 
   // The width of one level of indent, and of the arrow area of a row.
   static int indentStep();
+  HorizontalScroller const& sideways() const noexcept { return sideways_; }
+  void setSidewaysOffset(int offset) { sideways_.setOffset(offset); }
 
 protected:
   Glob* makeRow(int index, int width, int height) override;
   void updateRow(int index, Glob* row) override;
+  void rowsPlaced() override;
 
 private:
   struct Node;
@@ -101,10 +109,18 @@ private:
   Node* find(Node& from, LightweightString<wchar_t> const& id) const;
   int rowOf(Node const& node) const;
   int expanderRight(int row) const;
+  // Shows the start of a row's arrow, icon and text when it is out of sight.
+  void showRowStart(int row);
 
   iTreeViewAdaptor* adaptor_ = nullptr;
   std::unique_ptr<Node> root_;
   std::vector<Shown> visible_;
   int selected_ = -1;
   int appearance_ = kShowExpanders;
+  // The widest row met since the rows were last refreshed: the sideways
+  // range, so that scrolling up and down does not make the bar come and go.
+  int widest_ = 0;
+  bool sidewaysAllowed_ = true;
+  // Last: placing its bar asks getUserArea.
+  HorizontalScroller sideways_{*this, [this] { getView()->invalidate(); }};
 };

@@ -110,6 +110,12 @@ void VirtualRowsBase::changeRowHeight(int height) {
   setScrollOffset(offsets_.top(topRow));
 }
 
+void VirtualRowsBase::refitView() {
+  Drawable::Suspender const oneRepaint;
+  fitViewToUserArea();
+  setScrollOffset(offset_);
+}
+
 void VirtualRowsBase::setScrollOffset(int offset) {
   // Rows leave, arrive and move: one paint for all of it.
   Drawable::Suspender const oneRepaint;

@@ -67,6 +67,9 @@ protected:
   void rowsChanged();
   // A new row height; the row at the top stays there.
   void changeRowHeight(int height);
+  // The user area changed without a resize (a sideways bar came or went):
+  // fits the view to it and places the rows again.
+  void refitView();
   // Calls updateRow on the live rows from `from` to `to`.
   void refreshRows(int from, int to);
   void draw(CanvasRenderer& renderer) override;
