@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -80,21 +81,26 @@ bool WindowEffects::isCutAway(XY<int> pixel, XY<int> size, int radius) {
 
 void WindowEffects::blitWithCurvedCorners(Zo::Image::Surface& out, Zo::Box<int> const& area, Zo::Box<int> const& window,
                                           Zo::Image::Surface const& pixels, int radius) {
-  // What lies behind each corner, put back where the corner is cut away.
   int const r = std::min({radius, window.width() / 2, window.height() / 2});
   XY<int> const size(window.width(), window.height());
-  Zo::Image::Surface const behind = out.clone();
-  out.blit(pixels, window.x0 - area.x0, area.y1 - window.y1);
-  if (r <= 0)
-    return;
+  // What lies behind the cut-away parts of the corners, put back after the
+  // window is laid over it.
+  struct Kept {
+    int column;
+    int row;
+    std::uint32_t pixel;
+  };
+  std::vector<Kept> behind;
   XY<int> const corners[] = {{0, 0}, {size.x - r, 0}, {0, size.y - r}, {size.x - r, size.y - r}};
   for (XY<int> const& corner : corners)
     for (int y = corner.y; y < corner.y + r; ++y)
-      for (int x = corner.x; x < corner.x + r; ++x) {
-        if (!isCutAway(XY<int>(x, y), size, r))
-          continue;
-        int const column = window.x0 + x - area.x0;
-        int const row = area.y1 - 1 - (window.y0 + y);
-        out.setPixel(column, row, behind.pixel(column, row));
-      }
+      for (int x = corner.x; x < corner.x + r; ++x)
+        if (isCutAway(XY<int>(x, y), size, r)) {
+          int const column = window.x0 + x - area.x0;
+          int const row = area.y1 - 1 - (window.y0 + y);
+          behind.push_back({column, row, out.pixel(column, row)});
+        }
+  out.blit(pixels, window.x0 - area.x0, area.y1 - window.y1);
+  for (Kept const& kept : behind)
+    out.setPixel(kept.column, kept.row, kept.pixel);
 }
