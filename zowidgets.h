@@ -131,6 +131,7 @@
 #include <zowidgets/host/base/TextFile.h>
 #include <zowidgets/host/base/TextSearch.h>
 #include <zowidgets/host/base/UIString.h>
+#include <zowidgets/host/base/ValObserver.h>
 #include <zowidgets/host/base/XY.h>
 #include <zowidgets/host/base/configb.h>
 #include <zowidgets/host/display/BackendChoice.h>
@@ -207,6 +208,8 @@
 #include <zowidgets/host/toolkit/Orientation.h>
 #include <zowidgets/host/toolkit/PositionNames.h>
 #include <zowidgets/host/toolkit/ProgressReportClient.h>
+#include <zowidgets/host/toolkit/ScreenRefresh.h>
+#include <zowidgets/host/toolkit/StateSaver.h>
 #include <zowidgets/host/toolkit/SystemWatchdog.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/TabOrderableHost.h>

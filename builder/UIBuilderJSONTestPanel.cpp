@@ -10,10 +10,12 @@
 
 namespace {
 
+// A test panel has no place in the menus: it carries no label, description
+// or key.
 CommandRegistrar const registration(
     UIBuilderJSONTestPanel::kCommand,
     [](Cmd::Context const& context) { GlobManager::placeBeside(UIBuilderJSONTestPanel::open(), context.origin); },
-    L"UIBuilder JSON Test", L"Builds a panel from the JSON description written in its box", kCmdScopeApplication, {});
+    UIString(), UIString(), kCmdScopeApplication, MapItem{});
 
 int panelWidth() { return 20 * UifStd::getRowHeight(); }
 

@@ -9,11 +9,12 @@ using namespace GenericParam;
 
 namespace {
 
+// A test panel has no place in the menus: it carries no label, description
+// or key.
 CommandRegistrar const registration(
     UIBuilderTestPanel::kCommand,
     [](Cmd::Context const& context) { GlobManager::placeBeside(UIBuilderTestPanel::open(), context.origin); },
-    L"UIBuilder Test Panel", L"Builds every kind of parameter in code, with rules, on a panel with a Build button",
-    kCmdScopeApplication, {});
+    UIString(), UIString(), kCmdScopeApplication, MapItem{});
 
 int panelWidth() { return 18 * UifStd::getRowHeight(); }
 

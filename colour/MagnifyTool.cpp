@@ -17,6 +17,7 @@
 
 namespace {
 
+constexpr ResId kCommandShortLabel = 11233;
 constexpr ResId kCommandLabel = 13638;
 constexpr ResId kCommandDescription = 13639;
 constexpr ResId kTitleWord = 11235;
@@ -38,6 +39,9 @@ MagnifyTool::InitArgs withStyleBorder(MagnifyTool::InitArgs args) {
   return args;
 }
 
+// The lens is a rounded shape: its frame's corners and its window's.
+int lensCornerRadius() { return UifStd::getWidgetGap() * 2; }
+
 // A thin frame at least one pixel wide that grows with the scale.
 int frameWidth() { return std::max(1, UifStd::getIndentWidth() / 2); }
 
@@ -47,7 +51,7 @@ Zo::Box<double> outlineBox(Zo::Box<int> const& box, int grow) {
 
 CommandRegistrar const showMagnifierCommand(
     MagnifyTool::kShowCommand, [](Cmd::Context const&) { MagnifyTool::showMagnifier(); }, UIString(kCommandLabel),
-    UIString(kCommandDescription), kCmdScopeApplication, MapItem{kShowMagnifierKey});
+    UIString(kCommandDescription), kCmdScopeApplication, MapItem{kShowMagnifierKey}, UIString(kCommandShortLabel));
 
 bool const registeredType = [] {
   GlobManager::registerGlobType("MagnifyTool", [](GlobCreationInfo const& info) {
@@ -126,6 +130,9 @@ void MagnifyTool::init() {
     setTitle(buildTitleStr(), UifStd::getTitleFont(), kNoRedraw);
     setMinSize(XY<int>(minimumSide(), minimumSide()));
   }
+  // What lies outside the lens's rounded frame is the screen behind it.
+  if (style_ == kLens)
+    setWindowCornerRadius(lensCornerRadius());
   if (style_ != kLens) {
     Slider::InitArgs args(GlobCreationInfo(XY<int>(getUserArea().width(), UifStd::getRowHeight())));
     args.minValue = kMinLevel;
@@ -234,7 +241,7 @@ void MagnifyTool::drawBackground(CanvasRenderer& renderer) {
     if (style_ == kLens) {
       Colour const edge = Colour::mix(palette.window(), Colour(0.0, 0.0, 0.0), 0.2);
       Glib::drawRoundedRectOutline(renderer, Glib::toDoubleBox(Zo::Box<int>(0, 0, width(), height())), edge,
-                                   UifStd::getWidgetGap() * 2, UifStd::getIndentWidth());
+                                   lensCornerRadius(), UifStd::getIndentWidth());
     } else {
       Glib::RectDescription frame(outlineBox(view, frameWidth()), Colour::invalid());
       frame.outline = palette.window(-3);

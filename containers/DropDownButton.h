@@ -128,8 +128,13 @@ protected:
   void performAction() override { switchState(isLatching() ? getState() : 1, true); }
 
   // Where a panel of `size` goes: under the button, or over it when there is
-  // no room below; on the screen in any case.
-  XY<int> calcPanelPosition(XY<int> size) const {
+  // no room below; on the screen in any case. `clamped` says that there was
+  // no room over it either, so that the panel was put at the screen's bottom.
+  struct PanelPlace {
+    XY<int> position;
+    bool clamped = false;
+  };
+  PanelPlace calcPanelPlace(XY<int> size) const {
     Zo::Box<int> const button = screenBoxOf(*this);
     int x = button.x0;
     if (alignment_ == kAlignCentre)
@@ -139,18 +144,29 @@ protected:
     int y = button.y0 - size.y;
     if (y < 0)
       y = button.y0 + height();
-    if (y + size.y > screenBackend().screenSize().y)
+    bool const clamped = y + size.y > screenBackend().screenSize().y;
+    if (clamped)
       y = 0;
-    return GlobManager::getSafePosForGlob(canvas(), size, XY<int>(x, y));
+    return {GlobManager::getSafePosForGlob(canvas(), size, XY<int>(x, y)), clamped};
   }
+  XY<int> calcPanelPosition(XY<int> size) const { return calcPanelPlace(size).position; }
 
   // Makes the panel a window beside the button. A panel made for another
-  // size than it took is moved to suit before anything is painted.
+  // size than it took is moved to suit before anything is painted. A panel
+  // framed as a drop menu casts a shadow round the sides that do not meet
+  // the button; round all four when it could not be put beside the button.
   void displayWidget(T* panel) {
     Drawable::Suspender holdRedraws;
+    PanelPlace const place = calcPanelPlace(panel->getSize());
+    if (panel->getBorder().style() == Border::kDropMenuBorder) {
+      constexpr float kShadowStrength = 0.35f;
+      unsigned const edges =
+          place.clamped ? unsigned(Glob::kAllEdges) : unsigned(Glob::kEdgeLeft | Glob::kEdgeRight | Glob::kEdgeBottom);
+      panel->addSurround(2 * UifStd::getWidgetGap(), Colour(0.0, 0.0, 0.0), kShadowStrength, edges);
+    }
     GlobManager::realize(panel);
     if (Canvas* window = panel->canvas())
-      window->move(calcPanelPosition(panel->getSize()));
+      window->move(place.position);
   }
 
   typename T::InitArgs& dropDownArgs() noexcept { return dropDownArgs_; }

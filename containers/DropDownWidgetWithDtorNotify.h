@@ -24,7 +24,9 @@ public:
     bool movable = false;
   };
 
-  explicit DropDownWidgetWithDtorNotify(InitArgs const& args) : T(args), owner_(args.owner), movable_(args.movable) {}
+  explicit DropDownWidgetWithDtorNotify(InitArgs const& args) : T(args), owner_(args.owner) {
+    this->setMovable(args.movable);
+  }
   ~DropDownWidgetWithDtorNotify() override {
     unsetModalContextGlob();
     Glob::sendMsg(owner_.get(), DropDownMsg::kPanelGone, this);
@@ -34,8 +36,6 @@ public:
   Glob* getOwner() const { return owner_.get(); }
   void setDraggable(bool draggable) { draggable_ = draggable; }
   bool isDraggable() const noexcept { return draggable_; }
-  void setMovable(bool movable) { movable_ = movable; }
-  bool isMovable() const noexcept { return movable_; }
   bool isAttached() const noexcept { return attached_; }
 
   // Either way the button hears "detach" and lets the panel go, which then
@@ -45,7 +45,7 @@ public:
   virtual void setAttached(bool attached) {
     attached_ = attached;
     Glob::sendMsg(owner_.get(), DropDownMsg::kDetach, this);
-    setMovable(!attached);
+    this->setMovable(!attached);
     unsetModalContextGlob();
     this->invalidate();
     GlobManager::redisplay();
@@ -80,7 +80,7 @@ public:
       return used;
     if (event.type == Event::kMouseDown && mouse_left_event(event)) {
       pressed_ = true;
-      moving_ = movable_;
+      moving_ = this->isMovable();
       pressScreen_ = event.screenPosition;
       grip_ = event.screenPosition - this->screenPosition();
     } else if (event.type == Event::kMouseUp && mouse_left_event(event)) {
@@ -149,7 +149,6 @@ protected:
 private:
   GlobHandle owner_;
   GlobHandle modalContext_;
-  bool movable_;
   bool draggable_ = false;
   bool attached_ = true;
   bool pressed_ = false;

@@ -13,12 +13,12 @@
 
 namespace {
 
-CommandRegistrar const registration(PageIndexTestPanel::kCommand,
-                                    [](Cmd::Context const& context) {
-                                      GlobManager::placeBeside(PageIndexTestPanel::open(), context.origin);
-                                    },
-                                    L"PageIndexWidget Test", L"A page index with a box for the number of pages",
-                                    kCmdScopeApplication, {});
+// A test panel has no place in the menus: it carries no label, description
+// or key.
+CommandRegistrar const registration(
+    PageIndexTestPanel::kCommand,
+    [](Cmd::Context const& context) { GlobManager::placeBeside(PageIndexTestPanel::open(), context.origin); },
+    UIString(), UIString(), kCmdScopeApplication, MapItem{});
 
 constexpr unsigned kStandardWidgets = StandardPanel::kTitle | StandardPanel::kPoot;
 

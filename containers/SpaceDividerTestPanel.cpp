@@ -7,13 +7,12 @@
 
 namespace {
 
-CommandRegistrar const registration(SpaceDividerTestPanel::kCommand,
-                                    [](Cmd::Context const& context) {
-                                      GlobManager::placeBeside(SpaceDividerTestPanel::open(), context.origin);
-                                    },
-                                    L"Space Divider Test",
-                                    L"Three panes shared out by a hairline and a standard splitter; drag either",
-                                    kCmdScopeApplication, {});
+// A test panel has no place in the menus: it carries no label, description
+// or key.
+CommandRegistrar const registration(
+    SpaceDividerTestPanel::kCommand,
+    [](Cmd::Context const& context) { GlobManager::placeBeside(SpaceDividerTestPanel::open(), context.origin); },
+    UIString(), UIString(), kCmdScopeApplication, MapItem{});
 
 constexpr unsigned kStandardWidgets = StandardPanel::kTitle | StandardPanel::kPoot;
 

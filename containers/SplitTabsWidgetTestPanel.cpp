@@ -7,13 +7,12 @@
 
 namespace {
 
-CommandRegistrar const registration(SplitTabsWidgetTestPanel::kCommand,
-                                    [](Cmd::Context const& context) {
-                                      GlobManager::placeBeside(SplitTabsWidgetTestPanel::open(), context.origin);
-                                    },
-                                    L"SplitTabsWidget test",
-                                    L"Two groups of tabs that merge into one row when the window is narrow",
-                                    kCmdScopeApplication, {});
+// A test panel has no place in the menus: it carries no label, description
+// or key.
+CommandRegistrar const registration(
+    SplitTabsWidgetTestPanel::kCommand,
+    [](Cmd::Context const& context) { GlobManager::placeBeside(SplitTabsWidgetTestPanel::open(), context.origin); },
+    UIString(), UIString(), kCmdScopeApplication, MapItem{});
 
 constexpr unsigned kStandardWidgets = StandardPanel::kTitle | StandardPanel::kPoot;
 

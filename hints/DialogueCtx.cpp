@@ -1,6 +1,8 @@
 #include <zowidgets/hints/DialogueCtx.h>
 
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/ScreenRefresh.h>
+#include <zowidgets/host/toolkit/StateSaver.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
@@ -33,9 +35,14 @@ template <class T> DialogueCtx<T>* DialogueCtx<T>::make(UIString const& title, U
   if (x != kDefaultPosition || y != kDefaultPosition)
     args.screenPosition = XY<int>(x, y);
   args.modal = true;
+  Glib::StateSaver savedState;
+  // The dialogue reaches the screen in one piece, with its shadow.
+  ScreenRefreshHold holdScreen;
   Drawable::Suspender holdRedraws;
   auto* dialogue = new DialogueCtx(args, std::move(context));
   GlobManager::realize(dialogue);
+  dialogue->addShadow();
+  dialogue->reshapeAndDraw();
   return dialogue;
 }
 

@@ -1,6 +1,7 @@
 #include <zowidgets/hints/HintWindow.h>
 
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/toolkit/StateSaver.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
@@ -80,6 +81,8 @@ HintWindow* HintWindow::make(Hint const& hint, WidgetPosition position) {
   remove();
   WidgetPosition const placed = calcPosition(hint, position, kOkButton);
   InitArgs args(hint, position);
+  // The root position set below is this window's alone.
+  Glib::StateSaver savedState;
   Drawable::Suspender holdRedraws;
   XY<int> at = isScreenPoint(placed) ? XY<int>(placed.x, placed.y) : toolkitPlace(args, placed);
   bool const tipAcrossX = args.relativity == kRelativeAbove || args.relativity == kRelativeBelow;

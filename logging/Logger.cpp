@@ -9,6 +9,7 @@
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/SystemWatchdog.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
@@ -639,6 +640,9 @@ bool Logger::handleMouseClickEvent(XY<int> const& cell, Event const& event) {
   double const dy = event.screenPosition.y - pressPoint_.y;
   if (std::lround(std::pow(dx * dx + dy * dy, 0.5)) < UifStd::getWidgetGap())
     return false;
+  // The rest of the drag is the desktop's: the row must not start it again
+  // at every move.
+  mouse_canvas_connect(nullptr);
   Glib::dragFilesToOS(link.targets());
   return true;
 }

@@ -1,18 +1,13 @@
 #include <zowidgets/logging/TaskProgressWidget.h>
 
 #include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/toolkit/GlobTheme.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/values/ActionIndicator.h>
 #include <zowidgets/host/widgets/values/Gauge.h>
 
 #include <string>
-
-namespace {
-
-int thinGaugeHeight() { return 2 * UifStd::getRowGap(); }
-
-} // namespace
 
 TaskProgressWidget::TaskProgressWidget(InitArgs const& args) : Glob(args), task_(args.task) {
   // One waiting update per widget, not one for every widget there is.
@@ -28,7 +23,7 @@ TaskProgressWidget::TaskProgressWidget(InitArgs const& args) : Glob(args), task_
   labelArgs.font = UifStd::getSubscriptFont();
   label_ = indicator_ ? createChild<TextLabel>(labelArgs, Glob::Below(0, indicator_))
                       : createChild<TextLabel>(labelArgs, Glob::UserTopLeft(0, 0));
-  Gauge::InitArgs gaugeArgs(XY<int>(width, thinGaugeHeight()));
+  Gauge::InitArgs gaugeArgs(XY<int>(width, GlobTheme::gaugeHeight()));
   gaugeArgs.barColour = getPalette().subheadingText();
   gaugeArgs.backgroundColour = getPalette().text(1);
   gauge_ = createChild<Gauge>(gaugeArgs, Glob::UserBottomLeft(0, 0));
@@ -41,7 +36,7 @@ TaskProgressWidget::TaskProgressWidget(InitArgs const& args) : Glob(args), task_
 }
 
 int TaskProgressWidget::calcHeight(eAppearance appearance) {
-  return thinGaugeHeight() + (appearance == kPlain ? UifStd::getWidgetGap() : 2 * UifStd::getRowHeight());
+  return GlobTheme::gaugeHeight() + (appearance == kPlain ? UifStd::getWidgetGap() : 2 * UifStd::getRowHeight());
 }
 
 void TaskProgressWidget::setString(UIString const& text) { label_->setString(text); }

@@ -1,5 +1,6 @@
 #include <zowidgets/logging/TitledProgressBar.h>
 
+#include <zowidgets/host/toolkit/GlobTheme.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/values/Gauge.h>
@@ -23,15 +24,13 @@ TitledProgressBar::TitledProgressBar(InitArgs const& args) : StandardPanel(flat(
   labelArgs.text = args.title;
   labelArgs.font = UifStd::getFont();
   label_ = createWidget<TextLabel>(labelArgs, Glob::UserTopLeft(0, 0));
-  Gauge::InitArgs gaugeArgs(XY<int>(std::max(0, width() - 2 * margin), gaugeHeight()));
+  Gauge::InitArgs gaugeArgs(XY<int>(std::max(0, width() - 2 * margin), GlobTheme::gaugeHeight()));
   gaugeArgs.barColour = getPalette().subheadingText();
   gaugeArgs.backgroundColour = getPalette().text(1);
   gauge_ = createWidget<Gauge>(gaugeArgs, Glob::BottomLeft(margin, 0));
 }
 
-int TitledProgressBar::gaugeHeight() { return 2 * UifStd::getRowGap(); }
-
-int TitledProgressBar::calcHeight() { return UifStd::getRowHeight() + UifStd::getRowGap() + gaugeHeight(); }
+int TitledProgressBar::calcHeight() { return UifStd::getRowHeight() + UifStd::getRowGap() + GlobTheme::gaugeHeight(); }
 
 void TitledProgressBar::setString(UIString const& text) { label_->setString(text); }
 

@@ -19,7 +19,6 @@ public:
 
   // The label's row, the gap and the gauge.
   static int calcHeight();
-  static int gaugeHeight();
 
   void setString(UIString const& text);
   void setProgress(double fraction);

@@ -1,4 +1,5 @@
 #include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/headless/detail/WindowEffects.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/WallpaperProvider.h>
@@ -45,9 +46,14 @@ Zo::Image::Surface HeadlessScreen::grab(Zo::Box<int> const& area) {
     if (!canvas->isMapped())
       continue;
     canvas->paintPending();
-    Zo::Box<int> box = canvas->screenBox();
-    // Bottom-up screen coordinates to the grab's top-down rows.
-    out.blit(canvas->surface(), box.x0 - area.x0, area.y1 - box.y1);
+    Zo::Box<int> const box = canvas->screenBox();
+    Glob const* root = canvas->root();
+    if (root)
+      WindowEffects::drawSurround(out, area, box, root->getWindowSurround());
+    if (root && root->getWindowCornerRadius() > 0)
+      WindowEffects::blitWithCurvedCorners(out, area, box, canvas->surface(), root->getWindowCornerRadius());
+    else // bottom-up screen coordinates to the grab's top-down rows
+      out.blit(canvas->surface(), box.x0 - area.x0, area.y1 - box.y1);
   }
   return out;
 }

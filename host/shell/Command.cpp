@@ -20,14 +20,15 @@ CommandTable& table() {
 } // namespace
 
 bool CommandMap::registerCommand(std::string_view name, Cmd::Function const& function, UIString const& label,
-                                 UIString const& description, eCmdScope scope, MapItem const& mapItem) {
+                                 UIString const& description, eCmdScope scope, MapItem const& mapItem,
+                                 UIString const& shortLabel) {
   if (name.empty() || !function)
     return false;
   auto& commands = table();
   std::lock_guard lock(commands.mutex);
   auto [where, added] = commands.commands.try_emplace(std::string(name));
   if (added)
-    where->second = Cmd::Command{std::string(name), function, label, description, scope, mapItem};
+    where->second = Cmd::Command{std::string(name), function, label, description, scope, mapItem, shortLabel};
   return added;
 }
 
@@ -69,9 +70,10 @@ std::vector<std::string> CommandMap::commandNames() {
 }
 
 CommandRegistrar::CommandRegistrar(char const* name, Cmd::Function const& function, UIString const& label,
-                                   UIString const& description, eCmdScope scope, MapItem const& mapItem)
+                                   UIString const& description, eCmdScope scope, MapItem const& mapItem,
+                                   UIString const& shortLabel)
     : name_(name ? name : ""),
-      registered_(CommandMap::registerCommand(name_, function, label, description, scope, mapItem)) {}
+      registered_(CommandMap::registerCommand(name_, function, label, description, scope, mapItem, shortLabel)) {}
 
 CommandRegistrar::~CommandRegistrar() {
   if (registered_)

@@ -57,7 +57,10 @@ private:
   std::function<void(Context const&)> body_;
 };
 
-// A registered command, as CommandMap::findCommand gives it.
+// A registered command, as CommandMap::findCommand gives it. The label,
+// the description, the short label and the key are how the application
+// presents the command (a menu row, its tooltip, a toolbar button);
+// commands made for testing carry none of them.
 struct Command {
   std::string name;
   Function function;
@@ -65,6 +68,8 @@ struct Command {
   UIString description;
   eCmdScope scope = kCmdScopeApplication;
   MapItem mapItem;
+  // The name where room is short: a toolbar button, a narrow menu.
+  UIString shortLabel;
 };
 
 } // namespace Cmd
@@ -82,7 +87,7 @@ public:
   // name already taken.
   static bool registerCommand(std::string_view name, Cmd::Function const& function, UIString const& label = {},
                               UIString const& description = {}, eCmdScope scope = kCmdScopeApplication,
-                              MapItem const& mapItem = {});
+                              MapItem const& mapItem = {}, UIString const& shortLabel = {});
   // False when no command has the name.
   static bool unregisterCommand(std::string_view name);
 
@@ -100,7 +105,7 @@ public:
 class ZO_API CommandRegistrar {
 public:
   CommandRegistrar(char const* name, Cmd::Function const& function, UIString const& label, UIString const& description,
-                   eCmdScope scope, MapItem const& mapItem);
+                   eCmdScope scope, MapItem const& mapItem, UIString const& shortLabel = {});
   ~CommandRegistrar();
   CommandRegistrar(CommandRegistrar const&) = delete;
   CommandRegistrar& operator=(CommandRegistrar const&) = delete;

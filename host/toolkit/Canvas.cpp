@@ -3,6 +3,8 @@
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/ScreenRefresh.h>
+#include <zowidgets/host/toolkit/detail/DrawingState.h>
 #include <zowidgets/host/toolkit/detail/GlobRegistry.h>
 
 #include <algorithm>
@@ -33,6 +35,7 @@ Canvas::Canvas(Glob* root, XY<int> screenPosition, XY<int> size)
 }
 
 Canvas::~Canvas() {
+  DrawingState::forgetCanvas(this);
   // Gone with its root, which already told of its deletion: not "hidden".
   if (mapped_) {
     mapped_ = false;
@@ -114,7 +117,8 @@ void Canvas::clearDamage() { damage_ = Zo::Box<int>(); }
 void Canvas::paintPending() {
   // A widget may change while it paints (rows made on first showing): the
   // damage it adds is painted in a further pass, never from inside a paint.
-  if (painting_)
+  // While the screen's refresh is off, the damage waits for refresh_on.
+  if (painting_ || refresh_is_off())
     return;
   painting_ = true;
   constexpr int kMaxPasses = 4;

@@ -4,19 +4,17 @@
 #include <zowidgets/host/toolkit/Glob.h>
 
 #include <zowidgets/host/toolkit/CursorCodes.h>
+#include <zowidgets/host/toolkit/detail/DrawingState.h>
 #include <zowidgets/host/toolkit/detail/GlobRegistry.h>
 
 #include <algorithm>
 #include <cstring>
 #include <utility>
 
-namespace {
-XY<int> pendingRootPosition = XY<int>::unset();
-} // namespace
-
 Glob::Glob(GlobCreationInfo const& info)
     : requestedScreenPosition_(info.screenPosition), size_(info.size), oldSize_(info.size), border_(info.border),
       palette_(info.palette ? std::make_unique<Palette>(*info.palette) : nullptr) {
+  XY<int>& pendingRootPosition = DrawingState::current().pendingRootPosition;
   if (requestedScreenPosition_.isUnset() && !info.parent && !pendingRootPosition.isUnset()) {
     requestedScreenPosition_ = pendingRootPosition;
     pendingRootPosition = XY<int>::unset();
@@ -25,7 +23,7 @@ Glob::Glob(GlobCreationInfo const& info)
 }
 
 void Glob::setupRootPos(Canvas* relativeTo, XY<int> position) {
-  pendingRootPosition = relativeTo ? relativeTo->getPosition() + position : position;
+  DrawingState::current().pendingRootPosition = relativeTo ? relativeTo->getPosition() + position : position;
 }
 
 bool Glob::isType(char const* name) const { return name && std::strcmp(idstring(), name) == 0; }

@@ -3,6 +3,7 @@
 #include <zowidgets/host/base/Box.h>
 #include <zowidgets/host/base/DataChange.h>
 #include <zowidgets/host/base/UIString.h>
+#include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
 #include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/events/EventHandler.h>
@@ -16,6 +17,7 @@
 #include <vector>
 
 class CanvasRenderer;
+class Theme;
 
 // The widget base. Widgets form a tree: a parent owns its children and
 // deletes them with itself. Coordinates are bottom-up in whole pixels: a
@@ -132,6 +134,55 @@ public:
   // Where this widget asked to go when it becomes a top-level window; unset
   // lets the toolkit choose.
   XY<int> requestedScreenPosition() const noexcept { return requestedScreenPosition_; }
+
+  // Re-runs the placement of the children and marks the whole widget for
+  // repainting: what a widget does after its layout changed.
+  virtual void reshape();
+  // reshape(), then paints at once. A top-level window also moves to
+  // `screenPosition`; a child to that position in its parent. The unset
+  // position (-1234, -1234) keeps the widget where it is.
+  void reshapeAndDraw(XY<int> screenPosition = XY<int>::unset());
+  // Makes this widget's window the thread's current one
+  // (Glib::currentCanvas), the window in hand while a change is made and
+  // what a Glib::StateSaver puts back. Returns it; null before the widget
+  // is in a realized window.
+  Canvas* makeCanvasCurrent() const;
+  // The named numbers of the look (UifStd::getTheme()).
+  Theme& theme() const;
+
+  // --- Window --------------------------------------------------------------
+  // Whether the user may move this widget's window by dragging it: a
+  // panel by its title bar, a floating host by any part its children leave
+  // alone. Off unless the class turns it on.
+  virtual void setMovable(bool movable) { movable_ = movable; }
+  virtual bool isMovable() const { return movable_; }
+  // A soft band of colour outside a top-level window's edges, fading out
+  // over `width` pixels from `strength` (0 to 1) at the edge: a shadow when
+  // black. `edges` are eEdge bits. The screen draws it under the window, over
+  // whatever lies behind; it takes no room and moves nothing.
+  enum eEdge : unsigned {
+    kEdgeLeft = 1,
+    kEdgeTop = 2,
+    kEdgeRight = 4,
+    kEdgeBottom = 8,
+    kAllEdges = 15,
+  };
+  struct Surround {
+    int width = 0;
+    Colour colour;
+    float strength = 0.0f;
+    unsigned edges = 0;
+    bool empty() const noexcept { return width <= 0 || strength <= 0.0f || edges == 0; }
+  };
+  void addSurround(int width, Colour const& colour, float strength, unsigned edges);
+  // The standard shadow: black, below and to the right.
+  void addShadow();
+  void removeSurround();
+  Surround const& getWindowSurround() const noexcept { return windowSurround_; }
+  // Cuts a top-level window's corners to a curve of this radius: the screen
+  // shows what lies behind outside it. 0, the default, keeps them square.
+  void setWindowCornerRadius(int radius);
+  int getWindowCornerRadius() const noexcept { return windowCornerRadius_; }
 
   // --- Placement ------------------------------------------------------------
   static WidgetPosition UserTopLeft(int x, int y);
@@ -320,6 +371,9 @@ private:
   bool indestructible_ = false;
   bool dirty_ = false;
   bool resizable_ = true;
+  bool movable_ = false;
+  Surround windowSurround_;
+  int windowCornerRadius_ = 0;
   unsigned resizeDirection_ = 0;
   bool laying_out_ = false;
   bool paintsOpaquely_ = false;

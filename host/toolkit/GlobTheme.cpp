@@ -12,3 +12,13 @@ unsigned short GlobTheme::edgeGrabSize() {
     return 1;
   return static_cast<unsigned short>(std::min(scaled, 1000.0));
 }
+
+int GlobTheme::gaugeHeight() {
+  Theme const& theme = UifStd::getTheme();
+  if (!theme.has(kGaugeHeightKey))
+    return 2 * UifStd::getRowGap();
+  double const scaled = std::round(theme.get(kGaugeHeightKey, 0.0) * UifStd::getScale());
+  if (!(scaled >= 1.0))
+    return 1;
+  return static_cast<int>(std::min(scaled, 1000.0));
+}

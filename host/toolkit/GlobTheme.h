@@ -16,4 +16,12 @@ inline constexpr int kDefaultEdgeGrabSize = 4;
 // least 1.
 ZO_API unsigned short edgeGrabSize();
 
+// The theme key of the height of progress gauges, in pixels at scale 1.
+inline constexpr char const* kGaugeHeightKey = "gaugeheight";
+
+// The height of a thin progress gauge (a task's, a titled progress bar's):
+// the theme's "gaugeheight" times the interface scale, rounded, at least 1;
+// two row gaps unless set.
+ZO_API int gaugeHeight();
+
 } // namespace GlobTheme

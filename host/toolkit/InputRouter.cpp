@@ -13,6 +13,9 @@ struct RouterState {
   XY<int> mouse;
   int buttons = 0;
   Glob* capture = nullptr;
+  // The gesture under way was handed to the desktop (mouse_canvas_connect):
+  // no widget sees it until every button is up.
+  bool handedOver = false;
   Glob* hovered = nullptr;
   int cursor = 0;
   bool contextCursors = true;
@@ -121,7 +124,7 @@ void InputRouter::mouseMoved(XY<int> screen, int modifiers) {
   s.mouse = screen;
   Event event = mouseEvent(Event::kMouseMove, screen, s.buttons, modifiers);
   mouseListeners().issueNotification(event, any());
-  if (interceptedFirst(event))
+  if (s.handedOver || interceptedFirst(event))
     return;
   Glob* target = s.capture ? s.capture : widgetAt(screen);
   if (!s.capture) {
@@ -142,6 +145,10 @@ void InputRouter::mouseButton(XY<int> screen, int button, bool pressed, int modi
   Event event = mouseEvent(pressed ? Event::kMouseDown : Event::kMouseUp, screen, s.buttons | button, modifiers);
   event.clicks = clicks;
   mouseListeners().issueNotification(event, any());
+  if (s.handedOver) {
+    s.handedOver = s.buttons != 0;
+    return;
+  }
   hoverDismiss();
   if (interceptedFirst(event))
     return;
@@ -167,7 +174,7 @@ void InputRouter::mouseWheel(XY<int> screen, int steps, int modifiers) {
   Event event = mouseEvent(Event::kMouseWheel, screen, s.buttons, modifiers);
   event.wheel = steps;
   mouseListeners().issueNotification(event, any());
-  if (interceptedFirst(event))
+  if (s.handedOver || interceptedFirst(event))
     return;
   bubble(s.capture ? s.capture : widgetAt(screen), event);
 }
@@ -287,6 +294,20 @@ void glib_enableMouseContextLogic(bool enable) { state().contextCursors = enable
 bool glib_mouseContextLogicEnabled() { return state().contextCursors; }
 
 XY<int> glib_getMousePos() { return state().mouse; }
+
+void mouse_canvas_connect(Canvas* canvas) {
+  RouterState& s = state();
+  if (s.buttons == 0)
+    return; // no gesture under way
+  if (!canvas) {
+    s.capture = nullptr;
+    s.handedOver = true;
+    return;
+  }
+  s.handedOver = false;
+  if (Glob* root = canvas->root(); is_good_glob_ptr(root))
+    s.capture = root;
+}
 
 Zo::Ptr<Zo::Guard> Glib::addMouseListener(Zo::Ptr<iCallbackBase<int, Event>> const& listener) {
   return mouseListeners().addListener(listener, any());

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+class Canvas;
 class Glob;
 
 // The one path of input for every backend: the headless screen's injection
@@ -86,6 +87,12 @@ ZO_API void glib_enableMouseContextLogic(bool enable);
 ZO_API bool glib_mouseContextLogicEnabled();
 ZO_API int glib_getCursor();
 ZO_API XY<int> glib_getMousePos();
+// Ties the rest of the gesture under way (until every button is up) to a
+// window: its mouse events go to `canvas`'s root widget wherever the pointer
+// goes. Null hands the gesture to the desktop, a drag of files out to another
+// program say: no widget sees it again, though mouse listeners still hear
+// it. Nothing happens while no button is held.
+ZO_API void mouse_canvas_connect(Canvas* canvas);
 
 namespace Glib {
 // Hears every mouse event on the screen, inside our windows or not, with

@@ -312,6 +312,8 @@ TEST_F(MagnifyToolTest, ShowMagnifierOpensAFreeStandingToolAtTheMouseEachTime) {
   EXPECT_EQ(command->mapItem.keyCode, 33554509);
   EXPECT_EQ(command->label.resId(), 13638);
   EXPECT_EQ(command->description.resId(), 13639);
+  EXPECT_EQ(command->shortLabel.resId(), 11233);
+  EXPECT_EQ(command->scope, kCmdScopeApplication);
 
   prefs().setPreference(MagnifyTool::kLevelPreference, 3);
   HeadlessInput::moveTo(XY<int>(700, 200));
@@ -329,6 +331,38 @@ TEST_F(MagnifyToolTest, ShowMagnifierOpensAFreeStandingToolAtTheMouseEachTime) {
     EXPECT_EQ(tool->getLevel(), 3);
     EXPECT_TRUE(tool->getStandardWidgets() & StandardPanel::kPoot);
   }
+}
+
+TEST_F(MagnifyToolTest, TheLensWindowIsCutToItsCurvedFrame) {
+  MagnifyTool* lens = openLens(XY<int>(80, 80), 2);
+  Zo::Box<int> const box = lens->canvas()->screenBox();
+  int const radius = lens->getWindowCornerRadius();
+  EXPECT_EQ(radius, UifStd::getWidgetGap() * 2);
+  Rgb const desktop = rgbOf(Colour(0.2, 0.22, 0.25));
+  // Outside the curve, each corner shows the desktop behind the lens.
+  EXPECT_EQ(rgbOf(screenPixel(XY<int>(box.x0, box.y0))), desktop);
+  EXPECT_EQ(rgbOf(screenPixel(XY<int>(box.x1 - 1, box.y0))), desktop);
+  EXPECT_EQ(rgbOf(screenPixel(XY<int>(box.x0, box.y1 - 1))), desktop);
+  EXPECT_EQ(rgbOf(screenPixel(XY<int>(box.x1 - 1, box.y1 - 1))), desktop);
+  // Within the curve the lens shows itself, as its own picture has it.
+  Zo::Image::Surface const own = HeadlessScreen::windowShot(*lens);
+  XY<int> const inside(box.x0 + radius, box.y0 + 1);
+  EXPECT_EQ(rgbOf(screenPixel(inside)), rgbOf(own.pixel(radius, own.height() - 2)));
+  XY<int> const middleOfEdge(box.x0, (box.y0 + box.y1) / 2);
+  EXPECT_EQ(rgbOf(screenPixel(middleOfEdge)), rgbOf(own.pixel(0, own.height() / 2)));
+}
+
+TEST_F(MagnifyToolTest, OverAWindowTheLensCornersShowThatWindow) {
+  MagnifyTool* lens = openLens(XY<int>(60, 60), 2, pattern->screenPosition() + XY<int>(20, 20));
+  XY<int> const corner = lens->screenPosition();
+  EXPECT_EQ(rgbOf(screenPixel(corner)), rgbOf(pattern->colourAt(corner)));
+}
+
+TEST_F(MagnifyToolTest, TheFreeStandingToolKeepsSquareCorners) {
+  auto* tool =
+      new MagnifyTool(MagnifyTool::InitArgs(GlobCreationInfo(XY<int>(200, 220)), MagnifyTool::kFreeStanding, 2));
+  EXPECT_EQ(tool->getWindowCornerRadius(), 0);
+  delete tool;
 }
 
 TEST_F(MagnifyToolTest, TheToolIsMadeByItsClassName) {

@@ -3,6 +3,7 @@
 #include <zowidgets/host/events/Clock.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/shell/ShellBackend.h>
+#include <zowidgets/host/toolkit/StateSaver.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
 
 #include <cstdlib>
@@ -30,6 +31,17 @@ TEST_F(HintWindowTest, ItSitsBesideItsControlWithItsTipTowardsIt) {
   // Its top edge lies a widget gap under the button.
   EXPECT_EQ(window->screenPosition().y + window->height(), button->screenPosition().y - UifStd::getWidgetGap());
   EXPECT_EQ(window->getPointerOffset(), -1);
+}
+
+TEST_F(HintWindowTest, MakingAHintLeavesTheCallersDrawingStateAsItWas) {
+  panel->makeCanvasCurrent();
+  Glob::setupRootPos(nullptr, XY<int>(30, 40));
+  showBelowButton(trimHint());
+  EXPECT_EQ(Glib::currentCanvas(), panel->canvas());
+  // The position the caller set is still waiting for the caller's window.
+  auto* next = new StandardPanel(StandardPanel::InitArgs(XY<int>(50, 50)));
+  GlobManager::realize(next);
+  EXPECT_EQ(next->screenPosition(), XY<int>(30, 40));
 }
 
 TEST_F(HintWindowTest, ItsTextStandsAGapFromTheSideAndAGapAndAnIndentBelowTheTop) {

@@ -3,6 +3,7 @@
 #include <zowidgets/hints/YesNoDialogue.h>
 #include <zowidgets/host/base/ResourceStrings.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/ScreenRefresh.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <string>
@@ -35,6 +36,18 @@ TEST_F(YesNoDialogueTest, ItAsksYesThenNoInAModalWarnAndYesRunsTheFirstCallback)
   pump();
   EXPECT_EQ(heard, std::vector<std::string>{"yes"});
   EXPECT_FALSE(is_good_glob_ptr(dialogue)) << "answered, it goes";
+}
+
+TEST_F(YesNoDialogueTest, TheDialogueCastsTheStandardShadowAndLeavesTheScreenRefreshing) {
+  NullDialogue* dialogue = makeYesNoDialogue(UIString(L"Delete the clip?"), yesAndNo(), 300, 300);
+  EXPECT_FALSE(refresh_is_off());
+  Glob::Surround const& shadow = dialogue->getWindowSurround();
+  EXPECT_EQ(shadow.edges, unsigned(Glob::kEdgeRight | Glob::kEdgeBottom));
+  Zo::Box<int> const box = dialogue->canvas()->screenBox();
+  Rgb const below = rgbOf(screenPixel(XY<int>((box.x0 + box.x1) / 2, box.y0 - 1)));
+  Rgb const desktop = rgbOf(Colour(0.2, 0.22, 0.25));
+  EXPECT_LT(below.r + below.g + below.b, desktop.r + desktop.g + desktop.b);
+  EXPECT_EQ(rgbOf(screenPixel(XY<int>((box.x0 + box.x1) / 2, box.y1))), desktop) << "no shadow above";
 }
 
 TEST_F(YesNoDialogueTest, NoRunsTheSecondCallbackAndEscapeRunsNone) {

@@ -5,6 +5,8 @@
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/widgets/values/Gauge.h>
 
+#include <algorithm>
+
 namespace {
 
 using LoggerPanel = LoggerTest;
@@ -180,6 +182,18 @@ TEST_F(LoggerPanel, ALinkWhoseFirstTargetHoldsABarCannotBeDraggedOut) {
   std::vector<Zo::ShellRequest> const requests = OS().recordedShellRequests();
   ASSERT_FALSE(requests.empty());
   EXPECT_EQ(requests.front(), (Zo::ShellRequest{Kind::drag, {L"/renders/final.mov"}}));
+}
+
+TEST_F(LoggerPanel, ALinkDraggedOutGoesToTheDesktopOnceForTheWholeDrag) {
+  Logger* logger = openLogger(0, 10, 500);
+  loggerWrite(logger, linkTo({L"/renders/final.mov"}), LoggerBase::kOutputHyperLink);
+  pump();
+  OS().clearRecordedShellRequests();
+  XY<int> const row = rowOnScreen(*logger, 0);
+  HeadlessInput::drag(row, row + XY<int>(120, 0), 12);
+  pump();
+  std::vector<Zo::ShellRequest> const requests = OS().recordedShellRequests();
+  EXPECT_EQ(std::count_if(requests.begin(), requests.end(), [](auto const& r) { return r.kind == Kind::drag; }), 1);
 }
 
 TEST_F(LoggerPanel, ButtonsSitInARowUnderTheTable) {

@@ -4,6 +4,7 @@
 
 #include <zowidgets/host/events/Clock.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/GlobTheme.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/values/Gauge.h>
@@ -152,7 +153,21 @@ TEST_F(TitledProgressBarTest, ALabelOverAThinGaugeThatFollowsTheWidth) {
   EXPECT_GE(bar->label()->getY(), 0);
 }
 
+TEST_F(TitledProgressBarTest, TheGaugeIsAsHighAsTheThemeSays) {
+  UifStd::getTheme().set(GlobTheme::kGaugeHeightKey, 11);
+  StandardPanel* panel = openPanel(XY<int>(400, 200));
+  TitledProgressBar::InitArgs args(XY<int>(300, TitledProgressBar::calcHeight()));
+  auto* bar = panel->createWidget<TitledProgressBar>(args, Glob::UserTopLeft(0, 0));
+  EXPECT_EQ(bar->gauge()->height(), 11);
+  EXPECT_EQ(TitledProgressBar::calcHeight(), UifStd::getRowHeight() + UifStd::getRowGap() + 11);
+}
+
 using TaskProgressWidgetTest = ProgressTest;
+
+TEST_F(TaskProgressWidgetTest, TheGaugeIsAsHighAsTheThemeSays) {
+  UifStd::getTheme().set(GlobTheme::kGaugeHeightKey, 11);
+  EXPECT_EQ(TaskProgressWidget::calcHeight(TaskProgressWidget::kPlain), 11 + UifStd::getWidgetGap());
+}
 
 TaskProgressWidget* follow(StandardPanel* panel, Zo::Ptr<iBackgroundTask> const& task,
                            TaskProgressWidget::eAppearance appearance = TaskProgressWidget::kPlain) {

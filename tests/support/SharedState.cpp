@@ -7,6 +7,7 @@
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/toolkit/ScreenRefresh.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/toolkit/WallpaperProvider.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
@@ -48,6 +49,9 @@ void resetSharedState() {
   UifStd::setWindowArrangement(0);
   UifStd::getTheme() = initialTheme;
   ZoTooltipsEnable(true);
+  while (refresh_is_off())
+    refresh_on();
+  Glob::setupRootPos(nullptr, XY<int>::unset());
   glib_enableMouseContextLogic(true);
   glib_setCursor(kCursorDefault);
   set_kbd_focus(nullptr);

@@ -16,6 +16,8 @@ constexpr StandardPanel::eStandardWidget kTitleButtons[] = {StandardPanel::kPoot
 
 StandardPanel::StandardPanel(InitArgs const& args)
     : MenuGlob(args), title_(args.title), titleFont_(UifStd::getTitleFont()) {
+  // A panel on its own is moved by its title bar.
+  setMovable(true);
   if (!args.hasBorder)
     setBorder(getDefaultBorder());
   addStandardWidgets(args.standardWidgets | (args.title.empty() ? 0u : unsigned(kTitle)));
@@ -78,6 +80,62 @@ Zo::Box<int> StandardPanel::getUserArea() const {
   Border const& b = getBorder();
   return Zo::Box<int>(b.left(), b.bottom() + footerHeight(), width() - b.right(),
                       height() - b.top() - titleBarHeight());
+}
+
+WidgetSurround StandardPanel::getUserAreaBorders() const {
+  Zo::Box<int> const user = getUserArea();
+  return WidgetSurround{user.x0, width() - user.x1, height() - user.y1, user.y0};
+}
+
+XY<int> StandardPanel::getOriginXY(eCoordinateOrigin origin) const {
+  Zo::Box<int> const user = getUserArea();
+  int const midX = user.x0 + user.width() / 2;
+  int const midY = user.y0 + user.height() / 2;
+  switch (origin) {
+  case kOriginLeft:
+    return XY<int>(user.x0, midY);
+  case kOriginRight:
+    return XY<int>(user.x1, midY);
+  case kOriginTop:
+    return XY<int>(midX, user.y1);
+  case kOriginBottom:
+    return XY<int>(midX, user.y0);
+  case kOriginBottomLeft:
+    return XY<int>(user.x0, user.y0);
+  case kOriginTopLeft:
+    return XY<int>(user.x0, user.y1);
+  case kOriginBottomRight:
+    return XY<int>(user.x1, user.y0);
+  case kOriginTopRight:
+    return XY<int>(user.x1, user.y1);
+  case kOriginCentre:
+  case kOriginPanelDefault:
+    break;
+  }
+  return XY<int>(midX, midY);
+}
+
+void StandardPanel::resizeChildren(int axes) {
+  // The user area's size before the change: the borders stay, the panel's
+  // size changed by the difference.
+  Zo::Box<int> const user = getUserArea();
+  XY<int> const before(user.width() - (width() - oldWidth()), user.height() - (height() - oldHeight()));
+  for (Glob* child : std::vector<Glob*>(getChildren())) {
+    XY<int> size = child->getSize();
+    if ((axes & kResizeWidth) && size.x == before.x)
+      size.x = user.width();
+    if ((axes & kResizeHeight) && size.y == before.y)
+      size.y = user.height();
+    if (size != child->getSize())
+      child->setDimensions(size);
+  }
+}
+
+Palette StandardPanel::makeFooterPalette() const { return makeWindowPalette(getPalette(), getPalette().window(-1)); }
+
+void StandardPanel::doItMsg() {
+  handleDoIt();
+  handleMessageEvent(kDoItMsg, this);
 }
 
 Zo::Box<int> StandardPanel::getMarginArea() const {
@@ -160,8 +218,7 @@ bool StandardPanel::reactInTitleBar(Event const& event) {
       return true;
     }
     if (hit(kDoIt)) {
-      handleDoIt();
-      handleMessageEvent(kDoItMsg, this);
+      doItMsg();
       return true;
     }
     if (hit(kCogs)) {
@@ -173,7 +230,7 @@ bool StandardPanel::reactInTitleBar(Event const& event) {
   if (event.type == Event::kMouseDown && (event.buttons & kMouseLeft)) {
     if (hit(kPoot) || hit(kPin) || hit(kDoIt) || hit(kCogs))
       return true; // acted on at release, like a button
-    if (!parent() && getTitleArea().contains(event.position)) {
+    if (!parent() && isMovable() && getTitleArea().contains(event.position)) {
       draggingWindow_ = true;
       dragGrip_ = event.position;
       return true;

@@ -3,6 +3,7 @@
 #include <zowidgets/host/base/UIString.h>
 #include <zowidgets/host/drawing/Fonts.h>
 #include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/PositionNames.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/widgets/popups/Menu.h>
 #include <zowidgets/host/widgets/popups/MenuGlob.h>
@@ -51,7 +52,25 @@ public:
   void setDoItLabel(UIString const& label);
   UIString const& getDoItLabel() const noexcept { return doItLabel_; }
   Zo::Box<int> getUserArea() const override;
+  // How far the user area lies inside each edge of the panel: the border,
+  // and the title bar above and the footer below when there are any.
+  WidgetSurround getUserAreaBorders() const;
   Zo::Box<int> getMarginArea() const override;
+  // The point of the user area that an origin names (its centre, the middle
+  // of a side, a corner), in the panel's coordinates: where coordinates
+  // measured from that origin start. kOriginPanelDefault names the centre.
+  XY<int> getOriginXY(eCoordinateOrigin origin) const;
+  // After the panel changed size: the children that spanned the user area
+  // along an axis before (as wide as it, for kResizeWidth) are made to span
+  // it again. Placement then puts them back in their places.
+  enum eResizeAxes : int { kResizeWidth = 1, kResizeHeight = 2, kResizeBoth = 3 };
+  void resizeChildren(int axes);
+  // The palette of widgets standing in the footer: the panel's, on the
+  // footer's colour.
+  Palette makeFooterPalette() const;
+  // Carries out the panel's main action, as the footer's button does:
+  // handleDoIt(), then the message kDoItMsg to the panel's own handler.
+  void doItMsg();
   // The title bar's box, empty without one.
   Zo::Box<int> getTitleArea() const;
   Zo::Box<int> getStandardWidgetBox(eStandardWidget which) const;

@@ -56,7 +56,7 @@ void DropDownHostBase::detach() {
   // The user area keeps its size: the tip goes and a title bar comes.
   Zo::Box<int> const user = getUserArea();
   detached_ = true;
-  movable_ = true;
+  setMovable(true);
   stopIntercepting();
   Drawable::Suspender holdRedraws;
   setRelativeDirection(kRelativeNone);
@@ -219,10 +219,10 @@ int DropDownHostBase::handleMouseEvent(::Event const& event) {
       pressBox_ = canvas() ? canvas()->screenBox() : Zo::Box<int>();
       return 1;
     }
-    if (!movable_ && !(detachable_ && !detached_))
+    if (!isMovable() && !(detachable_ && !detached_))
       return 0;
     pressed_ = true;
-    moving_ = movable_;
+    moving_ = isMovable();
     pressScreen_ = event.screenPosition;
     grip_ = event.position;
     return 1;

@@ -70,9 +70,8 @@ public:
   bool isDetached() const noexcept { return detached_; }
   // Tears the host off its owner: see above.
   void detach();
-  // A movable host follows drags on any part its children leave alone.
-  void setMovable(bool movable) { movable_ = movable; }
-  bool isMovable() const noexcept { return movable_; }
+  // A movable host (Glob::setMovable) follows drags on any part its
+  // children leave alone.
   // The edges the user may drag to resize the host, as bits: 1 left,
   // 2 right, 4 top, 8 bottom. Its children are sized to the user area.
   void setResizableEdges(int edges) { resizableEdges_ = edges; }
@@ -119,7 +118,6 @@ private:
   Zo::Ptr<iCallbackBase<int, NotifyMsg>> eventCallback_;
   bool detachable_;
   bool detached_ = false;
-  bool movable_ = false;
   bool closing_ = false;
   bool pressed_ = false;
   bool moving_ = false;

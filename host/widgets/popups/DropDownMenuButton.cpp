@@ -52,6 +52,31 @@ void DropDownMenuButton::setSelectedItem(int index, eRedrawFlag redraw) {
   setLabel(menu_.item(index).text, redraw);
 }
 
+void DropDownMenuButton::observeChoice(ValObserver<int>* choice) {
+  if (choice_)
+    choice_->removeObserver(this);
+  choice_ = choice;
+  if (!choice_)
+    return;
+  choice_->addObserver(this);
+  setSelectedItem(choice_->get());
+}
+
+void DropDownMenuButton::notifyPreValChanged(ValObserverBase const& value) {
+  if (&value == choice_)
+    closeMenu();
+}
+
+void DropDownMenuButton::notifyValChanged(ValObserverBase const& value) {
+  if (&value == choice_)
+    setSelectedItem(choice_->get());
+}
+
+void DropDownMenuButton::notifyValObserverGone(ValObserverBase const& value) {
+  if (&value == choice_)
+    choice_ = nullptr;
+}
+
 LightweightString<wchar_t> DropDownMenuButton::getSelectedItemNameW() const {
   int const selected = menu_.getSelected();
   return selected < 0 ? LightweightString<wchar_t>() : menu_.item(selected).text.getString();
@@ -94,6 +119,8 @@ void DropDownMenuButton::handleMenuChange(MenuData::Change const& change) {
   if (change.kind != MenuData::Change::kChosen)
     return;
   setSelectedItem(change.index);
+  if (choice_)
+    choice_->set(change.index);
   if (selectionHook_)
     selectionHook_(change.index);
   Glob::sendMsg(parent(), dropDownMenuButtonMsg, this);

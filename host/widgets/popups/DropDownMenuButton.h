@@ -1,5 +1,6 @@
 #pragma once
 
+#include <zowidgets/host/base/ValObserver.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/popups/Menu.h>
 
@@ -9,8 +10,10 @@
 // A button showing the chosen row of a menu, with an arrow at its right. A
 // click drops the menu down beside it; choosing a row shows it on the
 // button, calls the selection hook, and sends dropDownMenuButtonMsg to the
-// parent.
-class ZO_API DropDownMenuButton : public Button {
+// parent. The button may observe a choice held elsewhere (observeChoice):
+// it then shows the row the choice names, and a row the user picks becomes
+// the choice.
+class ZO_API DropDownMenuButton : public Button, public ValObserverClient {
 public:
   static constexpr char const* dropDownMenuButtonMsg = "DropDownMenuButtonMsg";
 
@@ -39,6 +42,16 @@ public:
   // The width of a drop-down button that fits the widest of these strings.
   static int calcWidth(std::vector<UIString> const& strings, Glib::FontDesc const& font = {});
 
+  // Shows the row `choice` names from now on, and sets it to the row the
+  // user picks; null stops observing. The choice must outlive the button or
+  // tell it when it goes, as ValObserverBase does.
+  void observeChoice(ValObserver<int>* choice);
+  ValObserver<int>* getObservedChoice() const noexcept { return choice_; }
+  // An open menu describes the choice as it was: it closes before a change.
+  void notifyPreValChanged(ValObserverBase const& value) override;
+  void notifyValChanged(ValObserverBase const& value) override;
+  void notifyValObserverGone(ValObserverBase const& value) override;
+
   void openMenu();
   void closeMenu();
   // The open menu's window, or null.
@@ -55,6 +68,7 @@ private:
   Menu menu_;
   MenuWindow* menuWindow_ = nullptr;
   std::function<void(int)> selectionHook_;
+  ValObserver<int>* choice_ = nullptr;
 };
 
 // A drop-down menu button with a title to its left, as one widget. The

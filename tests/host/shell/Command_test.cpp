@@ -57,9 +57,25 @@ TEST(CommandRegistrar, StaticRegistrarRegisteredAtLoad) {
   EXPECT_EQ(command->scope, 2);
   EXPECT_TRUE(command->label.empty());
   EXPECT_TRUE(command->description.empty());
+  EXPECT_TRUE(command->shortLabel.empty());
   EXPECT_EQ(command->mapItem, MapItem());
   EXPECT_EQ(command->mapItem.keyCode, 0);
   EXPECT_TRUE(hasName("CommandTest static"));
+}
+
+TEST(CommandRegistrar, KeepsTheWholePresentationRecord) {
+  {
+    CommandRegistrar presented("CommandTest presented", runStaticCommand, UIString(ResId(13638)),
+                               UIString(ResId(13639)), kCmdScopeApplication, MapItem{33554509}, UIString(ResId(11233)));
+    ASSERT_TRUE(presented.registered());
+    auto command = CommandMap::findCommand("CommandTest presented");
+    ASSERT_TRUE(command.has_value());
+    EXPECT_EQ(command->label.resId(), 13638);
+    EXPECT_EQ(command->description.resId(), 13639);
+    EXPECT_EQ(command->shortLabel.resId(), 11233);
+    EXPECT_EQ(command->mapItem.keyCode, 33554509);
+  }
+  EXPECT_FALSE(CommandMap::findCommand("CommandTest presented").has_value());
 }
 
 TEST(CommandRegistrar, StaticCommandCallableByName) {

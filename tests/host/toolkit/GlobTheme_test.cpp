@@ -34,4 +34,19 @@ TEST_F(GlobThemeTest, TheEdgeGrabSizeIsAtLeastOnePixel) {
   EXPECT_EQ(GlobTheme::edgeGrabSize(), 1);
 }
 
+TEST_F(GlobThemeTest, TheGaugeHeightIsTwoRowGapsUnlessTheThemeSetsIt) {
+  EXPECT_EQ(GlobTheme::gaugeHeight(), 2 * UifStd::getRowGap());
+  UifStd::setScale(2.0);
+  EXPECT_EQ(GlobTheme::gaugeHeight(), 2 * UifStd::getRowGap());
+}
+
+TEST_F(GlobThemeTest, TheThemeSetsTheGaugeHeightAtScaleOne) {
+  UifStd::getTheme().set(GlobTheme::kGaugeHeightKey, 9);
+  EXPECT_EQ(GlobTheme::gaugeHeight(), 9);
+  UifStd::setScale(1.5);
+  EXPECT_EQ(GlobTheme::gaugeHeight(), 14); // 13.5 rounded
+  UifStd::getTheme().set(GlobTheme::kGaugeHeightKey, 0);
+  EXPECT_EQ(GlobTheme::gaugeHeight(), 1);
+}
+
 } // namespace

@@ -1,0 +1,34 @@
+#include <zowidgets/containers/PageIndexTestPanel.h>
+#include <zowidgets/containers/SpaceDividerTestPanel.h>
+#include <zowidgets/containers/SplitTabsWidgetTestPanel.h>
+#include <zowidgets/host/shell/Command.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+// A test panel's command is application-wide and carries no label,
+// description, short label or key: it has no place in the menus.
+void expectBareTestCommand(std::string const& name) {
+  std::optional<Cmd::Command> const command = CommandMap::findCommand(name);
+  ASSERT_TRUE(command.has_value()) << name;
+  EXPECT_EQ(command->scope, 2) << name;
+  EXPECT_TRUE(command->label.empty()) << name;
+  EXPECT_TRUE(command->description.empty()) << name;
+  EXPECT_TRUE(command->shortLabel.empty()) << name;
+  EXPECT_EQ(command->mapItem, MapItem{}) << name;
+  EXPECT_EQ(command->mapItem.keyCode, 0) << name;
+}
+
+TEST(ContainerTestPanelCommands, CarryScopeTwoAndNothingElse) {
+  expectBareTestCommand("PageIndexWidgetTest");
+  expectBareTestCommand("Space Divider Test");
+  expectBareTestCommand("SplitTabsWidgetTest");
+  EXPECT_EQ(std::string(PageIndexTestPanel::kCommand), "PageIndexWidgetTest");
+  EXPECT_EQ(std::string(SpaceDividerTestPanel::kCommand), "Space Divider Test");
+  EXPECT_EQ(std::string(SplitTabsWidgetTestPanel::kCommand), "SplitTabsWidgetTest");
+}
+
+} // namespace
