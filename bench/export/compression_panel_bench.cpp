@@ -21,6 +21,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <optional>
+
 namespace {
 
 struct Encoder {
@@ -48,20 +50,46 @@ Encoder richestEncoder() {
   return richest;
 }
 
-void timeCompressionPanel(benchmark::State& state, bool paint) {
+// The headless screen and the codec libraries' source, the richest encoder
+// and the panel size for its rows; none, with the benchmark skipped, when the
+// build has no codec libraries.
+struct Setting {
+  Encoder encoder;
+  int width = 0;
+  int height = 0;
+
+  StandardPanel* makePanel() const {
+    StandardPanel::InitArgs args(
+        StandardPanel::calcPanelSize(XY<int>(width, height), 0, StandardPanel::getDefaultBorder()));
+    args.screenPosition = XY<int>(0, 0);
+    return new StandardPanel(args);
+  }
+};
+
+std::optional<Setting> prepare(benchmark::State& state) {
   useHeadlessScreen();
   Zo::Ptr<iMediaSource> libav = makeLibavMediaSource();
   if (!libav) {
     state.SkipWithError("built without the codec libraries");
-    return;
+    return std::nullopt;
   }
   Zo::MediaWriters::setSource(libav);
-  Encoder const encoder = richestEncoder();
+  Setting setting;
+  setting.encoder = richestEncoder();
+  setting.width = 18 * UifStd::getRowHeight();
+  setting.height = static_cast<int>(setting.encoder.options + 2) * (UifStd::getRowHeight() + UifStd::getRowGap());
+  return setting;
+}
+
+void timeCompressionPanel(benchmark::State& state, bool paint) {
+  std::optional<Setting> const setting = prepare(state);
+  if (!setting)
+    return;
+  Encoder const& encoder = setting->encoder;
+  int const width = setting->width;
   VectorExt<ShotVideoMetadata> digital;
   VectorExt<Zo::Image::Format> formats;
   Compression::getValidFormats(encoder.fileType, kShot, digital, formats);
-  int const width = 18 * UifStd::getRowHeight();
-  int const height = static_cast<int>(encoder.options + 2) * (UifStd::getRowHeight() + UifStd::getRowGap());
   bool ok = true;
   for (auto _ : state) {
     StandardPanel* panel = nullptr;
@@ -70,10 +98,7 @@ void timeCompressionPanel(benchmark::State& state, bool paint) {
       // Held through the build; let go at the end of the scope, which paints
       // a realized panel once, whole.
       Drawable::Suspender oneRedraw;
-      StandardPanel::InitArgs args(
-          StandardPanel::calcPanelSize(XY<int>(width, height), 0, StandardPanel::getDefaultBorder()));
-      args.screenPosition = XY<int>(0, 0);
-      panel = new StandardPanel(args);
+      panel = setting->makePanel();
       CompressionWidget::InitArgs widgetArgs(Compression::kVideoExport, static_cast<unsigned short>(width));
       widgetArgs.fileType = encoder.fileType;
       widget = panel->createWidget<CompressionWidget>(widgetArgs, Glob::UserTopLeft(0, 0));
@@ -125,17 +150,11 @@ void zoCompressionOptionsToParams(benchmark::State& state) {
 // benchmark does: the same kinds of rows, so the compression widget's cost
 // per row stands beside what those rows cost anywhere.
 void timePlainRows(benchmark::State& state, bool paint) {
-  useHeadlessScreen();
-  Zo::Ptr<iMediaSource> libav = makeLibavMediaSource();
-  if (!libav) {
-    state.SkipWithError("built without the codec libraries");
+  std::optional<Setting> const setting = prepare(state);
+  if (!setting)
     return;
-  }
-  Zo::MediaWriters::setSource(libav);
-  Encoder const encoder = richestEncoder();
+  Encoder const& encoder = setting->encoder;
   VideoCompressionInfo const info(kShot, CompressionFormat(encoder.format));
-  int const width = 18 * UifStd::getRowHeight();
-  int const height = static_cast<int>(encoder.options + 2) * (UifStd::getRowHeight() + UifStd::getRowGap());
   bool ok = true;
   for (auto _ : state) {
     state.PauseTiming();
@@ -145,10 +164,7 @@ void timePlainRows(benchmark::State& state, bool paint) {
     Zo::Ptr<UIBuilder::Params> built;
     {
       Drawable::Suspender oneRedraw;
-      StandardPanel::InitArgs args(
-          StandardPanel::calcPanelSize(XY<int>(width, height), 0, StandardPanel::getDefaultBorder()));
-      args.screenPosition = XY<int>(0, 0);
-      panel = new StandardPanel(args);
+      panel = setting->makePanel();
       built = UIBuilder::build(params, panel, 0);
       if (paint)
         GlobManager::realize(panel);

@@ -1,26 +1,14 @@
+#include "support/TestPanelCommands.h"
+
 #include <zowidgets/containers/PageIndexTestPanel.h>
 #include <zowidgets/containers/SpaceDividerTestPanel.h>
 #include <zowidgets/containers/SplitTabsWidgetTestPanel.h>
-#include <zowidgets/host/shell/Command.h>
 
 #include <gtest/gtest.h>
 
 #include <string>
 
 namespace {
-
-// A test panel's command is application-wide and carries no label,
-// description, short label or key: it has no place in the menus.
-void expectBareTestCommand(std::string const& name) {
-  std::optional<Cmd::Command> const command = CommandMap::findCommand(name);
-  ASSERT_TRUE(command.has_value()) << name;
-  EXPECT_EQ(command->scope, 2) << name;
-  EXPECT_TRUE(command->label.empty()) << name;
-  EXPECT_TRUE(command->description.empty()) << name;
-  EXPECT_TRUE(command->shortLabel.empty()) << name;
-  EXPECT_EQ(command->mapItem, MapItem{}) << name;
-  EXPECT_EQ(command->mapItem.keyCode, 0) << name;
-}
 
 TEST(ContainerTestPanelCommands, CarryScopeTwoAndNothingElse) {
   expectBareTestCommand("PageIndexWidgetTest");
