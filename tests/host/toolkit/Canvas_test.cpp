@@ -1,3 +1,4 @@
+#include "support/Swatch.h"
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
@@ -7,24 +8,6 @@
 #include <filesystem>
 
 namespace {
-
-// A widget that fills itself with one colour.
-class Swatch : public Glob {
-public:
-  Swatch(XY<int> size, Colour colour) : Glob(GlobCreationInfo(size)), colour_(colour) {}
-  void setColour(Colour colour) {
-    colour_ = colour;
-    invalidate();
-  }
-
-protected:
-  void drawBackground(CanvasRenderer& renderer) override {
-    renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), colour_));
-  }
-
-private:
-  Colour colour_;
-};
 
 Colour const red(1, 0, 0), green(0, 1, 0), blue(0, 0, 1);
 

@@ -1,3 +1,4 @@
+#include "support/Swatch.h"
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
@@ -6,23 +7,6 @@
 #include <zowidgets/host/toolkit/UifStd.h>
 
 namespace {
-
-// A widget that fills itself with one colour.
-class Swatch : public Glob {
-public:
-  Swatch(XY<int> size, Colour colour) : Glob(GlobCreationInfo(size)), colour_(colour) {}
-  // Changes the colour without asking for a repaint, as a widget does whose
-  // layout is then redone in one go.
-  void setColourQuietly(Colour colour) { colour_ = colour; }
-
-protected:
-  void drawBackground(CanvasRenderer& renderer) override {
-    renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), colour_));
-  }
-
-private:
-  Colour colour_;
-};
 
 Colour const red(1, 0, 0), blue(0, 0, 1);
 

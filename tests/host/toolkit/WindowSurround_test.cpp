@@ -1,3 +1,4 @@
+#include "support/Swatch.h"
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
@@ -5,19 +6,6 @@
 #include <zowidgets/host/toolkit/UifStd.h>
 
 namespace {
-
-class Swatch : public Glob {
-public:
-  Swatch(XY<int> size, Colour colour) : Glob(GlobCreationInfo(size)), colour_(colour) {}
-
-protected:
-  void drawBackground(CanvasRenderer& renderer) override {
-    renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), colour_));
-  }
-
-private:
-  Colour colour_;
-};
 
 Colour const desktop(0.2, 0.22, 0.25);
 Colour const red(1, 0, 0), white(1, 1, 1);
