@@ -14,46 +14,47 @@
 // defer(). Single-threaded by design; only the deferred path crosses threads.
 template <class T> class ZO_API Broadcaster {
 public:
-  // Forwards to a function object and always returns 0.
+  using Function = std::function<void(T const&)>;
+
+  // Forwards to a function object and always returns 0. Every listener is
+  // delivered to through one of these, so that a delivery is one call of a
+  // std::function, as a plain loop over them makes.
   class StdFunctionCallback : public iCallbackBase<int, T> {
   public:
-    explicit StdFunctionCallback(std::function<void(T const&)> function) : function_(std::move(function)) {}
+    explicit StdFunctionCallback(Function function) : function_(std::move(function)) {}
     int execute(T const& message) override {
       function_(message);
       return 0;
     }
-    std::function<void(T const&)> const& function() const noexcept { return function_; }
+    Function const& function() const noexcept { return function_; }
 
   private:
-    std::function<void(T const&)> function_;
+    Function function_;
   };
 
   struct Callback {
     Zo::Ptr<iCallbackBase<int, T>> callback;
     int deferred = 0; // non-zero: deliver later through defer()
-    // The function inside `callback` when it wraps one, called straight so
-    // that a delivery costs one indirect call, as a plain loop's does.
-    std::function<void(T const&)> const* function = nullptr;
   };
 
   // Delivers one message to one callback later; keeps the callback alive, not
   // the object it points at.
   class AsyncBroadcastAction : public iExecutableAction {
   public:
-    AsyncBroadcastAction(Callback callback, T message) : callback_(std::move(callback)), message_(std::move(message)) {}
-    void execute() override { callback_.callback->execute(message_); }
+    AsyncBroadcastAction(Zo::Ptr<iCallbackBase<int, T>> callback, T message)
+        : callback_(std::move(callback)), message_(std::move(message)) {}
+    void execute() override { callback_->execute(message_); }
 
   private:
-    Callback callback_;
+    Zo::Ptr<iCallbackBase<int, T>> callback_;
     T message_;
   };
 
   template <class C> static Callback makeCallback(C* object, int (C::*method)(T const&), int deferred = 0) {
-    return Callback{Zo::Ptr<iCallbackBase<int, T>>(new MethodCallback<C, T, int>(object, method)), deferred};
+    return Callback{Zo::Ptr<iCallbackBase<int, T>>(new MethodFunctionCallback<C>(object, method)), deferred};
   }
-  static Callback makeCallback(std::function<void(T const&)> function, int deferred = 0) {
-    auto* wrapper = new StdFunctionCallback(std::move(function));
-    return Callback{Zo::Ptr<iCallbackBase<int, T>>(wrapper), deferred, &wrapper->function()};
+  static Callback makeCallback(Function function, int deferred = 0) {
+    return Callback{Zo::Ptr<iCallbackBase<int, T>>(new StdFunctionCallback(std::move(function))), deferred};
   }
 
   Broadcaster() = default;
@@ -62,30 +63,51 @@ public:
 
   // A null callback is never stored. Not allowed during a broadcast.
   void addListener(Callback const& callback) {
-    if (callback.callback)
-      callbacks_.push_back(callback);
+    if (!callback.callback)
+      return;
+    Zo::Ptr<iCallbackBase<int, T>> target = callback.callback;
+    auto* wrapper = dynamic_cast<StdFunctionCallback*>(target.get());
+    if (!wrapper) {
+      wrapper = new StdFunctionCallback([inner = callback.callback](T const& message) { inner->execute(message); });
+      target = Zo::Ptr<iCallbackBase<int, T>>(wrapper);
+    }
+    entries_.push_back(Entry{&wrapper->function(), callback.deferred, std::move(target)});
   }
-  std::size_t listenerCount() const noexcept { return callbacks_.size(); }
+  std::size_t listenerCount() const noexcept { return entries_.size(); }
 
   virtual void broadcast(T const& message) { deliver(message, false); }
   virtual void broadcastAsync(T const& message) { deliver(message, true); }
 
-protected:
-  std::vector<Callback>& callbacks() noexcept { return callbacks_; }
-
 private:
+  // A method call behind the function interface: the function holds only
+  // this object's address, small enough to live inside it.
+  template <class C> class MethodFunctionCallback : public StdFunctionCallback {
+  public:
+    MethodFunctionCallback(C* object, int (C::*method)(T const&))
+        : StdFunctionCallback([this](T const& message) { (object_->*method_)(message); }), object_(object),
+          method_(method) {}
+
+  private:
+    C* object_;
+    int (C::*method_)(T const&);
+  };
+
+  struct Entry {
+    Function const* function; // inside `callback`, which keeps it alive
+    int deferred;
+    Zo::Ptr<iCallbackBase<int, T>> callback;
+  };
+
   void deliver(T const& message, bool deferAll) {
-    std::size_t const end = callbacks_.size();
+    std::size_t const end = entries_.size();
     for (std::size_t i = 0; i < end; ++i) {
-      Callback const& entry = callbacks_[i];
+      Entry const& entry = entries_[i];
       if (deferAll || entry.deferred != 0)
-        defer(Zo::Ptr<iExecutableAction>(new AsyncBroadcastAction(entry, message)), nullptr);
-      else if (entry.function)
-        (*entry.function)(message);
+        defer(Zo::Ptr<iExecutableAction>(new AsyncBroadcastAction(entry.callback, message)), nullptr);
       else
-        entry.callback->execute(message);
+        (*entry.function)(message);
     }
   }
 
-  std::vector<Callback> callbacks_;
+  std::vector<Entry> entries_;
 };

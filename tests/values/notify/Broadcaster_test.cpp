@@ -71,8 +71,8 @@ TEST_F(BroadcasterTest, PendingAsyncDeliveryKeepsItsCallbackAlive) {
   EXPECT_EQ(heard, (std::vector<std::string>{"after the broadcaster died"}));
 }
 
-// A function entry is called straight, through the function its wrapper
-// holds: a copy of the entry keeps that wrapper, and so the function, alive.
+// Each entry is called straight through the function its wrapper holds: a
+// copy of the entry keeps that wrapper, and so the function, alive.
 TEST_F(BroadcasterTest, AFunctionEntryCopiedElsewhereOutlivesItsFirstBroadcaster) {
   std::vector<std::string> heard;
   Broadcaster<std::string> second;
@@ -84,6 +84,25 @@ TEST_F(BroadcasterTest, AFunctionEntryCopiedElsewhereOutlivesItsFirstBroadcaster
   }
   second.broadcast("second");
   EXPECT_EQ(heard, (std::vector<std::string>{"first", "second"}));
+}
+
+// A callback of any other kind (a guard, a hand-made wrapper) is heard too,
+// in its place among the others, and its replacement in an entry before it
+// is added is what is called.
+TEST_F(BroadcasterTest, ACallbackOfAnyKindIsHeardInItsPlace) {
+  Owner owner;
+  Broadcaster<std::string> broadcaster;
+  auto entry = Broadcaster<std::string>::makeCallback([&](std::string const& m) { owner.heard.push_back("old:" + m); });
+  entry.callback =
+      Zo::Ptr<iCallbackBase<int, std::string>>(new MethodCallback<Owner, std::string>(&owner, &Owner::onMessage));
+  broadcaster.addListener(
+      Broadcaster<std::string>::makeCallback([&](std::string const& m) { owner.heard.push_back("function:" + m); }));
+  broadcaster.addListener(entry);
+  broadcaster.broadcast("go");
+  EXPECT_EQ(owner.heard, (std::vector<std::string>{"function:go", "method:go"}));
+  broadcaster.broadcastAsync("later");
+  MessageLoop::runPending();
+  EXPECT_EQ(owner.heard.back(), "method:later");
 }
 
 TEST_F(BroadcasterTest, EmptyFunctionCallbackThrowsBadFunctionCall) {
