@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/base/detail/LruCache.h>
 #include <zowidgets/host/drawing/detail/CoverageMask.h>
+#include <zowidgets/host/drawing/detail/GlyphMasks.h>
 #include <zowidgets/host/drawing/detail/PixelCompositor.h>
 #include <zowidgets/host/drawing/detail/ShapedLine.h>
 
@@ -91,7 +92,7 @@ PangoRectangle inkPixels(Layout const& layout) {
 
 // Makes a mask of the run drawn with its top-left corner `fraction` past a
 // whole pixel; none when the run is too large to keep.
-RunMask makeMask(Layout const& layout, XY<double> fraction) {
+RunMask makeMask(Layout const& layout, XY<double> fraction, detail::GlyphMasks& glyphs) {
   RunMask mask;
   PangoRectangle const ink = inkPixels(layout);
   // A pixel of margin on each side for antialiasing past the rounded extents.
@@ -102,14 +103,17 @@ RunMask makeMask(Layout const& layout, XY<double> fraction) {
   if (ink.width <= 0 || ink.height <= 0 || width * height > kLargestMaskPixels)
     return mask;
   auto coverage = std::make_shared<CoverageMask>(width, height);
-  cairo_surface_t* surface =
-      cairo_image_surface_create_for_data(coverage->data(), CAIRO_FORMAT_A8, width, height, coverage->stride());
-  cairo_t* context = cairo_create(surface);
-  cairo_move_to(context, fraction.x - offset.x, fraction.y - offset.y);
-  show(context, layout);
-  cairo_destroy(context);
-  cairo_surface_finish(surface);
-  cairo_surface_destroy(surface);
+  XY<double> const topLeft(fraction.x - offset.x, fraction.y - offset.y);
+  if (!layout.line || !layout.line.compose(glyphs, topLeft, *coverage)) {
+    cairo_surface_t* surface =
+        cairo_image_surface_create_for_data(coverage->data(), CAIRO_FORMAT_A8, width, height, coverage->stride());
+    cairo_t* context = cairo_create(surface);
+    cairo_move_to(context, topLeft.x, topLeft.y);
+    show(context, layout);
+    cairo_destroy(context);
+    cairo_surface_finish(surface);
+    cairo_surface_destroy(surface);
+  }
   mask.coverage = std::move(coverage);
   mask.offset = offset;
   return mask;
@@ -185,7 +189,7 @@ public:
   RunMask maskFor(TextRun const& run, XY<double> fraction) {
     Layout& entry = layout(run);
     if (entry.mask.fraction != fraction) {
-      entry.mask = entry.colourGlyphs ? RunMask() : makeMask(entry, fraction);
+      entry.mask = entry.colourGlyphs ? RunMask() : makeMask(entry, fraction, glyphMasks_);
       entry.mask.fraction = fraction;
     }
     return entry.mask;
@@ -220,6 +224,7 @@ public:
   void clear() {
     layouts_.clear();
     metrics_.clear();
+    glyphMasks_.clear(); // keyed by the fonts released below
     for (auto& [key, font] : fonts_)
       g_object_unref(font);
     fonts_.clear();
@@ -283,6 +288,7 @@ private:
   std::size_t layoutsMade_ = 0;
   std::vector<std::pair<std::pair<FontDesc, double>, FontMetrics>> metrics_;
   std::vector<std::pair<std::pair<FontDesc, double>, PangoFont*>> fonts_;
+  detail::GlyphMasks glyphMasks_;
 };
 
 } // namespace

@@ -1,8 +1,11 @@
 #include <zowidgets/host/drawing/detail/ShapedLine.h>
 
+#include <zowidgets/host/drawing/detail/GlyphMasks.h>
+
 #include <hb-ot.h>
 #include <pango/pangocairo.h>
 
+#include <cmath>
 #include <utility>
 
 namespace Glib::detail {
@@ -106,6 +109,14 @@ int ShapedLine::baseline() const { return -logical_.y; }
 void ShapedLine::show(cairo_t* context) const {
   cairo_rel_move_to(context, 0.0, double(baseline()) / PANGO_SCALE);
   pango_cairo_show_glyph_string(context, font_, glyphs_);
+}
+
+bool ShapedLine::compose(GlyphMasks& glyphs, XY<double> topLeft, CoverageMask& into) const {
+  // Cairo keeps its current point in 1/256 of a pixel, and show() moves it
+  // down to the baseline in those steps.
+  auto const fixed = [](double value) { return std::nearbyint(value * 256.0) / 256.0; };
+  XY<double> const origin(fixed(topLeft.x), fixed(topLeft.y) + fixed(double(baseline()) / PANGO_SCALE));
+  return glyphs.compose(font_, glyphs_, origin, into);
 }
 
 } // namespace Glib::detail

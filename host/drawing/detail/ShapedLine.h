@@ -2,11 +2,16 @@
 
 #include <zowidgets/host/base/Export.h>
 #include <zowidgets/host/base/LightweightString.h>
+#include <zowidgets/host/base/XY.h>
 
 #include <cairo.h>
 #include <pango/pango.h>
 
+class CoverageMask;
+
 namespace Glib::detail {
+
+class GlyphMasks;
 
 // One line of text shaped in one font, without a layout. Values shown by
 // sliders and number boxes change at every paint of a drag; for them, making
@@ -39,6 +44,10 @@ public:
 
   // Draws the glyphs with the line's top-left corner at the current point.
   void show(cairo_t* context) const;
+  // Adds to `into` what show() would draw into an empty mask with the
+  // current point at `topLeft`, from kept glyphs. False, with nothing drawn,
+  // when some glyph cannot be kept.
+  bool compose(GlyphMasks& glyphs, XY<double> topLeft, CoverageMask& into) const;
 
 private:
   PangoFont* font_ = nullptr;

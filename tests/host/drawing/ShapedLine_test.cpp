@@ -3,16 +3,22 @@
 // sizes and in pixels, and that everything else is left to the layout.
 
 #include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/drawing/detail/CoverageMask.h>
+#include <zowidgets/host/drawing/detail/GlyphMasks.h>
 #include <zowidgets/host/drawing/detail/ShapedLine.h>
 
 #include "host/drawing/DrawingTestSupport.h"
 #include "host/drawing/PangoReference.h"
 
 #include <gtest/gtest.h>
+#include <hb.h>
 #include <pango/pangocairo.h>
 
+#include <iterator>
 #include <string>
+#include <vector>
 
+using Glib::detail::GlyphMasks;
 using Glib::detail::ShapedLine;
 
 namespace {
@@ -85,7 +91,107 @@ wchar_t const* const kSimpleTexts[] = {
     L"Łódź Ćwierć", L"50%",        L"(x) [y] {z}",
 };
 
+// The line drawn by cairo into an empty mask with its top-left corner at
+// `topLeft`, as the text engine draws a run's mask.
+CoverageMask cairoMask(ShapedLine const& line, XY<double> topLeft, int width, int height) {
+  CoverageMask mask(width, height);
+  cairo_surface_t* surface =
+      cairo_image_surface_create_for_data(mask.data(), CAIRO_FORMAT_A8, width, height, mask.stride());
+  cairo_t* context = cairo_create(surface);
+  cairo_move_to(context, topLeft.x, topLeft.y);
+  line.show(context);
+  cairo_destroy(context);
+  cairo_surface_finish(surface);
+  cairo_surface_destroy(surface);
+  return mask;
+}
+
+int differingBytes(CoverageMask const& a, CoverageMask const& b) {
+  int differing = 0;
+  for (int row = 0; row < a.height(); ++row)
+    for (int x = 0; x < a.width(); ++x)
+      differing += a.at(x, row) != b.at(x, row);
+  return differing;
+}
+
+int coveredBytes(CoverageMask const& mask) {
+  int covered = 0;
+  for (int row = 0; row < mask.height(); ++row)
+    for (int x = 0; x < mask.width(); ++x)
+      covered += mask.at(x, row) != 0;
+  return covered;
+}
+
 } // namespace
+
+// New text is put together from glyphs kept from earlier text; the sum must
+// be cairo's own drawing, byte for byte, wherever the line starts within a
+// pixel, for kerned, overlapping and accented glyphs, in every style, and
+// whether a glyph is drawn afresh or taken from the cache.
+TEST(GlyphMasks, ALineOfKeptGlyphsIsTheMaskCairoDraws) {
+  PangoSetUp const pango;
+  std::vector<Font> fonts(std::begin(kFonts), std::end(kFonts));
+  fonts.push_back({"DejaVu Serif", 17, false, true});
+  fonts.push_back({"DejaVu Sans", 9, true, true});
+  std::vector<wchar_t const*> texts(std::begin(kSimpleTexts), std::end(kSimpleTexts));
+  for (wchar_t const* overlapping : {L"ffff fj", L"AVAVAWAY", L"Tj.Yj,", L"yjgq,;", L"W.A.V.E", L"1111 ||| --"})
+    texts.push_back(overlapping);
+  for (Font const& font : fonts)
+    for (wchar_t const* text : texts) {
+      SCOPED_TRACE(std::string(font.family) + " " + std::to_string(font.pixels) + " " +
+                   LightweightString<wchar_t>(text).toUTF8().c_str());
+      ShapedLine const line = shapeIn(pango, font, text);
+      ASSERT_TRUE(line);
+      GlyphMasks glyphs;
+      for (XY<double> topLeft : {XY<double>(1, 1), XY<double>(3.25, 2.5), XY<double>(2.5, 1.75), XY<double>(1.7, 2.13),
+                                 XY<double>(2.998, 1.0004), XY<double>(-4, -6)}) {
+        SCOPED_TRACE(std::to_string(topLeft.x) + "," + std::to_string(topLeft.y));
+        CoverageMask const theirs = cairoMask(line, topLeft, 460, 44);
+        CoverageMask ours(460, 44);
+        ASSERT_TRUE(line.compose(glyphs, topLeft, ours));
+        EXPECT_EQ(differingBytes(ours, theirs), 0);
+        EXPECT_GT(coveredBytes(ours), 20);
+      }
+    }
+}
+
+TEST(GlyphMasks, EachGlyphIsRasterisedOnce) {
+  PangoSetUp const pango;
+  ShapedLine const line = shapeIn(pango, Font{"DejaVu Sans", 13, false, false}, L"abcabc");
+  ASSERT_TRUE(line);
+  GlyphMasks glyphs;
+  CoverageMask mask(80, 20);
+  ASSERT_TRUE(line.compose(glyphs, XY<double>(1, 1), mask));
+  EXPECT_EQ(glyphs.size(), 3u);
+  ASSERT_TRUE(line.compose(glyphs, XY<double>(1.5, 1), mask));
+  EXPECT_EQ(glyphs.size(), 3u);
+  glyphs.clear();
+  EXPECT_EQ(glyphs.size(), 0u);
+}
+
+// A glyph pango draws as a box with its code in it is not a glyph of the
+// font: such a string is refused before anything is drawn.
+TEST(GlyphMasks, AStringWithAnUnknownGlyphIsRefusedUntouched) {
+  PangoSetUp const pango;
+  PangoFontDescription* description = describe(Font{"DejaVu Sans", 13, false, false});
+  PangoFont* font = pango_context_load_font(pango.context(), description);
+  pango_font_description_free(description);
+  hb_codepoint_t letter = 0;
+  ASSERT_TRUE(hb_font_get_nominal_glyph(pango_font_get_hb_font(font), 'a', &letter));
+  PangoGlyphString* glyphs = pango_glyph_string_new();
+  pango_glyph_string_set_size(glyphs, 2);
+  glyphs->glyphs[0] = PangoGlyphInfo{};
+  glyphs->glyphs[0].glyph = letter;
+  glyphs->glyphs[0].geometry.width = 8 * PANGO_SCALE;
+  glyphs->glyphs[1] = PangoGlyphInfo{};
+  glyphs->glyphs[1].glyph = PANGO_GLYPH_UNKNOWN_FLAG | 0x2603;
+  GlyphMasks masks;
+  CoverageMask mask(40, 20);
+  EXPECT_FALSE(masks.compose(font, glyphs, XY<double>(2, 14), mask));
+  EXPECT_EQ(coveredBytes(mask), 0);
+  pango_glyph_string_free(glyphs);
+  g_object_unref(font);
+}
 
 TEST(ShapedLine, SimpleTextHasTheSizesAFullLayoutGivesIt) {
   PangoSetUp const pango;
