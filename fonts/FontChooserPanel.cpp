@@ -12,6 +12,8 @@
 #include <zowidgets/values/notify/UIThreadCallbackDupe.h>
 
 #include <algorithm>
+#include <memory>
+#include <mutex>
 
 namespace {
 
@@ -47,12 +49,34 @@ bool equalIgnoringCase(LightweightString<char> const& a, LightweightString<char>
   return !lessIgnoringCase(a, b) && !lessIgnoringCase(b, a);
 }
 
-// The installed families, sorted and made unique without regard to case.
-std::vector<LightweightString<char>> installedFamilies() {
-  std::vector<LightweightString<char>> families = Glib::getAvailableFonts();
-  std::stable_sort(families.begin(), families.end(), lessIgnoringCase);
-  families.erase(std::unique(families.begin(), families.end(), equalIgnoringCase), families.end());
-  return families;
+// The installed families, sorted and made unique without regard to case,
+// with a row of the list made for each. Every chooser opened shows them, and
+// they change only when fonts are installed or removed: kept until the host
+// reports another set of families.
+struct InstalledFamilies {
+  std::vector<LightweightString<char>> reported;
+  std::vector<LightweightString<char>> families;
+  std::vector<FontItem> items;
+};
+
+std::shared_ptr<InstalledFamilies const> installedFamilies() {
+  static std::mutex mutex;
+  static std::shared_ptr<InstalledFamilies const> kept;
+  std::lock_guard const lock(mutex);
+  std::vector<LightweightString<char>> reported = Glib::getAvailableFonts();
+  if (kept && reported == kept->reported)
+    return kept;
+  auto made = std::make_shared<InstalledFamilies>();
+  made->families = reported;
+  std::stable_sort(made->families.begin(), made->families.end(), lessIgnoringCase);
+  made->families.erase(std::unique(made->families.begin(), made->families.end(), equalIgnoringCase),
+                       made->families.end());
+  made->items.reserve(made->families.size());
+  for (LightweightString<char> const& family : made->families)
+    made->items.emplace_back(family, kOrdinaryFont);
+  made->reported = std::move(reported);
+  kept = std::move(made);
+  return kept;
 }
 
 } // namespace
@@ -75,7 +99,8 @@ XY<int> FontChooserPanel::calcSize() {
 }
 
 std::vector<FontChooserPanel::FontItem> FontChooserPanel::getFontList(RecentFonts const& recent) {
-  std::vector<LightweightString<char>> const families = installedFamilies();
+  std::shared_ptr<InstalledFamilies const> const installed = installedFamilies();
+  std::vector<LightweightString<char>> const& families = installed->families;
   std::vector<FontItem> items;
   items.reserve(recent.size() + families.size());
   for (LightweightString<wchar_t> const& name : recent) {
@@ -84,8 +109,7 @@ std::vector<FontChooserPanel::FontItem> FontChooserPanel::getFontList(RecentFont
     if (found != families.end() && equalIgnoringCase(*found, utf8))
       items.emplace_back(*found, kRecentFont);
   }
-  for (LightweightString<char> const& family : families)
-    items.emplace_back(family, kOrdinaryFont);
+  items.insert(items.end(), installed->items.begin(), installed->items.end());
   return items;
 }
 
