@@ -7,8 +7,10 @@
 #include <zowidgets/host/drawing/SvgIcon.h>
 #include <zowidgets/host/drawing/detail/IconTint.h>
 
+#include <cstdlib>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <string>
 
 namespace {
@@ -43,8 +45,15 @@ struct Store {
   LruCache<Key, IconCache::Icon, KeyHash> icons{IconCache::kCapacity};
   LruCache<std::wstring, Zo::Image::Surface, std::hash<std::wstring>> pictures{IconCache::kPictureCapacity};
   std::string themeDir;
+  // The settings the theme folder was looked for under.
+  std::optional<std::string> overrideSetting, dataDirsSetting;
   std::size_t drawn = 0;
 };
+
+std::optional<std::string> setting(char const* name) {
+  char const* value = std::getenv(name);
+  return value ? std::optional<std::string>(value) : std::nullopt;
+}
 
 Store& store() {
   static Store instance;
@@ -57,13 +66,22 @@ IconCache::Icon IconCache::get(std::string_view name, int side, Colour const& ti
   if (side < 1 || side > SvgIcon::kMaxIconSide)
     return {};
   Key key{std::string(name), side, tint.get_vlib_colour(), turnDegrees};
-  std::string theme = iconThemeDir();
+  std::optional<std::string> overrideSetting = setting("ZOWIDGETS_ICON_THEME_DIR");
+  std::optional<std::string> dataDirsSetting = setting("XDG_DATA_DIRS");
   Store& kept = store();
   std::lock_guard lock(kept.mutex);
-  if (theme != kept.themeDir) {
+  // Icons are asked for at every paint: the folders are looked at again only
+  // when the settings change or an icon is drawn afresh.
+  bool const settingsKept = overrideSetting == kept.overrideSetting && dataDirsSetting == kept.dataDirsSetting;
+  if (settingsKept)
+    if (Icon const* found = kept.icons.find(key))
+      return *found;
+  if (std::string theme = iconThemeDir(); theme != kept.themeDir) {
     kept.icons.clear();
     kept.themeDir = std::move(theme);
   }
+  kept.overrideSetting = std::move(overrideSetting);
+  kept.dataDirsSetting = std::move(dataDirsSetting);
   if (Icon const* found = kept.icons.find(key))
     return *found;
   ++kept.drawn;

@@ -73,6 +73,26 @@ TEST_F(IconCacheTest, WithoutAThemeEveryNameGetsTheStandInAndTheCacheStartsAfres
   EXPECT_TRUE(IconCache::get("eye-open.png", 16, kText).fromTheme);
 }
 
+// Icons are asked for at every paint, so the theme folder is not looked for
+// again while the settings stay: a theme that appears under the same
+// settings is found when an icon is next drawn afresh, and from then on the
+// cache starts again with it.
+TEST_F(IconCacheTest, AThemeThatAppearsIsFoundAtTheNextIconDrawnAfresh) {
+  ScratchFolder scratch;
+  std::filesystem::path const folder = scratch.path() / "theme";
+  ScopedEnv later("ZOWIDGETS_ICON_THEME_DIR", folder.string());
+  EXPECT_FALSE(IconCache::get("eye-open.png", 16, kText).fromTheme);
+  scratch.write("theme/scalable/actions/view-reveal-symbolic.svg",
+                R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 16 16"><rect width="16" height="16"/></svg>)");
+  scratch.write("theme/scalable/actions/view-conceal-symbolic.svg",
+                R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 16 16"><rect width="8" height="8"/></svg>)");
+  std::size_t const drawn = IconCache::iconsDrawn();
+  EXPECT_FALSE(IconCache::get("eye-open.png", 16, kText).fromTheme) << "kept, the folder not looked for";
+  EXPECT_EQ(IconCache::iconsDrawn(), drawn);
+  EXPECT_TRUE(IconCache::get("eye-closed.png", 16, kText).fromTheme);
+  EXPECT_TRUE(IconCache::get("eye-open.png", 16, kText).fromTheme) << "the cache started again with the theme";
+}
+
 TEST_F(IconCacheTest, ClearForgetsEveryIcon) {
   IconCache::Icon const first = IconCache::get("poot.png", 16, kText);
   IconCache::get("poot.png", 32, kText);
