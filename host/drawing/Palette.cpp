@@ -1,6 +1,7 @@
 #include <zowidgets/host/drawing/Palette.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -46,7 +47,21 @@ Colour Palette::shaded(Colour const& colour, int shade) noexcept {
 }
 
 double Palette::luminance(Colour const& colour) noexcept {
-  return 0.2126 * linear(colour.red()) + 0.7152 * linear(colour.green()) + 0.0722 * linear(colour.blue());
+  // Each row a builder makes derives its palette from the same few colours;
+  // the last few answers are kept rather than raised to powers again.
+  struct Kept {
+    double red = -1.0, green = -1.0, blue = -1.0, luminance = 0.0;
+  };
+  thread_local std::array<Kept, 8> kept;
+  thread_local std::size_t next = 0;
+  double const red = colour.red(), green = colour.green(), blue = colour.blue();
+  for (Kept const& entry : kept)
+    if (entry.red == red && entry.green == green && entry.blue == blue)
+      return entry.luminance;
+  double const result = 0.2126 * linear(red) + 0.7152 * linear(green) + 0.0722 * linear(blue);
+  kept[next] = Kept{red, green, blue, result};
+  next = (next + 1) % kept.size();
+  return result;
 }
 
 Palette makeWindowPalette(Palette const& base, Colour const& window) {

@@ -46,8 +46,7 @@ public:
   }
 
   LightweightString<wchar_t> formatName(Zo::Image::Format format) const override {
-    AVCodec const* codec = LibavEncoders::findEncoder(format);
-    return codec ? LibavEncoders::nameOf(*codec) : LightweightString<wchar_t>();
+    return LibavEncoders::nameOf(format);
   }
 
   MediaOptions encodeOptions(LightweightString<char> const& fileType, Zo::Image::Format format) const override {

@@ -7,6 +7,7 @@ extern "C" {
 #include <libavformat/avformat.h>
 }
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <unordered_map>
@@ -29,18 +30,23 @@ Container const* findContainer(LightweightString<char> const& id) {
   return nullptr;
 }
 
-bool accepts(Container const& container, AVCodec const& codec) {
+namespace {
+
+// What the library says, asked once per encoder and container.
+bool libraryAccepts(Container const& container, AVCodec const& codec) {
   AVOutputFormat const* muxer = av_guess_format(container.muxer, nullptr, nullptr);
   return muxer && av_codec_is_encoder(&codec) && codec.type == AVMEDIA_TYPE_VIDEO &&
          avformat_query_codec(muxer, codec.id, FF_COMPLIANCE_NORMAL) == 1;
 }
 
-namespace {
-
 // The library's codec list is fixed for the life of the process, and menus
 // ask for names and encoders many times per panel: walk it once.
 struct EncoderIndex {
-  std::unordered_map<std::int32_t, AVCodec const*> byFormat;
+  struct Encoder {
+    AVCodec const* codec;
+    LightweightString<wchar_t> name;
+  };
+  std::unordered_map<std::int32_t, Encoder> byFormat;
   std::vector<std::vector<AVCodec const*>> byContainer;
 
   EncoderIndex() : byContainer(containers().size()) {
@@ -48,9 +54,9 @@ struct EncoderIndex {
     while (AVCodec const* codec = av_codec_iterate(&iterator)) {
       if (!av_codec_is_encoder(codec) || codec->type != AVMEDIA_TYPE_VIDEO)
         continue;
-      byFormat.emplace(formatOf(*codec).raw(), codec);
+      byFormat.emplace(formatOf(*codec).raw(), Encoder{codec, LightweightString<wchar_t>::fromUTF8(codec->name)});
       for (std::size_t i = 0; i < containers().size(); ++i)
-        if (accepts(containers()[i], *codec))
+        if (libraryAccepts(containers()[i], *codec))
           byContainer[i].push_back(codec);
     }
   }
@@ -63,12 +69,18 @@ struct EncoderIndex {
 
 } // namespace
 
-std::vector<AVCodec const*> encodersFor(Container const& container) {
+std::vector<AVCodec const*> const& encodersFor(Container const& container) {
+  static std::vector<AVCodec const*> const none;
   auto const& byContainer = EncoderIndex::instance().byContainer;
   for (std::size_t i = 0; i < containers().size(); ++i)
     if (std::strcmp(containers()[i].id, container.id) == 0)
       return byContainer[i];
-  return {};
+  return none;
+}
+
+bool accepts(Container const& container, AVCodec const& codec) {
+  std::vector<AVCodec const*> const& encoders = encodersFor(container);
+  return std::find(encoders.begin(), encoders.end(), &codec) != encoders.end();
 }
 
 Zo::Image::Format formatOf(AVCodec const& codec) {
@@ -82,10 +94,14 @@ Zo::Image::Format formatOf(AVCodec const& codec) {
 AVCodec const* findEncoder(Zo::Image::Format format) {
   auto const& byFormat = EncoderIndex::instance().byFormat;
   auto const found = byFormat.find(format.raw());
-  return found == byFormat.end() ? nullptr : found->second;
+  return found == byFormat.end() ? nullptr : found->second.codec;
 }
 
-LightweightString<wchar_t> nameOf(AVCodec const& codec) { return LightweightString<wchar_t>::fromUTF8(codec.name); }
+LightweightString<wchar_t> nameOf(Zo::Image::Format format) {
+  auto const& byFormat = EncoderIndex::instance().byFormat;
+  auto const found = byFormat.find(format.raw());
+  return found == byFormat.end() ? LightweightString<wchar_t>() : found->second.name;
+}
 
 } // namespace LibavEncoders
 

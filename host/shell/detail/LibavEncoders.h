@@ -18,12 +18,13 @@ struct Container {
 std::vector<Container> const& containers();
 Container const* findContainer(LightweightString<char> const& id);
 // The video encoders the container takes, in the library's order.
-std::vector<AVCodec const*> encodersFor(Container const& container);
+std::vector<AVCodec const*> const& encodersFor(Container const& container);
 bool accepts(Container const& container, AVCodec const& codec);
 // An encoder's four-byte code: a hash of its name, so it stays the same
 // from one version of the library to the next.
 Zo::Image::Format formatOf(AVCodec const& codec);
 AVCodec const* findEncoder(Zo::Image::Format format);
-LightweightString<wchar_t> nameOf(AVCodec const& codec);
+// The encoder's name, or nothing for a code no encoder has.
+LightweightString<wchar_t> nameOf(Zo::Image::Format format);
 
 } // namespace LibavEncoders
