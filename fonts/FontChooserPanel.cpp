@@ -157,8 +157,8 @@ void FontChooserPanel::addFilter() {
 void FontChooserPanel::addTree() {
   TreeView::InitArgs args{GlobCreationInfo(calcTreeSize())};
   args.adaptor = this;
+  args.appearance = TreeView::kFlat;
   tree_ = createWidget<TreeView>(args, Glob::Below(UifStd::getWidgetGap(), filter_));
-  tree_->setAppearance(TreeView::kFlat);
   tree_->setScrollbarDisplay(TreeView::kScrollbarAsNeeded);
   tree_->addListener(guarded(this, &FontChooserPanel::handleTreeEvent));
 }

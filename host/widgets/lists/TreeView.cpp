@@ -154,7 +154,8 @@ constexpr int kSpaceKey = ' ';
 } // namespace
 
 TreeView::TreeView(InitArgs const& args)
-    : VirtualRowsBase(args, UifStd::getRowHeight()), adaptor_(args.adaptor), root_(std::make_unique<Node>()) {
+    : VirtualRowsBase(args, UifStd::getRowHeight()), adaptor_(args.adaptor), root_(std::make_unique<Node>()),
+      appearance_(args.appearance) {
   refresh(0);
 }
 
@@ -384,6 +385,8 @@ void TreeView::selectRow(int row, bool reportIt) {
 void TreeView::report(int type, int row) { broadcast(TreeViewEvent{type, nodeAt(row).item.id, this}); }
 
 void TreeView::setAppearance(int appearance) {
+  if (appearance == appearance_)
+    return;
   appearance_ = appearance;
   widest_ = 0;
   rowsChanged();

@@ -40,6 +40,7 @@ public:
     InitArgs() = default;
     InitArgs(GlobCreationInfo const& info) : StandardPanel::InitArgs(info) {}
     iTreeViewAdaptor* adaptor = nullptr; // not owned; must outlive the tree
+    int appearance = kShowExpanders;     // an eAppearance; the rows are made in it from the start
   };
 
   explicit TreeView(InitArgs const& args);

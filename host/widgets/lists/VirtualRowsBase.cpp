@@ -87,6 +87,8 @@ void VirtualRowsBase::resize(double width, double height) {
 }
 
 void VirtualRowsBase::setScrollBarAllowed(bool allowed) {
+  if (allowed == scrollBarAllowed_)
+    return;
   scrollBarAllowed_ = allowed;
   rowsChanged();
 }

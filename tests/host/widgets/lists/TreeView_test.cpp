@@ -371,6 +371,30 @@ TEST_F(TreeViewTest, AFlatTreeHasNoArrowsAndAClickThereSelects) {
   EXPECT_EQ(tree->getSelectedItem(), LightweightString<wchar_t>(L"Reel 1"));
 }
 
+// A tree made flat has its rows made flat at once; asking again for the
+// look or the bar it already has keeps the rows it made.
+TEST_F(TreeViewTest, AFlatLookGivenAtTheStartNeedsNoSecondMakingOfRows) {
+  StandardPanel* panel = openPanel(XY<int>(320, 8 * UifStd::getRowHeight() + 40));
+  TreeView::InitArgs args(XY<int>(260, 8 * UifStd::getRowHeight()));
+  args.adaptor = &bins;
+  args.appearance = TreeView::kFlat;
+  tree = panel->createWidget<TreeView>(args, Glob::UserTopLeft(0, 0));
+  EXPECT_EQ(tree->getAppearance(), TreeView::kFlat);
+  // A stamp tells a row that lives on from a new row at the same address.
+  Glob* const first = tree->getRowGlob(0);
+  IdStamp const stamp = EventHandler::stampOf(first);
+  tree->setAppearance(TreeView::kFlat);
+  tree->setScrollbarDisplay(TreeView::kScrollbarAsNeeded);
+  EXPECT_TRUE(EventHandler::valid(first, stamp));
+  HeadlessInput::click(arrowOf(0));
+  EXPECT_FALSE(tree->isExpanded(L"Reel 1")) << "no arrow to open it by";
+  EXPECT_EQ(tree->getSelectedItem(), LightweightString<wchar_t>(L"Reel 1"));
+  Glob* const selected = tree->getRowGlob(0);
+  IdStamp const selectedStamp = EventHandler::stampOf(selected);
+  tree->setAppearance(TreeView::kShowExpanders);
+  EXPECT_FALSE(EventHandler::valid(selected, selectedStamp)) << "a new look makes the rows again";
+}
+
 TEST_F(TreeViewTest, TheScrollBarCanBeKeptAwayForGood) {
   MillionAdaptor million;
   openTree(&million);
