@@ -67,6 +67,22 @@ std::vector<Glob*>::const_iterator Glob::topmostChildCovering(Zo::Box<int> const
   // Opaque children are taken from the top down until together they hide
   // the area: a page of rows scrolled in hides the list behind it, though no
   // one row does.
+  // Children whose boxes add up to less than the area cannot hide it (a form
+  // of a thousand rows with gaps between them): that is known without
+  // cutting the area by each of them, which costs more the more rows cut it.
+  long long const wanted = static_cast<long long>(area.width()) * area.height();
+  long long offered = 0;
+  for (Glob const* widget : children_) {
+    if (!widget->visible_ || !widget->paintsOpaquely_)
+      continue;
+    XY<int> const at = origin + widget->position_;
+    Zo::Box<int> const inside =
+        Zo::Box<int>(at.x, at.y, at.x + widget->width(), at.y + widget->height()).intersect(area);
+    if (!inside.empty())
+      offered += static_cast<long long>(inside.width()) * inside.height();
+  }
+  if (offered < wanted)
+    return children_.end();
   pixman_region32_t uncovered;
   pixman_region32_init_rect(&uncovered, area.x0, area.y0, static_cast<unsigned>(area.width()),
                             static_cast<unsigned>(area.height()));

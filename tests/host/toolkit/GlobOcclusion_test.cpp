@@ -177,3 +177,20 @@ TEST_F(GlobOcclusionTest, AGapBetweenOpaqueWidgetsLetsTheParentPaint) {
   EXPECT_EQ(rgbOf(widgetPixel(*over, XY<int>(30, 20))), rgbOf(kGreen));
   EXPECT_EQ(rgbOf(widgetPixel(*left, XY<int>(22, 20))), rgbOf(kBlue));
 }
+
+// Two opaque widgets on the same spot offer twice their area: enough by
+// area alone for a larger repaint, which they still do not hide.
+TEST_F(GlobOcclusionTest, OpaqueWidgetsWhoseAreasAddUpButOverlapStillLetTheParentPaint) {
+  under->setPaintsOpaquely(true);
+  over->setPaintsOpaquely(true);
+  pump();
+  Counts const before = counts();
+  Zo::Box<int> const box = over->canvasBox();
+  // 80 x 40: more than one widget's 60 x 40, less than the two together.
+  Zo::Box<int> const wider(box.x0, box.y0, box.x0 + 80, box.y1);
+  panel->invalidate(wider);
+  EXPECT_EQ(panel->drawn, before.panel + 1);
+  EXPECT_EQ(under->drawn, before.under + 1) << "the region test, not the area sum, decides what is hidden";
+  EXPECT_EQ(over->drawn, before.over + 1);
+  EXPECT_EQ(rgbOf(widgetPixel(*over, XY<int>(30, 20))), rgbOf(kGreen));
+}
