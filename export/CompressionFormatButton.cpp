@@ -41,14 +41,18 @@ void CompressionFormatButton::setCompressionFormat(VideoCompressionInfo const& i
   formats_ = formats;
   LightweightString<wchar_t> const wanted = info.getDisplayString(displayFlags_);
   std::vector<MenuItem> items;
+  items.reserve(formats_.size());
   int selected = -1;
+  Colour const text = getPalette().text(0);
+  Colour const window = getPalette().window();
+  // One row description, its format changed for each entry.
+  VideoCompressionInfo row(info);
   for (Zo::Image::Format const format : formats_) {
-    VideoCompressionInfo row(info);
     row.setCompressionFormat(CompressionFormat(format));
-    LightweightString<wchar_t> const text = row.getDisplayString(displayFlags_);
-    if (text == wanted && selected < 0)
+    LightweightString<wchar_t> const shown = row.getDisplayString(displayFlags_);
+    if (shown == wanted && selected < 0)
       selected = static_cast<int>(items.size());
-    items.emplace_back(UIString(text), getPalette().text(0), getPalette().window());
+    items.emplace_back(UIString(shown), text, window);
   }
   setStrings(items, selected);
   if (deactivateWhenEmpty_)

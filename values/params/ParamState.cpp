@@ -2,8 +2,7 @@
 #include <zowidgets/values/params/GenericParam.h>
 #include <zowidgets/values/params/GroupParam.h>
 
-#include <functional>
-#include <set>
+#include <unordered_set>
 
 namespace GenericParam {
 
@@ -11,24 +10,28 @@ namespace {
 
 bool isAction(iParam const& param) { return param.getValueType() == "action"; }
 
+using IdSet = std::unordered_set<LightweightString<char>>;
+
+template <class Visit> void walkStateful(ParamList const& list, IdSet& seen, Visit& visit) {
+  for (auto const& param : list) {
+    if (!param)
+      continue;
+    if (auto* group = dynamic_cast<GroupParam*>(param.get())) {
+      walkStateful(group->getChildren(), seen, visit);
+      continue;
+    }
+    if (isAction(*param) || !seen.insert(param->getID()).second)
+      continue;
+    visit(*param);
+  }
+}
+
 // Visits every parameter that has a value to keep, groups' children
 // included, each id once.
-void forEachStateful(ParamList const& params, std::function<void(iParam&)> const& visit) {
-  std::set<LightweightString<char>> seen;
-  std::function<void(ParamList const&)> walk = [&](ParamList const& list) {
-    for (auto const& param : list) {
-      if (!param)
-        continue;
-      if (auto* group = dynamic_cast<GroupParam*>(param.get())) {
-        walk(group->getChildren());
-        continue;
-      }
-      if (isAction(*param) || !seen.insert(param->getID()).second)
-        continue;
-      visit(*param);
-    }
-  };
-  walk(params);
+template <class Visit> void forEachStateful(ParamList const& params, Visit visit) {
+  IdSet seen;
+  seen.reserve(params.size());
+  walkStateful(params, seen, visit);
 }
 
 } // namespace
@@ -45,7 +48,7 @@ void restoreState(ParamList& params, configb const& state) {
 }
 
 int validateState(ParamList const& params, configb& state) {
-  std::set<LightweightString<char>> keep;
+  IdSet keep;
   forEachStateful(params, [&](iParam& param) {
     LightweightString<char> id = param.getID();
     if (state.in(id) && param.isAcceptableValueString(state.getString(id)))
