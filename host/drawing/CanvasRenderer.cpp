@@ -3,6 +3,7 @@
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/drawing/detail/PixelCompositor.h>
 #include <zowidgets/host/drawing/detail/RoundedBoxes.h>
+#include <zowidgets/host/drawing/detail/StrokedLines.h>
 #include <zowidgets/host/drawing/detail/TriangleMesh.h>
 
 #include <cairo.h>
@@ -314,11 +315,18 @@ void CanvasRenderer::renderMulti(Glib::EllipseDescription const* items, unsigned
 void CanvasRenderer::renderMulti(Glib::LineDescription const* items, unsigned int count) {
   if (!begin())
     return;
-  cairo_t* context = cairo();
   for (unsigned int n = 0; n < count; ++n) {
     Glib::LineDescription const line = snapToPixels(items[n]);
     if (!line.colour.use() || line.width <= 0.0 || line.from == line.to)
       continue;
+    // Where the ends land in the surface's own pixels, rows running down.
+    XY<double> const from(origin_.x + line.from.x, surface_.height() - origin_.y - line.from.y);
+    XY<double> const to(origin_.x + line.to.x, surface_.height() - origin_.y - line.to.y);
+    if (StrokedLines::Placed const placed = StrokedLines::coverage(from, to, line.width, antialias_); placed.mask) {
+      pixels_->composite(*placed.mask, placed.at, line.colour, clip_);
+      continue;
+    }
+    cairo_t* context = cairo();
     setSource(context, line.colour);
     cairo_set_line_width(context, line.width);
     cairo_move_to(context, line.from.x, line.from.y);

@@ -1,14 +1,13 @@
 #include <zowidgets/host/drawing/detail/RoundedBoxes.h>
 
-#include <zowidgets/host/base/detail/LruCache.h>
 #include <zowidgets/host/drawing/detail/CoverageMask.h>
+#include <zowidgets/host/drawing/detail/ShapeMaskStore.h>
 
 #include <cairo.h>
 
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <mutex>
 #include <numbers>
 #include <utility>
 
@@ -56,41 +55,12 @@ std::shared_ptr<CoverageMask const> makeMask(Shape const& shape) {
   return mask;
 }
 
-// Kept masks, shared by every renderer on every thread; never destroyed, as
-// a renderer may still draw from static destructors.
-class MaskStore {
-public:
-  static MaskStore& instance() {
-    static MaskStore& store = *new MaskStore;
-    return store;
-  }
-
-  std::shared_ptr<CoverageMask const> coverage(Shape const& shape) {
-    std::lock_guard lock(mutex_);
-    if (auto const* kept = masks_.find(shape))
-      return *kept;
-    ++made_;
-    return masks_.insert(shape, makeMask(shape));
-  }
-
-  std::size_t kept() {
-    std::lock_guard lock(mutex_);
-    return masks_.size();
-  }
-  std::size_t made() {
-    std::lock_guard lock(mutex_);
-    return made_;
-  }
-  void clear() {
-    std::lock_guard lock(mutex_);
-    masks_.clear();
-  }
-
-private:
-  std::mutex mutex_;
-  LruCache<Shape, std::shared_ptr<CoverageMask const>, ShapeHash> masks_{RoundedBoxes::kMasksKept};
-  std::size_t made_ = 0;
-};
+// Never destroyed, as a renderer may still draw from static destructors.
+auto& maskStore() {
+  using Store = ShapeMaskStore<Shape, ShapeHash, std::shared_ptr<CoverageMask const> (*)(Shape const&)>;
+  static Store& store = *new Store(RoundedBoxes::kMasksKept, &makeMask);
+  return store;
+}
 
 } // namespace
 
@@ -128,11 +98,11 @@ std::shared_ptr<CoverageMask const> RoundedBoxes::coverage(Shape const& shape) {
   // Radii past half the shorter side draw the same shape: one mask for all.
   Shape kept = shape;
   kept.radius = std::clamp(shape.radius, 0.0, std::min(shape.width, shape.height) / 2.0);
-  return MaskStore::instance().coverage(kept);
+  return maskStore().coverage(kept);
 }
 
-std::size_t RoundedBoxes::masksKept() { return MaskStore::instance().kept(); }
+std::size_t RoundedBoxes::masksKept() { return maskStore().kept(); }
 
-std::size_t RoundedBoxes::masksMade() { return MaskStore::instance().made(); }
+std::size_t RoundedBoxes::masksMade() { return maskStore().made(); }
 
-void RoundedBoxes::forgetMasks() { MaskStore::instance().clear(); }
+void RoundedBoxes::forgetMasks() { maskStore().clear(); }
