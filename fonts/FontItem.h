@@ -25,8 +25,9 @@ public:
   eFontCategory category() const noexcept { return category_; }
   Glib::FontDesc const& font() const noexcept { return font_; }
   UIString getName() const { return UIString(wideName_); }
-  // Made when asked: a list builds many items and asks few for their ids.
-  LightweightString<wchar_t> getID() const { return makeID(name_, category_); }
+  // Made with the item: the chooser keeps the installed families' items
+  // from one opening to the next, and its rows ask for their ids at each.
+  LightweightString<wchar_t> const& getID() const noexcept { return id_; }
 
   static LightweightString<wchar_t> makeID(LightweightString<char> const& name, eFontCategory category);
   static LightweightString<wchar_t> makeID(FontDefinition const& font, eFontCategory category);
@@ -38,4 +39,5 @@ private:
   LightweightString<wchar_t> wideName_;
   eFontCategory category_;
   Glib::FontDesc font_;
+  LightweightString<wchar_t> id_;
 };
