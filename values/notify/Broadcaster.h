@@ -28,6 +28,10 @@ public:
     }
     Function const& function() const noexcept { return function_; }
 
+  protected:
+    StdFunctionCallback() = default;
+    void setFunction(Function function) { function_ = std::move(function); }
+
   private:
     Function function_;
   };
@@ -79,15 +83,23 @@ public:
   virtual void broadcastAsync(T const& message) { deliver(message, true); }
 
 private:
-  // A method call behind the function interface: the function holds only
-  // this object's address, small enough to live inside it.
+  // A method call behind the function interface.
   template <class C> class MethodFunctionCallback : public StdFunctionCallback {
   public:
-    MethodFunctionCallback(C* object, int (C::*method)(T const&))
-        : StdFunctionCallback([this](T const& message) { (object_->*method_)(message); }), object_(object),
-          method_(method) {}
+    MethodFunctionCallback(C* object, int (C::*method)(T const&)) : object_(object), method_(method) {
+      this->setFunction(Call{this});
+    }
 
   private:
+    // Holds only the callback's address: small enough to live inside the
+    // function, with no allocation of its own. A named call rather than a
+    // lambda capturing this: the sanitizers' builds of the compiler here
+    // mistook such a lambda's object.
+    struct Call {
+      MethodFunctionCallback const* callback;
+      void operator()(T const& message) const { (callback->object_->*callback->method_)(message); }
+    };
+
     C* object_;
     int (C::*method_)(T const&);
   };
