@@ -1,6 +1,7 @@
 #include <zowidgets/host/drawing/TextLayout.h>
 
 #include <zowidgets/host/base/detail/LruCache.h>
+#include <zowidgets/host/drawing/detail/CairoMask.h>
 #include <zowidgets/host/drawing/detail/CoverageMask.h>
 #include <zowidgets/host/drawing/detail/GlyphMasks.h>
 #include <zowidgets/host/drawing/detail/PixelCompositor.h>
@@ -104,16 +105,11 @@ RunMask makeMask(Layout const& layout, XY<double> fraction, detail::GlyphMasks& 
     return mask;
   auto coverage = std::make_shared<CoverageMask>(width, height);
   XY<double> const topLeft(fraction.x - offset.x, fraction.y - offset.y);
-  if (!layout.line || !layout.line.compose(glyphs, topLeft, *coverage)) {
-    cairo_surface_t* surface =
-        cairo_image_surface_create_for_data(coverage->data(), CAIRO_FORMAT_A8, width, height, coverage->stride());
-    cairo_t* context = cairo_create(surface);
-    cairo_move_to(context, topLeft.x, topLeft.y);
-    show(context, layout);
-    cairo_destroy(context);
-    cairo_surface_finish(surface);
-    cairo_surface_destroy(surface);
-  }
+  if (!layout.line || !layout.line.compose(glyphs, topLeft, *coverage))
+    drawIntoMask(*coverage, [&](cairo_t* context) {
+      cairo_move_to(context, topLeft.x, topLeft.y);
+      show(context, layout);
+    });
   mask.coverage = std::move(coverage);
   mask.offset = offset;
   return mask;

@@ -1,5 +1,7 @@
 #include <zowidgets/host/drawing/detail/GlyphMasks.h>
 
+#include <zowidgets/host/drawing/detail/CairoMask.h>
+
 #include <pango/pangocairo.h>
 
 #include <algorithm>
@@ -63,15 +65,11 @@ GlyphMasks::Glyph GlyphMasks::rasterise(PangoFont* font, PangoGlyph id) {
   // A pixel of margin on each side for antialiasing past the rounded extents.
   result.offset = XY<int>(ink.x - 1, ink.y - 1);
   result.mask = CoverageMask(ink.width + 3, ink.height + 3);
-  cairo_surface_t* surface = cairo_image_surface_create_for_data(
-      result.mask.data(), CAIRO_FORMAT_A8, result.mask.width(), result.mask.height(), result.mask.stride());
-  cairo_t* context = cairo_create(surface);
-  cairo_set_scaled_font(context, scaled);
   cairo_glyph_t const glyph{id, double(-result.offset.x), double(-result.offset.y)};
-  cairo_show_glyphs(context, &glyph, 1);
-  cairo_destroy(context);
-  cairo_surface_finish(surface);
-  cairo_surface_destroy(surface);
+  drawIntoMask(result.mask, [&](cairo_t* context) {
+    cairo_set_scaled_font(context, scaled);
+    cairo_show_glyphs(context, &glyph, 1);
+  });
   return result;
 }
 

@@ -1,9 +1,7 @@
 #include <zowidgets/host/drawing/detail/RoundedBoxes.h>
 
-#include <zowidgets/host/drawing/detail/CoverageMask.h>
+#include <zowidgets/host/drawing/detail/CairoMask.h>
 #include <zowidgets/host/drawing/detail/ShapeMaskStore.h>
-
-#include <cairo.h>
 
 #include <algorithm>
 #include <cmath>
@@ -40,18 +38,14 @@ struct ShapeHash {
 std::shared_ptr<CoverageMask const> makeMask(Shape const& shape) {
   auto mask = std::make_shared<CoverageMask>(static_cast<int>(std::ceil(shape.fraction.x + shape.width)),
                                              static_cast<int>(std::ceil(shape.fraction.y + shape.height)));
-  cairo_surface_t* surface =
-      cairo_image_surface_create_for_data(mask->data(), CAIRO_FORMAT_A8, mask->width(), mask->height(), mask->stride());
-  cairo_t* context = cairo_create(surface);
-  cairo_set_antialias(context, shape.antialias ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
-  // Mask rows run down where a canvas's run up; the shape is the same
-  // upside down.
-  Zo::Box<double> const box(shape.fraction.x, shape.fraction.y, shape.fraction.x + shape.width,
-                            shape.fraction.y + shape.height);
-  RoundedBoxes::fillPath(context, box, shape.radius, shape.band);
-  cairo_destroy(context);
-  cairo_surface_finish(surface);
-  cairo_surface_destroy(surface);
+  drawIntoMask(*mask, [&shape](cairo_t* context) {
+    cairo_set_antialias(context, shape.antialias ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
+    // Mask rows run down where a canvas's run up; the shape is the same
+    // upside down.
+    Zo::Box<double> const box(shape.fraction.x, shape.fraction.y, shape.fraction.x + shape.width,
+                              shape.fraction.y + shape.height);
+    RoundedBoxes::fillPath(context, box, shape.radius, shape.band);
+  });
   return mask;
 }
 

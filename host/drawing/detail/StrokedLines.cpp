@@ -1,9 +1,7 @@
 #include <zowidgets/host/drawing/detail/StrokedLines.h>
 
-#include <zowidgets/host/drawing/detail/CoverageMask.h>
+#include <zowidgets/host/drawing/detail/CairoMask.h>
 #include <zowidgets/host/drawing/detail/ShapeMaskStore.h>
-
-#include <cairo.h>
 
 #include <algorithm>
 #include <cmath>
@@ -37,18 +35,14 @@ XY<int> maskSize(Shape const& shape) {
 std::shared_ptr<CoverageMask const> makeMask(Shape const& shape) {
   XY<int> const size = maskSize(shape);
   auto mask = std::make_shared<CoverageMask>(size.x, size.y);
-  cairo_surface_t* surface =
-      cairo_image_surface_create_for_data(mask->data(), CAIRO_FORMAT_A8, mask->width(), mask->height(), mask->stride());
-  cairo_t* context = cairo_create(surface);
-  cairo_set_antialias(context, shape.antialias ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
-  cairo_set_line_cap(context, CAIRO_LINE_CAP_BUTT);
-  cairo_set_line_width(context, shape.width);
-  cairo_move_to(context, shape.from.x, shape.from.y);
-  cairo_line_to(context, shape.to.x, shape.to.y);
-  cairo_stroke(context);
-  cairo_destroy(context);
-  cairo_surface_finish(surface);
-  cairo_surface_destroy(surface);
+  drawIntoMask(*mask, [&shape](cairo_t* context) {
+    cairo_set_antialias(context, shape.antialias ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
+    cairo_set_line_cap(context, CAIRO_LINE_CAP_BUTT);
+    cairo_set_line_width(context, shape.width);
+    cairo_move_to(context, shape.from.x, shape.from.y);
+    cairo_line_to(context, shape.to.x, shape.to.y);
+    cairo_stroke(context);
+  });
   return mask;
 }
 
