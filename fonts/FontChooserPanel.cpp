@@ -55,8 +55,7 @@ bool equalIgnoringCase(LightweightString<char> const& a, LightweightString<char>
 // reports another set of families.
 struct InstalledFamilies {
   std::vector<LightweightString<char>> reported;
-  std::vector<LightweightString<char>> families;
-  std::vector<FontItem> items;
+  std::vector<FontItem> items; // one a family, in order
 };
 
 std::shared_ptr<InstalledFamilies const> installedFamilies() {
@@ -66,13 +65,12 @@ std::shared_ptr<InstalledFamilies const> installedFamilies() {
   std::vector<LightweightString<char>> reported = Glib::getAvailableFonts();
   if (kept && reported == kept->reported)
     return kept;
+  std::vector<LightweightString<char>> families = reported;
+  std::stable_sort(families.begin(), families.end(), lessIgnoringCase);
+  families.erase(std::unique(families.begin(), families.end(), equalIgnoringCase), families.end());
   auto made = std::make_shared<InstalledFamilies>();
-  made->families = reported;
-  std::stable_sort(made->families.begin(), made->families.end(), lessIgnoringCase);
-  made->families.erase(std::unique(made->families.begin(), made->families.end(), equalIgnoringCase),
-                       made->families.end());
-  made->items.reserve(made->families.size());
-  for (LightweightString<char> const& family : made->families)
+  made->items.reserve(families.size());
+  for (LightweightString<char> const& family : families)
     made->items.emplace_back(family, kOrdinaryFont);
   made->reported = std::move(reported);
   kept = std::move(made);
@@ -100,16 +98,19 @@ XY<int> FontChooserPanel::calcSize() {
 
 std::vector<FontChooserPanel::FontItem> FontChooserPanel::getFontList(RecentFonts const& recent) {
   std::shared_ptr<InstalledFamilies const> const installed = installedFamilies();
-  std::vector<LightweightString<char>> const& families = installed->families;
+  std::vector<FontItem> const& installedItems = installed->items;
   std::vector<FontItem> items;
-  items.reserve(recent.size() + families.size());
+  items.reserve(recent.size() + installedItems.size());
   for (LightweightString<wchar_t> const& name : recent) {
     LightweightString<char> const utf8 = name.toUTF8();
-    auto const found = std::lower_bound(families.begin(), families.end(), utf8, lessIgnoringCase);
-    if (found != families.end() && equalIgnoringCase(*found, utf8))
-      items.emplace_back(*found, kRecentFont);
+    auto const found = std::lower_bound(installedItems.begin(), installedItems.end(), utf8,
+                                        [](FontItem const& item, LightweightString<char> const& wanted) {
+                                          return lessIgnoringCase(item.name(), wanted);
+                                        });
+    if (found != installedItems.end() && equalIgnoringCase(found->name(), utf8))
+      items.emplace_back(found->name(), kRecentFont);
   }
-  items.insert(items.end(), installed->items.begin(), installed->items.end());
+  items.insert(items.end(), installedItems.begin(), installedItems.end());
   return items;
 }
 

@@ -50,6 +50,16 @@ struct Store {
   std::size_t drawn = 0;
 };
 
+constexpr char const* kOverride = "ZOWIDGETS_ICON_THEME_DIR";
+constexpr char const* kDataDirs = "XDG_DATA_DIRS";
+
+// Whether the environment variable still holds what was seen, without
+// copying it: asked at every icon of every paint.
+bool settingKept(std::optional<std::string> const& seen, char const* name) {
+  char const* value = std::getenv(name);
+  return value ? seen && *seen == value : !seen;
+}
+
 std::optional<std::string> setting(char const* name) {
   char const* value = std::getenv(name);
   return value ? std::optional<std::string>(value) : std::nullopt;
@@ -66,22 +76,19 @@ IconCache::Icon IconCache::get(std::string_view name, int side, Colour const& ti
   if (side < 1 || side > SvgIcon::kMaxIconSide)
     return {};
   Key key{std::string(name), side, tint.get_vlib_colour(), turnDegrees};
-  std::optional<std::string> overrideSetting = setting("ZOWIDGETS_ICON_THEME_DIR");
-  std::optional<std::string> dataDirsSetting = setting("XDG_DATA_DIRS");
   Store& kept = store();
   std::lock_guard lock(kept.mutex);
   // Icons are asked for at every paint: the folders are looked at again only
   // when the settings change or an icon is drawn afresh.
-  bool const settingsKept = overrideSetting == kept.overrideSetting && dataDirsSetting == kept.dataDirsSetting;
-  if (settingsKept)
+  if (settingKept(kept.overrideSetting, kOverride) && settingKept(kept.dataDirsSetting, kDataDirs))
     if (Icon const* found = kept.icons.find(key))
       return *found;
   if (std::string theme = iconThemeDir(); theme != kept.themeDir) {
     kept.icons.clear();
     kept.themeDir = std::move(theme);
   }
-  kept.overrideSetting = std::move(overrideSetting);
-  kept.dataDirsSetting = std::move(dataDirsSetting);
+  kept.overrideSetting = setting(kOverride);
+  kept.dataDirsSetting = setting(kDataDirs);
   if (Icon const* found = kept.icons.find(key))
     return *found;
   ++kept.drawn;
