@@ -44,6 +44,20 @@ template <> struct SliderRowRules<double> {
   static double pointOfInterest(Param<double> const& param) { return param.getDefaultValue(); }
 };
 
+// A slider row's number box is two rows wide, which holds the numbers of
+// most ranges; it widens only where that would cut the digits of the range's
+// ends or of the value, and then to at most half of the room beside the
+// legend, so the slider keeps the other half.
+template <class T> int numberBoxWidth(Param<T> const& param, int roomBesideLegend) {
+  using Text = ValAdaptorConversion<LightweightString<wchar_t>, T>;
+  int const usual = 2 * UifStd::getRowHeight();
+  int needed = TextBox::widthToShow(Text::toWidget(param.getValue()));
+  if (param.hasRange)
+    needed = std::max({needed, TextBox::widthToShow(Text::toWidget(param.min)),
+                       TextBox::widthToShow(Text::toWidget(param.max))});
+  return std::clamp(needed, usual, std::max(usual, roomBesideLegend / 2));
+}
+
 } // namespace
 
 template <class Adaptor, class B> Zo::Ptr<Adaptor> UIBuilder::makeAdaptor(Param<B>& param) {
@@ -90,11 +104,11 @@ Glob* UIBuilder::makeBoolWidget(Zo::Ptr<iParam> const& param, WidgetPosition con
   return checkbox;
 }
 
-template <class T> static SliderParamHost* makeSliderHost(UIBuilder& builder, Param<T>& param, bool withBox,
+template <class T> static SliderParamHost* makeSliderHost(UIBuilder& builder, Param<T>& param, int boxWidth,
                                                           bool visible, WidgetPosition const& position,
                                                           WidgetSurround const& surround) {
   int const rowHeight = UifStd::getRowHeight();
-  int const boxRoom = withBox ? UifStd::getWidgetGap() + 2 * rowHeight : 0;
+  int const boxRoom = boxWidth > 0 ? UifStd::getWidgetGap() + boxWidth : 0;
   int const sliderWidth = std::max(builder.getWidth() - boxRoom - builder.getLegendWidth(), 0);
   Slider::InitArgs slider(GlobCreationInfo(XY<int>(sliderWidth, 0)));
   if (param.hasRange) {
@@ -119,14 +133,18 @@ Glob* UIBuilder::makeSliderRow(Zo::Ptr<iParam> const& param, WidgetPosition cons
   auto* doubleParam = dynamic_cast<DoubleParam*>(param.get());
   bool const withBox = intParam || (param->getPresentationHints() & kHintSliderOnly) == 0;
   bool const visible = isWidgetInitiallyVisible(param);
-  SliderParamHost* host = intParam ? makeSliderHost(*this, *intParam, withBox, visible, position, surround)
-                                   : makeSliderHost(*this, *doubleParam, withBox, visible, position, surround);
+  int const roomBesideLegend = width_ - legendWidth_ - UifStd::getWidgetGap();
+  int const boxWidth = !withBox   ? 0
+                       : intParam ? numberBoxWidth(*intParam, roomBesideLegend)
+                                  : numberBoxWidth(*doubleParam, roomBesideLegend);
+  SliderParamHost* host = intParam ? makeSliderHost(*this, *intParam, boxWidth, visible, position, surround)
+                                   : makeSliderHost(*this, *doubleParam, boxWidth, visible, position, surround);
   if (!host)
     return nullptr;
   Slider* slider = host->getSlider();
   NumericTextBox* box = nullptr;
   if (withBox) {
-    TextBox::InitArgs boxArgs(XY<int>(2 * UifStd::getRowHeight(), getDefaultFontSize()));
+    TextBox::InitArgs boxArgs(XY<int>(boxWidth, getDefaultFontSize()));
     boxArgs.setPalette(makeChildPalette(host->getPalette(), kChildTextEntry));
     boxArgs.editable = true;
     box = host->createWidget<NumericTextBox>(boxArgs, Glob::RightCentre(UifStd::getIndentWidth(), 0, 2),

@@ -217,6 +217,11 @@ Zo::Box<int> TextBoxBase::eyeBox() const {
   return Zo::Box<int>(field.x1 - field.height(), field.y0, field.x1, field.y1);
 }
 
+int TextBoxBase::widthToShow(LightweightString<wchar_t> const& text) {
+  double const textWidth = Glib::TextDescription::calcBounds(text, UifStd::getFont()).width();
+  return static_cast<int>(std::ceil(textWidth)) + 2 * UifStd::getWidgetGap();
+}
+
 Zo::Box<int> TextBoxBase::textArea() const {
   Zo::Box<int> area = getFieldBox();
   int const padding = UifStd::getWidgetGap();

@@ -35,6 +35,9 @@ public:
   // The surround that keeps a box's inset edge clear of its neighbours: the
   // edge's width on every side.
   static WidgetSurround getLightInsetSurround();
+  // The width a plain box (no title, no eye) needs to show `text` whole in
+  // the interface font.
+  static int widthToShow(LightweightString<wchar_t> const& text);
 
   // Replaces the text without raising an event; the caret goes to the end.
   void setString(LightweightString<wchar_t> const& text);
