@@ -9,6 +9,8 @@
 #include <zowidgets/values/params/Params.h>
 
 #include <algorithm>
+#include <typeinfo>
+#include <vector>
 
 using namespace GenericParam;
 
@@ -35,6 +37,56 @@ private:
 };
 
 template <class T> bool is(Zo::Ptr<iParam> const& param) { return dynamic_cast<T*>(param.get()) != nullptr; }
+
+enum class RowKind : unsigned char { kNone, kText, kDouble, kBool, kChoice, kLabel, kInt, kAction, kGroup, kColour, kFont, kFile };
+
+// The classes are disjoint; the order only decides which test runs first.
+RowKind rowKindByCasts(Zo::Ptr<iParam> const& param, bool doubleFirst) {
+  if (doubleFirst && is<DoubleParam>(param))
+    return RowKind::kDouble;
+  if (is<TextParam>(param))
+    return RowKind::kText;
+  if (is<DoubleParam>(param))
+    return RowKind::kDouble;
+  if (is<BoolParam>(param))
+    return RowKind::kBool;
+  if (is<ChoiceParam>(param))
+    return RowKind::kChoice;
+  if (is<LabelParam>(param))
+    return RowKind::kLabel;
+  if (is<IntParam>(param))
+    return RowKind::kInt;
+  if (is<ActionParam>(param))
+    return RowKind::kAction;
+  if (is<GroupParam>(param))
+    return RowKind::kGroup;
+  if (is<ColourParam>(param))
+    return RowKind::kColour;
+  if (is<FontParam>(param))
+    return RowKind::kFont;
+  if (is<FileParam>(param))
+    return RowKind::kFile;
+  return RowKind::kNone;
+}
+
+// What the casts answer depends on the parameter's class alone, so it is
+// asked once per class: a failed cast across the shared libraries compares
+// type names all the way up the hierarchy, and the int rows came seventh.
+RowKind rowKindOf(Zo::Ptr<iParam> const& param, bool doubleFirst) {
+  struct Known {
+    std::type_info const* type;
+    bool doubleFirst;
+    RowKind kind;
+  };
+  thread_local std::vector<Known> known;
+  std::type_info const& type = typeid(*param);
+  for (Known const& entry : known)
+    if (entry.type == &type && entry.doubleFirst == doubleFirst)
+      return entry.kind;
+  RowKind const kind = rowKindByCasts(param, doubleFirst);
+  known.push_back(Known{&type, doubleFirst, kind});
+  return kind;
+}
 
 } // namespace
 
@@ -126,31 +178,32 @@ Glob* UIBuilder::makeRow(Zo::Ptr<iParam> const& param, bool doubleFirst, WidgetP
                          WidgetSurround const& surround) {
   if (!param)
     return nullptr;
-  // The classes are disjoint; the order only decides which test runs first.
-  if (doubleFirst && is<DoubleParam>(param))
-    return makeFloatWidget(param, position, surround);
-  if (is<TextParam>(param))
+  switch (rowKindOf(param, doubleFirst)) {
+  case RowKind::kText:
     return makeTextWidget(param, position, surround);
-  if (is<DoubleParam>(param))
+  case RowKind::kDouble:
     return makeFloatWidget(param, position, surround);
-  if (is<BoolParam>(param))
+  case RowKind::kBool:
     return makeBoolWidget(param, position, surround);
-  if (is<ChoiceParam>(param))
+  case RowKind::kChoice:
     return makeChoiceWidget(param, position, surround);
-  if (is<LabelParam>(param))
+  case RowKind::kLabel:
     return makeLabelWidget(param, position, surround);
-  if (is<IntParam>(param))
+  case RowKind::kInt:
     return makeIntWidget(param, position, surround);
-  if (is<ActionParam>(param))
+  case RowKind::kAction:
     return makeActionWidget(param, position, surround);
-  if (is<GroupParam>(param))
+  case RowKind::kGroup:
     return makeGroupWidget(param, position, surround);
-  if (is<ColourParam>(param))
+  case RowKind::kColour:
     return makeColourWidget(param, position, surround);
-  if (is<FontParam>(param))
+  case RowKind::kFont:
     return makeFontWidget(param, position, surround);
-  if (is<FileParam>(param))
+  case RowKind::kFile:
     return makeFileWidget(param, position, surround);
+  case RowKind::kNone:
+    break;
+  }
   // Unknown kinds get no row.
   return nullptr;
 }

@@ -16,10 +16,13 @@ template <class Visit> void walkStateful(ParamList const& list, IdSet& seen, Vis
   for (auto const& param : list) {
     if (!param)
       continue;
-    if (auto* group = dynamic_cast<GroupParam*>(param.get())) {
-      walkStateful(group->getChildren(), seen, visit);
-      continue;
-    }
+    // Only what calls itself a group is cast: a failed cast across the
+    // shared libraries compares type names up the whole hierarchy.
+    if (param->getValueType() == "group")
+      if (auto* group = dynamic_cast<GroupParam*>(param.get())) {
+        walkStateful(group->getChildren(), seen, visit);
+        continue;
+      }
     if (isAction(*param) || !seen.insert(param->getID()).second)
       continue;
     visit(*param);
