@@ -38,7 +38,20 @@ private:
 
 template <class T> bool is(Zo::Ptr<iParam> const& param) { return dynamic_cast<T*>(param.get()) != nullptr; }
 
-enum class RowKind : unsigned char { kNone, kText, kDouble, kBool, kChoice, kLabel, kInt, kAction, kGroup, kColour, kFont, kFile };
+enum class RowKind : unsigned char {
+  kNone,
+  kText,
+  kDouble,
+  kBool,
+  kChoice,
+  kLabel,
+  kInt,
+  kAction,
+  kGroup,
+  kColour,
+  kFont,
+  kFile
+};
 
 // The classes are disjoint; the order only decides which test runs first.
 RowKind rowKindByCasts(Zo::Ptr<iParam> const& param, bool doubleFirst) {

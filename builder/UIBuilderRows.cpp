@@ -16,6 +16,7 @@
 #include <zowidgets/values/params/Params.h>
 
 #include <algorithm>
+#include <type_traits>
 
 using namespace GenericParam;
 
@@ -48,41 +49,18 @@ template <> struct SliderRowRules<double> {
 // most ranges; it widens only where that would cut the digits of the range's
 // ends or of the value, and then to at most half of the room beside the
 // legend, so the slider keeps the other half.
-template <class T> int numberBoxWidthFor(Param<T> const& param, int usual, int limit) {
-  using Text = ValAdaptorConversion<LightweightString<wchar_t>, T>;
-  int needed = TextBox::widthToShow(Text::toWidget(param.getValue()));
-  if (param.hasRange)
-    needed = std::max({needed, TextBox::widthToShow(Text::toWidget(param.min)),
-                       TextBox::widthToShow(Text::toWidget(param.max))});
-  return std::clamp(needed, usual, limit);
-}
-
-// An integer within its range has no more digits than the wider end, so
-// the ends alone decide, and rows of one range (an encoder's options share a
-// few) are measured once.
-int numberBoxWidthFor(Param<int> const& param, int usual, int limit) {
-  if (!param.hasRange || param.getValue() < param.min || param.getValue() > param.max)
-    return numberBoxWidthFor<int>(param, usual, limit);
-  struct Measured {
-    int min = 0, max = 0, usual = 0, limit = 0;
-    Glib::FontDesc font;
-    int width = 0;
-  };
-  thread_local Measured last;
-  Glib::FontDesc const& font = UifStd::getFont();
-  if (last.width == 0 || last.min != param.min || last.max != param.max || last.usual != usual ||
-      last.limit != limit || !(last.font == font)) {
-    using Text = ValAdaptorConversion<LightweightString<wchar_t>, int>;
-    int const needed = std::max(TextBox::widthToShow(Text::toWidget(param.min)),
-                                TextBox::widthToShow(Text::toWidget(param.max)));
-    last = Measured{param.min, param.max, usual, limit, font, std::clamp(needed, usual, limit)};
-  }
-  return last.width;
-}
-
 template <class T> int numberBoxWidth(Param<T> const& param, int roomBesideLegend) {
+  using Text = ValAdaptorConversion<LightweightString<wchar_t>, T>;
+  int needed = 0;
+  if (param.hasRange)
+    needed = std::max(TextBox::widthToShow(Text::toWidget(param.min)), TextBox::widthToShow(Text::toWidget(param.max)));
+  // An integer within its range has no more digits than the wider end; a
+  // double's value may have more than either (a third of 0 to 1).
+  T const value = param.getValue();
+  if (!param.hasRange || !std::is_integral_v<T> || value < param.min || value > param.max)
+    needed = std::max(needed, TextBox::widthToShow(Text::toWidget(value)));
   int const usual = 2 * UifStd::getRowHeight();
-  return numberBoxWidthFor(param, usual, std::max(usual, roomBesideLegend / 2));
+  return std::clamp(needed, usual, std::max(usual, roomBesideLegend / 2));
 }
 
 } // namespace

@@ -134,8 +134,8 @@ TEST_F(UIBuilderRows, IntSliderIncrementIsAFiveHundredthOfTheRangeAtLeastOne) {
 // digits of its range or value; then it widens, to at most half of the room
 // beside the legend.
 TEST_F(UIBuilderRows, ANumberBoxWidensOnlyWhereTwoRowsWouldCutItsDigits) {
-  ParamList params{intParam("small", 5, 0, 100), intParam("huge", 250, -1, 2147483647),
-                   doubleParam("fine", 0.25, 0, 1), doubleParam("big", 2e6, 0, 123456789.5)};
+  ParamList params{intParam("small", 5, 0, 100), intParam("huge", 250, -1, 2147483647), doubleParam("fine", 0.25, 0, 1),
+                   doubleParam("big", 2e6, 0, 123456789.5)};
   Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(params, panel, 0);
   int const usual = 2 * UifStd::getRowHeight();
   EXPECT_EQ(rowWidget<SliderParamHost>(*built, "small")->getTextBox()->width(), usual);
@@ -148,16 +148,16 @@ TEST_F(UIBuilderRows, ANumberBoxWidensOnlyWhereTwoRowsWouldCutItsDigits) {
     // The slider gives up what the box takes: the row keeps its width.
     EXPECT_EQ(host->getTitledSlider()->width() + UifStd::getWidgetGap() + box->width(), host->width());
   }
-  EXPECT_GE(rowWidget<SliderParamHost>(*built, "huge")->getTextBox()->width(),
-            TextBox::widthToShow(L"2147483647"));
+  EXPECT_GE(rowWidget<SliderParamHost>(*built, "huge")->getTextBox()->width(), TextBox::widthToShow(L"2147483647"));
   EXPECT_GE(rowWidget<SliderParamHost>(*built, "big")->getTextBox()->width(),
             TextBox::widthToShow(rowWidget<SliderParamHost>(*built, "big")->getTextBox()->getString()));
 }
 
 TEST_F(UIBuilderRows, AWideNumberBoxTakesAtMostHalfTheRoomBesideTheLegend) {
   int const width = 6 * UifStd::getRowHeight();
-  Glob* row = UIBuilder::createWidget(intParam("huge", 250, -2147483647, 2147483647), panel,
-                                      static_cast<unsigned short>(width), 40, Glob::UserTopLeft(0, 0), WidgetSurround());
+  Glob* row =
+      UIBuilder::createWidget(intParam("huge", 250, -2147483647, 2147483647), panel, static_cast<unsigned short>(width),
+                              40, Glob::UserTopLeft(0, 0), WidgetSurround());
   auto* host = dynamic_cast<SliderParamHost*>(static_cast<UIBuilder::HostWidgetBase*>(row)->getChild());
   ASSERT_NE(host, nullptr);
   int const room = width - 40 - UifStd::getWidgetGap();

@@ -8,22 +8,21 @@ namespace GenericParam {
 
 namespace {
 
-bool isAction(iParam const& param) { return param.getValueType() == "action"; }
-
 using IdSet = std::unordered_set<LightweightString<char>>;
 
 template <class Visit> void walkStateful(ParamList const& list, IdSet& seen, Visit& visit) {
   for (auto const& param : list) {
     if (!param)
       continue;
+    LightweightString<char> const type = param->getValueType();
     // Only what calls itself a group is cast: a failed cast across the
     // shared libraries compares type names up the whole hierarchy.
-    if (param->getValueType() == "group")
-      if (auto* group = dynamic_cast<GroupParam*>(param.get())) {
-        walkStateful(group->getChildren(), seen, visit);
-        continue;
-      }
-    if (isAction(*param) || !seen.insert(param->getID()).second)
+    auto* group = type == "group" ? dynamic_cast<GroupParam*>(param.get()) : nullptr;
+    if (group) {
+      walkStateful(group->getChildren(), seen, visit);
+      continue;
+    }
+    if (type == "action" || !seen.insert(param->getID()).second)
       continue;
     visit(*param);
   }

@@ -15,6 +15,9 @@ namespace {
 constexpr wchar_t kObfuscationBullet = L'\u2022';
 constexpr double kEyeIconSize = 16.0;
 
+// Between a field's edges and its text.
+int textPadding() { return UifStd::getWidgetGap(); }
+
 // Lines and outlines grow with the scale, never thinner than a pixel.
 double lineWidth() { return std::max(1.0, std::round(UifStd::getScale())); }
 
@@ -219,12 +222,12 @@ Zo::Box<int> TextBoxBase::eyeBox() const {
 
 int TextBoxBase::widthToShow(LightweightString<wchar_t> const& text) {
   double const textWidth = Glib::TextDescription::calcBounds(text, UifStd::getFont()).width();
-  return static_cast<int>(std::ceil(textWidth)) + 2 * UifStd::getWidgetGap();
+  return static_cast<int>(std::ceil(textWidth)) + 2 * textPadding();
 }
 
 Zo::Box<int> TextBoxBase::textArea() const {
   Zo::Box<int> area = getFieldBox();
-  int const padding = UifStd::getWidgetGap();
+  int const padding = textPadding();
   area.x0 += padding;
   area.x1 -= eyeBox().empty() ? padding : eyeBox().width();
   return area;

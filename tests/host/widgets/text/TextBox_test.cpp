@@ -411,6 +411,24 @@ TEST_F(TextBoxTest, TheCaretStaysInViewInALongText) {
   EXPECT_GT(box->editor().caret(), 40u);
 }
 
+// A right-aligned number box as wide as widthToShow asks shows the number
+// from its first character; a character narrower, its start is scrolled off.
+TEST_F(TextBoxTest, ABoxAsWideAsWidthToShowShowsTheTextWhole) {
+  WString const text(L"-2147483647");
+  int const whole = TextBoxBase::widthToShow(text);
+  int const digit = TextBoxBase::widthToShow(WString(L"8")) - TextBoxBase::widthToShow(WString(L""));
+  auto caretAfterClickingTheStart = [&](int width, int row) {
+    TextBox::InitArgs args(GlobCreationInfo(XY<int>(width, UifStd::getRowHeight())));
+    auto* number = panel->createWidget<NumericTextBox>(args, Glob::UserTopLeft(0, row * 2 * UifStd::getRowHeight()));
+    number->setAlignment(Glib::eTextAlignment::Right);
+    number->setString(text);
+    HeadlessInput::click(HeadlessInput::pointOn(*number, XY<int>(UifStd::getWidgetGap() + 1, number->height() / 2)));
+    return number->editor().caret();
+  };
+  EXPECT_EQ(caretAfterClickingTheStart(whole, 1), 0u);
+  EXPECT_GT(caretAfterClickingTheStart(whole - digit, 2), 0u);
+}
+
 } // namespace
 
 TEST(TextBoxSurround, TheLightInsetSurroundIsTheEdgeWidthAtEveryScale) {
