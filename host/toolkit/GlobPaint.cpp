@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 XY<int> Glob::screenPosition() const {
   Canvas* own = canvas();
@@ -38,51 +39,112 @@ void Glob::clearPendingRedraws() {
     own->clearDamage();
 }
 
-void Glob::paint(CanvasRenderer& renderer, Zo::Box<int> const& clip) { paintAt(renderer, clip, canvasPosition()); }
+namespace {
+
+// A large repaint goes in bands that fit the cache, top down: each band's
+// pixels are handed over by the kernel, filled with the background and drawn
+// on while they are still in the cache, where a canvas far larger than the
+// cache would go out to memory and back for every layer drawn on it.
+constexpr long long kBandBytes = 1 << 20;
+
+// The band of the paint under way (canvas box); none outside a paint.
+thread_local Zo::Box<int> const* currentBand = nullptr;
+
+std::vector<Zo::Box<int>> cacheSizedBands(Zo::Box<int> const& area) {
+  long long const rowBytes = 4LL * std::max(area.width(), 1);
+  int const rows = static_cast<int>(std::max(16LL, kBandBytes / rowBytes));
+  std::vector<Zo::Box<int>> bands;
+  for (int top = area.y1; top > area.y0; top -= rows)
+    bands.emplace_back(area.x0, std::max(area.y0, top - rows), area.x1, top);
+  return bands;
+}
+
+// The part of an area (canvas box) that the opaque children of a widget,
+// its bottom-left corner lying at `origin`, leave uncovered; null when no
+// opaque child reaches into the area. The area is a band at most, so the
+// rows that cut it are few.
+Zo::Ptr<iRegion> partUncoveredByChildren(Glob const& parent, Zo::Box<int> const& area, XY<int> origin) {
+  Zo::Ptr<iRegion> part;
+  pixman_region32_t uncovered;
+  pixman_region32_init_rect(&uncovered, area.x0, area.y0, static_cast<unsigned>(area.width()),
+                            static_cast<unsigned>(area.height()));
+  bool any = false;
+  for (Glob const* widget : parent.getChildren()) {
+    if (!widget->isVisible() || !widget->paintsOpaquely())
+      continue;
+    XY<int> const at = origin + widget->getPosition();
+    Zo::Box<int> const box = Zo::Box<int>(at.x, at.y, at.x + widget->width(), at.y + widget->height()).intersect(area);
+    if (box.empty())
+      continue;
+    pixman_region32_t opaque;
+    pixman_region32_init_rect(&opaque, box.x0, box.y0, static_cast<unsigned>(box.width()),
+                              static_cast<unsigned>(box.height()));
+    pixman_region32_subtract(&uncovered, &uncovered, &opaque);
+    pixman_region32_fini(&opaque);
+    any = true;
+  }
+  if (any) {
+    int count = 0;
+    pixman_box32_t const* rects = pixman_region32_rectangles(&uncovered, &count);
+    std::vector<Zo::Box<int>> boxes;
+    boxes.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
+      boxes.emplace_back(rects[i].x1, rects[i].y1, rects[i].x2, rects[i].y2);
+    part = Zo::Ptr<iRegion>(new iRegion(std::move(boxes)));
+  }
+  pixman_region32_fini(&uncovered);
+  return part;
+}
+
+} // namespace
+
+void Glob::paint(CanvasRenderer& renderer, Zo::Box<int> const& clip) {
+  // A widget may paint another into a picture of its own while it draws.
+  Zo::Box<int> const* const outer = currentBand;
+  for (Zo::Box<int> const& band : cacheSizedBands(clip)) {
+    currentBand = &band;
+    paintAt(renderer, clip, canvasPosition());
+  }
+  currentBand = outer;
+}
 
 void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> origin) {
   if (!visible_)
     return;
+  // `area` is what this widget shows of the whole repaint; `shown` what of
+  // it lies in the band being painted.
   Zo::Box<int> const area = Zo::Box<int>(origin.x, origin.y, origin.x + width(), origin.y + height()).intersect(clip);
-  if (area.empty())
+  Zo::Box<int> const shown = currentBand ? area.intersect(*currentBand) : area;
+  if (shown.empty())
     return;
-  ++paintCount_;
+  // Once a repaint: in the band that holds its top row.
+  if (!currentBand || area.y1 <= currentBand->y1)
+    ++paintCount_;
   renderer.setOrigin(origin);
-  renderer.setClipBox(area);
-  auto first = topmostChildCovering(area, origin);
+  renderer.setClipBox(shown);
+  Zo::Ptr<iRegion> const uncovered = partUncoveredByChildren(*this, shown, origin);
+  auto first = uncovered && uncovered->empty() ? topmostChildCovering(shown, origin) : children_.end();
   if (first == children_.end()) {
+    // What opaque children hide would be painted over at once: the widget's
+    // own background and drawing are left out there.
+    renderer.setClipRegion(uncovered);
     drawBackground(renderer);
     draw(renderer);
+    renderer.setClipRegion(nullptr);
     first = children_.begin();
   }
   for (auto child = first; child != children_.end(); ++child)
     (*child)->paintAt(renderer, area, origin + (*child)->position_);
   renderer.setOrigin(origin);
-  renderer.setClipBox(area);
+  renderer.setClipBox(shown);
   drawBorder(renderer);
-  renderer.addModifiedArea(area);
+  renderer.addModifiedArea(shown);
 }
 
 std::vector<Glob*>::const_iterator Glob::topmostChildCovering(Zo::Box<int> const& area, XY<int> origin) const {
   // Opaque children are taken from the top down until together they hide
   // the area: a page of rows scrolled in hides the list behind it, though no
-  // one row does.
-  // Children whose boxes add up to less than the area cannot hide it (a form
-  // of a thousand rows with gaps between them): that is known without
-  // cutting the area by each of them, which costs more the more rows cut it.
-  long long const wanted = static_cast<long long>(area.width()) * area.height();
-  long long offered = 0;
-  for (Glob const* widget : children_) {
-    if (!widget->visible_ || !widget->paintsOpaquely_)
-      continue;
-    XY<int> const at = origin + widget->position_;
-    Zo::Box<int> const inside =
-        Zo::Box<int>(at.x, at.y, at.x + widget->width(), at.y + widget->height()).intersect(area);
-    if (!inside.empty())
-      offered += static_cast<long long>(inside.width()) * inside.height();
-  }
-  if (offered < wanted)
-    return children_.end();
+  // one row does. Asked only once they are known to hide it together.
   pixman_region32_t uncovered;
   pixman_region32_init_rect(&uncovered, area.x0, area.y0, static_cast<unsigned>(area.width()),
                             static_cast<unsigned>(area.height()));

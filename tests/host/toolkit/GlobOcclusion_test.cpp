@@ -194,3 +194,39 @@ TEST_F(GlobOcclusionTest, OpaqueWidgetsWhoseAreasAddUpButOverlapStillLetTheParen
   EXPECT_EQ(over->drawn, before.over + 1);
   EXPECT_EQ(rgbOf(widgetPixel(*over, XY<int>(30, 20))), rgbOf(kGreen));
 }
+
+namespace {
+
+// Declares that it paints every pixel opaquely, and paints none: what shows
+// where it lies is what its parent left there.
+class BlankOpaque : public Glob {
+public:
+  explicit BlankOpaque(XY<int> size) : Glob(GlobCreationInfo(size)) { setPaintsOpaquely(true); }
+
+protected:
+  void drawBackground(CanvasRenderer&) override {}
+};
+
+} // namespace
+
+TEST_F(GlobOcclusionTest, AParentsBackgroundIsLeftOutWhereAnOpaqueChildLies) {
+  // Made with the child, so that the first paint is the one looked at: a new
+  // window's pixels start out clear.
+  auto* window = new StandardPanel(StandardPanel::InitArgs(GlobCreationInfo(XY<int>(200, 120))));
+  auto* blank = window->addChild(new BlankOpaque(XY<int>(40, 30)), Glob::UserBottomLeft(140, 60));
+  GlobManager::realize(window);
+  pump();
+  // Read from the window's own pixels: the screen would show what lies
+  // under a pixel left clear.
+  Zo::Image::Surface const& pixels = window->canvas()->surface();
+  auto pixelAt = [&](XY<int> canvasPoint) { return pixels.pixel(canvasPoint.x, pixels.height() - 1 - canvasPoint.y); };
+  XY<int> const corner = blank->canvasPosition();
+  for (XY<int> const& inside : {XY<int>(20, 15), XY<int>(0, 0), XY<int>(39, 29)})
+    EXPECT_EQ(pixelAt(corner + inside), 0u)
+        << "the background went under the child at " << inside.x << ", " << inside.y;
+  Rgb const background = rgbOf(window->getPalette().window());
+  EXPECT_EQ(rgbOf(pixelAt(corner + XY<int>(-1, 15))), background);
+  EXPECT_EQ(rgbOf(pixelAt(corner + XY<int>(40, 15))), background);
+  GlobManager::requestDeletion(window);
+  pump();
+}
