@@ -50,31 +50,47 @@ bool equalIgnoringCase(LightweightString<char> const& a, LightweightString<char>
 }
 
 // The installed families, sorted and made unique without regard to case,
-// with a row of the list made for each. Every chooser opened shows them, and
-// they change only when fonts are installed or removed: kept until the host
-// reports another set of families.
+// a row of the list made for each. Every chooser opened shows them, and they
+// change only when fonts are installed or removed: kept, and shared by every
+// chooser, until the host reports another list of families.
 struct InstalledFamilies {
-  std::vector<LightweightString<char>> reported;
+  std::shared_ptr<std::vector<LightweightString<char>> const> reported;
   std::vector<FontItem> items; // one a family, in order
 };
 
-std::shared_ptr<InstalledFamilies const> installedFamilies() {
+std::shared_ptr<std::vector<FontItem> const> installedItems() {
   static std::mutex mutex;
   static std::shared_ptr<InstalledFamilies const> kept;
   std::lock_guard const lock(mutex);
-  std::vector<LightweightString<char>> reported = Glib::getAvailableFonts();
-  if (kept && reported == kept->reported)
-    return kept;
-  std::vector<LightweightString<char>> families = reported;
-  std::stable_sort(families.begin(), families.end(), lessIgnoringCase);
-  families.erase(std::unique(families.begin(), families.end(), equalIgnoringCase), families.end());
-  auto made = std::make_shared<InstalledFamilies>();
-  made->items.reserve(families.size());
-  for (LightweightString<char> const& family : families)
-    made->items.emplace_back(family, kOrdinaryFont);
-  made->reported = std::move(reported);
-  kept = std::move(made);
-  return kept;
+  std::shared_ptr<std::vector<LightweightString<char>> const> reported = Glib::getAvailableFontsShared();
+  if (!kept || reported != kept->reported) {
+    std::vector<LightweightString<char>> families = *reported;
+    std::stable_sort(families.begin(), families.end(), lessIgnoringCase);
+    families.erase(std::unique(families.begin(), families.end(), equalIgnoringCase), families.end());
+    auto made = std::make_shared<InstalledFamilies>();
+    made->items.reserve(families.size());
+    for (LightweightString<char> const& family : families)
+      made->items.emplace_back(family, kOrdinaryFont);
+    made->reported = std::move(reported);
+    kept = std::move(made);
+  }
+  return std::shared_ptr<std::vector<FontItem> const>(kept, &kept->items);
+}
+
+// The recent families still installed, as rows of the recent part.
+std::vector<FontItem> recentItems(RecentFonts const& recent, std::vector<FontItem> const& installed) {
+  std::vector<FontItem> items;
+  items.reserve(recent.size());
+  for (LightweightString<wchar_t> const& name : recent) {
+    LightweightString<char> const utf8 = name.toUTF8();
+    auto const found = std::lower_bound(installed.begin(), installed.end(), utf8,
+                                        [](FontItem const& item, LightweightString<char> const& wanted) {
+                                          return lessIgnoringCase(item.name(), wanted);
+                                        });
+    if (found != installed.end() && equalIgnoringCase(found->name(), utf8))
+      items.emplace_back(found->name(), kRecentFont);
+  }
+  return items;
 }
 
 } // namespace
@@ -97,20 +113,9 @@ XY<int> FontChooserPanel::calcSize() {
 }
 
 std::vector<FontChooserPanel::FontItem> FontChooserPanel::getFontList(RecentFonts const& recent) {
-  std::shared_ptr<InstalledFamilies const> const installed = installedFamilies();
-  std::vector<FontItem> const& installedItems = installed->items;
-  std::vector<FontItem> items;
-  items.reserve(recent.size() + installedItems.size());
-  for (LightweightString<wchar_t> const& name : recent) {
-    LightweightString<char> const utf8 = name.toUTF8();
-    auto const found = std::lower_bound(installedItems.begin(), installedItems.end(), utf8,
-                                        [](FontItem const& item, LightweightString<char> const& wanted) {
-                                          return lessIgnoringCase(item.name(), wanted);
-                                        });
-    if (found != installedItems.end() && equalIgnoringCase(found->name(), utf8))
-      items.emplace_back(found->name(), kRecentFont);
-  }
-  items.insert(items.end(), installedItems.begin(), installedItems.end());
+  std::shared_ptr<std::vector<FontItem> const> const installed = installedItems();
+  std::vector<FontItem> items = recentItems(recent, *installed);
+  items.insert(items.end(), installed->begin(), installed->end());
   return items;
 }
 
@@ -123,7 +128,7 @@ std::vector<Glib::FontDesc> FontChooserPanel::getFontList(LightweightString<char
 
 FontChooserPanel::FontChooserPanel(InitArgs const& args)
     : StandardPanel(args), font_(args.font ? args.font : &ownFont_), recent_(args.recentFontsKey),
-      items_(getFontList(recent_)) {
+      installedItems_(installedItems()), recentItems_(recentItems(recent_, *installedItems_)) {
   Drawable::Suspender const oneRepaint;
   setResizable(true);
   filterItems();
@@ -218,7 +223,7 @@ std::optional<std::size_t> FontChooserPanel::getChildCount(LightweightString<wch
 }
 
 iTreeViewAdaptor::Item FontChooserPanel::getChildItem(LightweightString<wchar_t> const&, std::size_t index) const {
-  FontItem const& font = items_[shown_[index]];
+  FontItem const& font = item(shown_[index]);
   Item item;
   item.id = font.getID();
   item.text = font.getName();
@@ -233,17 +238,32 @@ std::optional<std::size_t> FontChooserPanel::getChildIndex(LightweightString<wch
     return 0;
   FontItem const wanted = FontItem::fromID(id);
   for (std::size_t row = 0; row < shown_.size(); ++row) {
-    FontItem const& item = items_[shown_[row]];
-    if (item.category() == wanted.category() && item.name() == wanted.name())
+    FontItem const& shown = item(shown_[row]);
+    if (shown.category() == wanted.category() && shown.name() == wanted.name())
       return row;
   }
   return shown_.size();
 }
 
+std::size_t FontChooserPanel::itemCount() const noexcept { return recentItems_.size() + installedItems_->size(); }
+
+FontItem const& FontChooserPanel::item(std::size_t index) const {
+  return index < recentItems_.size() ? recentItems_[index] : (*installedItems_)[index - recentItems_.size()];
+}
+
+std::vector<FontItem const*> FontChooserPanel::getItems() const {
+  std::vector<FontItem const*> items;
+  items.reserve(itemCount());
+  for (std::size_t index = 0; index < itemCount(); ++index)
+    items.push_back(&item(index));
+  return items;
+}
+
 std::vector<FontItem const*> FontChooserPanel::getShownItems() const {
   std::vector<FontItem const*> shown;
+  shown.reserve(shown_.size());
   for (std::size_t index : shown_)
-    shown.push_back(&items_[index]);
+    shown.push_back(&item(index));
   return shown;
 }
 
@@ -259,8 +279,9 @@ void FontChooserPanel::applyFilter(LightweightString<wchar_t> const& text) {
 
 void FontChooserPanel::filterItems() {
   shown_.clear();
-  for (std::size_t i = 0; i < items_.size(); ++i)
-    if (criteria_.empty() || TextSearch::match(items_[i].wideName(), criteria_, TextSearch::kSubstring))
+  std::size_t const count = itemCount();
+  for (std::size_t i = 0; i < count; ++i)
+    if (criteria_.empty() || TextSearch::match(item(i).wideName(), criteria_, TextSearch::kSubstring))
       shown_.push_back(i);
 }
 

@@ -8,6 +8,7 @@
 #include <zowidgets/values/notify/ValServer.h>
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -73,7 +74,11 @@ public:
   void applyFilter(LightweightString<wchar_t> const& text);
 
   FontDefinition getFont() const { return font_->get(); }
-  std::vector<FontItem> const& getItems() const noexcept { return items_; }
+  // Every row of the list, in order: the recent families, then the
+  // installed ones (shared by every chooser).
+  std::vector<FontItem const*> getItems() const;
+  std::size_t itemCount() const noexcept;
+  FontItem const& item(std::size_t index) const;
   // The items the filter lets through, in list order.
   std::vector<FontItem const*> getShownItems() const;
   bool wasFontChosen() const noexcept { return fontChosen_; }
@@ -116,7 +121,8 @@ private:
   ValServer<FontDefinition>* font_;
   Zo::Ptr<Zo::Guard> fontGuard_;
   RecentFonts recent_;
-  std::vector<FontItem> items_;
+  std::shared_ptr<std::vector<FontItem> const> installedItems_;
+  std::vector<FontItem> recentItems_;
   std::vector<std::size_t> shown_;
   TextSearch::Criteria criteria_;
   TextFilterWidget* filter_ = nullptr;

@@ -68,8 +68,8 @@ std::vector<std::wstring> const& allNames() {
     useHeadlessScreen();
     Chooser chooser;
     std::vector<std::wstring> made;
-    for (FontItem const& item : chooser.panel->getItems())
-      made.push_back(item.wideName().str());
+    for (FontItem const* item : chooser.panel->getItems())
+      made.push_back(item->wideName().str());
     return made;
   }();
   return names;

@@ -42,32 +42,17 @@ char const* familyOf(FcPattern* font) {
   return first;
 }
 
-} // namespace
+using FamilyList = std::vector<LightweightString<char>>;
 
-std::vector<LightweightString<char>> getAvailableFonts() {
-  // A configuration of our own, kept while its files and font folders stay
-  // as they were: reading it costs milliseconds, checking it a stat of each
-  // font folder, so it is checked at most once a second; fonts installed
-  // while the program runs are listed a second later.
-  static std::mutex mutex;
-  static std::unique_ptr<FcConfig, ConfigFree> config;
-  static std::vector<LightweightString<char>> families;
-  static std::optional<std::chrono::steady_clock::time_point> checked;
-  std::lock_guard<std::mutex> const lock(mutex);
-  auto const now = std::chrono::steady_clock::now();
-  // A configuration that failed to load is tried again no sooner either.
-  if (checked && now - *checked < std::chrono::seconds(1))
-    return families;
-  checked = now;
-  if (config && FcConfigUptoDate(config.get()))
-    return families;
-  families.clear();
-  config.reset(FcInitLoadConfigAndFonts());
+// The installed families as read from a font configuration; empty when it
+// could not be read.
+FamilyList readFamilies(FcConfig* config) {
+  FamilyList families;
   std::unique_ptr<FcPattern, PatternFree> anyFont(FcPatternCreate());
   std::unique_ptr<FcObjectSet, ObjectSetFree> names(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, nullptr));
   if (!config || !anyFont || !names)
     return families;
-  std::unique_ptr<FcFontSet, FontSetFree> fonts(FcFontList(config.get(), anyFont.get(), names.get()));
+  std::unique_ptr<FcFontSet, FontSetFree> fonts(FcFontList(config, anyFont.get(), names.get()));
   if (!fonts)
     return families;
   for (int i = 0; i < fonts->nfont; ++i) {
@@ -78,6 +63,32 @@ std::vector<LightweightString<char>> getAvailableFonts() {
   families.erase(std::unique(families.begin(), families.end()), families.end());
   return families;
 }
+
+} // namespace
+
+std::shared_ptr<std::vector<LightweightString<char>> const> getAvailableFontsShared() {
+  // A configuration of our own, kept while its files and font folders stay
+  // as they were: reading it costs milliseconds, checking it a stat of each
+  // font folder, so it is checked at most once a second; fonts installed
+  // while the program runs are listed a second later.
+  static std::mutex mutex;
+  static std::unique_ptr<FcConfig, ConfigFree> config;
+  static std::shared_ptr<FamilyList const> families = std::make_shared<FamilyList const>();
+  static std::optional<std::chrono::steady_clock::time_point> checked;
+  std::lock_guard<std::mutex> const lock(mutex);
+  auto const now = std::chrono::steady_clock::now();
+  // A configuration that failed to load is tried again no sooner either.
+  if (checked && now - *checked < std::chrono::seconds(1))
+    return families;
+  checked = now;
+  if (config && FcConfigUptoDate(config.get()))
+    return families;
+  config.reset(FcInitLoadConfigAndFonts());
+  families = std::make_shared<FamilyList const>(readFamilies(config.get()));
+  return families;
+}
+
+std::vector<LightweightString<char>> getAvailableFonts() { return *getAvailableFontsShared(); }
 
 unsigned mapFontSize(double points, double scale) {
   if (!(points > 0.0) || !(scale > 0.0))

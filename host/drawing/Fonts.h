@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/base/LightweightString.h>
 
+#include <memory>
 #include <vector>
 
 namespace Glib {
@@ -53,6 +54,9 @@ inline constexpr unsigned kMaxFontSize = 999;
 // files at most once a second, so fonts installed meanwhile appear then.
 // Any thread.
 ZO_API std::vector<LightweightString<char>> getAvailableFonts();
+// The same list as kept: the same object until the list is read again, so a
+// caller that keeps what it made of the list can tell a new one by address.
+ZO_API std::shared_ptr<std::vector<LightweightString<char>> const> getAvailableFontsShared();
 
 // The FontDesc size for a size in points at an interface scale: points times
 // scale, rounded to whole points, at least 1 and at most kMaxFontSize.

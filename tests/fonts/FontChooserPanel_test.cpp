@@ -63,9 +63,9 @@ struct FontChooserPanelTest : HeadlessScreenTest {
 
   static std::vector<LightweightString<char>> recentRows(FontChooserPanel const& panel) {
     std::vector<LightweightString<char>> names;
-    for (FontItem const& item : panel.getItems())
-      if (item.category() == kRecentFont)
-        names.push_back(item.name());
+    for (FontItem const* item : panel.getItems())
+      if (item->category() == kRecentFont)
+        names.push_back(item->name());
     return names;
   }
 
@@ -96,9 +96,9 @@ TEST_F(FontChooserPanelTest, ListsEveryInstalledFamilyOnceInOrderWithCaseIgnored
   FontChooserPanel* panel = open();
   EXPECT_STREQ(panel->idstring(), "FontChooserPanel");
   std::vector<LightweightString<char>> ordinary;
-  for (FontItem const& item : panel->getItems())
-    if (item.category() == kOrdinaryFont)
-      ordinary.push_back(item.name());
+  for (FontItem const* item : panel->getItems())
+    if (item->category() == kOrdinaryFont)
+      ordinary.push_back(item->name());
   std::vector<LightweightString<char>> installed = Glib::getAvailableFonts();
   ASSERT_GE(installed.size(), 6u);
   EXPECT_EQ(ordinary.size(), installed.size());
@@ -108,6 +108,20 @@ TEST_F(FontChooserPanelTest, ListsEveryInstalledFamilyOnceInOrderWithCaseIgnored
     EXPECT_NE(std::find(ordinary.begin(), ordinary.end(), LightweightString<char>(family)), ordinary.end()) << family;
   EXPECT_EQ(panel->getTree()->rowCount(), static_cast<int>(panel->getItems().size()));
   close(panel);
+}
+
+TEST_F(FontChooserPanelTest, ChoosersShareTheInstalledRowsAndEachKeepsItsOwnRecentOnes) {
+  chooseInNewPanel(kLiberationMono);
+  FontChooserPanel* withRecent = open();
+  FontChooserPanel* without = open(LightweightString<char>());
+  ASSERT_EQ(recentRows(*withRecent).size(), 1u);
+  ASSERT_TRUE(recentRows(*without).empty());
+  ASSERT_EQ(withRecent->itemCount(), without->itemCount() + 1);
+  for (std::size_t index = 0; index < without->itemCount(); ++index)
+    ASSERT_EQ(&withRecent->item(index + 1), &without->item(index)) << "row " << index;
+  EXPECT_EQ(withRecent->item(0).category(), kRecentFont);
+  close(without);
+  close(withRecent);
 }
 
 TEST_F(FontChooserPanelTest, EachRowIsDrawnInItsOwnFamily) {
@@ -273,7 +287,7 @@ TEST_F(FontChooserPanelTest, SixFontsChosenInSixPanelsLeaveTheLastFive) {
   EXPECT_EQ(recentRows(*panel), (std::vector<LightweightString<char>>{kNotoMono, "Liberation Serif", kLiberationSans,
                                                                       kLiberationMono, "DejaVu Serif"}));
   // The recent rows come first, and the value's family is selected there.
-  EXPECT_EQ(panel->getItems().front().name(), LightweightString<char>(kNotoMono));
+  EXPECT_EQ(panel->getItems().front()->name(), LightweightString<char>(kNotoMono));
   EXPECT_EQ(panel->getSelectedFontID(), FontItem::makeID(kNotoMono, kRecentFont));
   EXPECT_EQ(panel->getTree()->getSelectedItem(), FontItem::makeID(kNotoMono, kRecentFont));
   close(panel);

@@ -74,6 +74,16 @@ TEST(AvailableFonts, StylesAreNotFamilies) {
     EXPECT_EQ(std::find(families.begin(), families.end(), style), families.end()) << style;
 }
 
+TEST(AvailableFonts, TheSharedListIsTheSameObjectUntilReadAgainAndHoldsTheList) {
+  auto const first = Glib::getAvailableFontsShared();
+  auto const second = Glib::getAvailableFontsShared();
+  ASSERT_TRUE(first);
+  // Read again at most once a second: two calls in a row share one list,
+  // unless a second passed between them and the configuration changed.
+  EXPECT_TRUE(first == second || *first != *second);
+  EXPECT_EQ(*second, Glib::getAvailableFonts());
+}
+
 TEST(MapFontSize, RoundsToWholePoints) {
   EXPECT_EQ(Glib::mapFontSize(12.0), 12u);
   EXPECT_EQ(Glib::mapFontSize(10.4), 10u);
