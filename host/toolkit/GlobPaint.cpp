@@ -45,7 +45,8 @@ namespace {
 // pixels are handed over by the kernel, filled with the background and drawn
 // on while they are still in the cache, where a canvas far larger than the
 // cache would go out to memory and back for every layer drawn on it.
-constexpr long long kBandBytes = 1 << 20;
+// Two megabytes measured faster than one on a form of a thousand rows.
+constexpr long long kBandBytes = 2 << 20;
 
 // The band of the paint under way (canvas box); none outside a paint.
 thread_local Zo::Box<int> const* currentBand = nullptr;
