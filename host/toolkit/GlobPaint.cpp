@@ -60,6 +60,23 @@ std::vector<Zo::Box<int>> cacheSizedBands(Zo::Box<int> const& area) {
   return bands;
 }
 
+// A child's box on the canvas, its parent's bottom-left corner lying at
+// `origin`, if it shows and paints opaquely; empty otherwise.
+Zo::Box<int> opaqueBoxOf(Glob const& widget, XY<int> origin) {
+  if (!widget.isVisible() || !widget.paintsOpaquely())
+    return {};
+  XY<int> const at = origin + widget.getPosition();
+  return Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height());
+}
+
+void subtractBox(pixman_region32_t* region, Zo::Box<int> const& box) {
+  pixman_region32_t cut;
+  pixman_region32_init_rect(&cut, box.x0, box.y0, static_cast<unsigned>(box.width()),
+                            static_cast<unsigned>(box.height()));
+  pixman_region32_subtract(region, region, &cut);
+  pixman_region32_fini(&cut);
+}
+
 // The part of an area (canvas box) that the opaque children of a widget,
 // its bottom-left corner lying at `origin`, leave uncovered; null when no
 // opaque child reaches into the area. The area is a band at most, so the
@@ -71,17 +88,10 @@ Zo::Ptr<iRegion> partUncoveredByChildren(Glob const& parent, Zo::Box<int> const&
                             static_cast<unsigned>(area.height()));
   bool any = false;
   for (Glob const* widget : parent.getChildren()) {
-    if (!widget->isVisible() || !widget->paintsOpaquely())
-      continue;
-    XY<int> const at = origin + widget->getPosition();
-    Zo::Box<int> const box = Zo::Box<int>(at.x, at.y, at.x + widget->width(), at.y + widget->height()).intersect(area);
+    Zo::Box<int> const box = opaqueBoxOf(*widget, origin).intersect(area);
     if (box.empty())
       continue;
-    pixman_region32_t opaque;
-    pixman_region32_init_rect(&opaque, box.x0, box.y0, static_cast<unsigned>(box.width()),
-                              static_cast<unsigned>(box.height()));
-    pixman_region32_subtract(&uncovered, &uncovered, &opaque);
-    pixman_region32_fini(&opaque);
+    subtractBox(&uncovered, box);
     any = true;
   }
   if (any) {
@@ -152,18 +162,10 @@ std::vector<Glob*>::const_iterator Glob::topmostChildCovering(Zo::Box<int> const
   auto found = children_.end();
   for (auto child = children_.end(); child != children_.begin();) {
     --child;
-    Glob const& widget = **child;
-    if (!widget.visible_ || !widget.paintsOpaquely_)
+    Zo::Box<int> const box = opaqueBoxOf(**child, origin).intersect(area);
+    if (box.empty())
       continue;
-    XY<int> const at = origin + widget.position_;
-    Zo::Box<int> const box(at.x, at.y, at.x + widget.width(), at.y + widget.height());
-    if (box.intersect(area).empty())
-      continue;
-    pixman_region32_t hidden;
-    pixman_region32_init_rect(&hidden, box.x0, box.y0, static_cast<unsigned>(box.width()),
-                              static_cast<unsigned>(box.height()));
-    pixman_region32_subtract(&uncovered, &uncovered, &hidden);
-    pixman_region32_fini(&hidden);
+    subtractBox(&uncovered, box);
     if (!pixman_region32_not_empty(&uncovered)) {
       found = child;
       break;
