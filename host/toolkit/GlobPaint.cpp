@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 XY<int> Glob::screenPosition() const {
@@ -77,44 +78,69 @@ void subtractBox(pixman_region32_t* region, Zo::Box<int> const& box) {
   pixman_region32_fini(&cut);
 }
 
-// The part of an area (canvas box) that the opaque children of a widget,
-// its bottom-left corner lying at `origin`, leave uncovered; null when no
-// opaque child reaches into the area. The area is a band at most, so the
-// rows that cut it are few.
-Zo::Ptr<iRegion> partUncoveredByChildren(Glob const& parent, Zo::Box<int> const& area, XY<int> origin) {
-  Zo::Ptr<iRegion> part;
-  pixman_region32_t uncovered;
-  pixman_region32_init_rect(&uncovered, area.x0, area.y0, static_cast<unsigned>(area.width()),
-                            static_cast<unsigned>(area.height()));
+// How the opaque children of a widget, its bottom-left corner lying at
+// `origin`, meet an area (canvas box).
+struct ChildCover {
+  // Together they hide the whole area.
+  bool hidden = false;
+  // What they leave showing when they hide part of it; null when they hide
+  // all of it or none reaches into it.
+  Zo::Ptr<iRegion> uncovered;
+};
+
+ChildCover coverByChildren(Glob const& parent, Zo::Box<int> const& area, XY<int> origin) {
+  ChildCover cover;
+  // One child over the whole area is the common case (a row repainted
+  // alone), and is told without a region.
   bool any = false;
   for (Glob const* widget : parent.getChildren()) {
     Zo::Box<int> const box = opaqueBoxOf(*widget, origin).intersect(area);
     if (box.empty())
       continue;
-    subtractBox(&uncovered, box);
+    if (box == area) {
+      cover.hidden = true;
+      return cover;
+    }
     any = true;
   }
-  if (any) {
+  if (!any)
+    return cover;
+  // The area is a band at most, so the rows that cut it are few.
+  pixman_region32_t uncovered;
+  pixman_region32_init_rect(&uncovered, area.x0, area.y0, static_cast<unsigned>(area.width()),
+                            static_cast<unsigned>(area.height()));
+  for (Glob const* widget : parent.getChildren()) {
+    Zo::Box<int> const box = opaqueBoxOf(*widget, origin).intersect(area);
+    if (!box.empty())
+      subtractBox(&uncovered, box);
+  }
+  if (pixman_region32_not_empty(&uncovered)) {
     int count = 0;
     pixman_box32_t const* rects = pixman_region32_rectangles(&uncovered, &count);
     std::vector<Zo::Box<int>> boxes;
     boxes.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
       boxes.emplace_back(rects[i].x1, rects[i].y1, rects[i].x2, rects[i].y2);
-    part = Zo::Ptr<iRegion>(new iRegion(std::move(boxes)));
+    cover.uncovered = Zo::Ptr<iRegion>(new iRegion(std::move(boxes)));
+  } else {
+    cover.hidden = true;
   }
   pixman_region32_fini(&uncovered);
-  return part;
+  return cover;
 }
 
 } // namespace
 
 void Glob::paint(CanvasRenderer& renderer, Zo::Box<int> const& clip) {
   // A widget may paint another into a picture of its own while it draws.
-  Zo::Box<int> const* const outer = currentBand;
-  for (Zo::Box<int> const& band : cacheSizedBands(clip)) {
-    currentBand = &band;
+  Zo::Box<int> const* const outer = std::exchange(currentBand, nullptr);
+  if (4LL * clip.width() * clip.height() <= kBandBytes) {
     paintAt(renderer, clip, canvasPosition());
+  } else {
+    for (Zo::Box<int> const& band : cacheSizedBands(clip)) {
+      currentBand = &band;
+      paintAt(renderer, clip, canvasPosition());
+    }
   }
   currentBand = outer;
 }
@@ -133,15 +159,19 @@ void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> o
     ++paintCount_;
   renderer.setOrigin(origin);
   renderer.setClipBox(shown);
-  Zo::Ptr<iRegion> const uncovered = partUncoveredByChildren(*this, shown, origin);
-  auto first = uncovered && uncovered->empty() ? topmostChildCovering(shown, origin) : children_.end();
+  ChildCover const cover = coverByChildren(*this, shown, origin);
+  auto first = cover.hidden ? topmostChildCovering(shown, origin) : children_.end();
   if (first == children_.end()) {
     // What opaque children hide would be painted over at once: the widget's
     // own background and drawing are left out there.
-    renderer.setClipRegion(uncovered);
+    // Setting a clip makes the renderer set its state up again: only when
+    // there is one.
+    if (cover.uncovered)
+      renderer.setClipRegion(cover.uncovered);
     drawBackground(renderer);
     draw(renderer);
-    renderer.setClipRegion(nullptr);
+    if (cover.uncovered)
+      renderer.setClipRegion(nullptr);
     first = children_.begin();
   }
   for (auto child = first; child != children_.end(); ++child)
