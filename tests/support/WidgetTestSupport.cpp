@@ -2,6 +2,7 @@
 #include "SharedState.h"
 
 #include <zowidgets/host/drawing/IconCache.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
 
 #include <cmath>
 #include <cstdlib>
@@ -19,6 +20,9 @@ void HeadlessScreenTest::SetUp() {
 }
 
 void HeadlessScreenTest::TearDown() {
+  // A pointer left resting on a widget with a tooltip leaves the tooltip's
+  // timer running, due on this test's clock: the next test must not meet it.
+  Tooltips::dismiss();
   for (Glob* window : GlobManager::topLevelWindows())
     GlobManager::requestDeletion(window);
   pump();
