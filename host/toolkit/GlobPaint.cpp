@@ -163,9 +163,8 @@ void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> o
   auto first = cover.hidden ? topmostChildCovering(shown, origin) : children_.end();
   if (first == children_.end()) {
     // What opaque children hide would be painted over at once: the widget's
-    // own background and drawing are left out there.
-    // Setting a clip makes the renderer set its state up again: only when
-    // there is one.
+    // own background and drawing are left out there. A clip is set only when
+    // there is one, as setting it makes the renderer set its state up again.
     if (cover.uncovered)
       renderer.setClipRegion(cover.uncovered);
     drawBackground(renderer);
