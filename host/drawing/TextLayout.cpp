@@ -221,23 +221,23 @@ public:
     layouts_.clear();
     metrics_.clear();
     glyphMasks_.clear(); // keyed by the fonts released below
-    for (auto& [key, font] : fonts_)
-      g_object_unref(font);
     fonts_.clear();
   }
 
 private:
   // The font a layout sets characters in when the font has them; kept, as
   // the few fonts of a program are asked for at every new value.
-  PangoFont* primaryFont(FontDesc const& font, double scale) {
-    for (auto const& [key, loaded] : fonts_)
+  detail::ShapingFont& primaryFont(FontDesc const& font, double scale) {
+    for (auto& [key, loaded] : fonts_)
       if (key.second == scale && key.first == font)
         return loaded;
     PangoFontDescription* description = describe(font, scale);
     PangoFont* loaded = pango_context_load_font(context_, description);
     pango_font_description_free(description);
-    fonts_.emplace_back(std::make_pair(font, scale), loaded);
-    return loaded;
+    fonts_.emplace_back(std::make_pair(font, scale), detail::ShapingFont(loaded));
+    if (loaded)
+      g_object_unref(loaded); // the shaping font holds its own reference
+    return fonts_.back().second;
   }
 
   Layout make(TextRun const& run) {
@@ -283,7 +283,7 @@ private:
   LruCache<TextRun, Layout, RunHash> layouts_{TextLayout::kCacheCapacity};
   std::size_t layoutsMade_ = 0;
   std::vector<std::pair<std::pair<FontDesc, double>, FontMetrics>> metrics_;
-  std::vector<std::pair<std::pair<FontDesc, double>, PangoFont*>> fonts_;
+  std::vector<std::pair<std::pair<FontDesc, double>, detail::ShapingFont>> fonts_;
   detail::GlyphMasks glyphMasks_;
 };
 

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -83,6 +85,9 @@ void subtractBox(pixman_region32_t* region, Zo::Box<int> const& box) {
 struct ChildCover {
   // Together they hide the whole area.
   bool hidden = false;
+  // The topmost child that hides it alone, if one does; the children under
+  // it need no painting.
+  std::optional<std::size_t> alone;
   // What they leave showing when they hide part of it; null when they hide
   // all of it or none reaches into it.
   Zo::Ptr<iRegion> uncovered;
@@ -93,12 +98,14 @@ ChildCover coverByChildren(Glob const& parent, Zo::Box<int> const& area, XY<int>
   // One child over the whole area is the common case (a row repainted
   // alone), and is told without a region.
   bool any = false;
-  for (Glob const* widget : parent.getChildren()) {
-    Zo::Box<int> const box = opaqueBoxOf(*widget, origin).intersect(area);
+  std::vector<Glob*> const& children = parent.getChildren();
+  for (std::size_t index = children.size(); index-- > 0;) {
+    Zo::Box<int> const box = opaqueBoxOf(*children[index], origin).intersect(area);
     if (box.empty())
       continue;
     if (box == area) {
       cover.hidden = true;
+      cover.alone = index;
       return cover;
     }
     any = true;
@@ -160,7 +167,9 @@ void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> o
   renderer.setOrigin(origin);
   renderer.setClipBox(shown);
   ChildCover const cover = coverByChildren(*this, shown, origin);
-  auto first = cover.hidden ? topmostChildCovering(shown, origin) : children_.end();
+  auto first = cover.alone    ? children_.begin() + static_cast<std::ptrdiff_t>(*cover.alone)
+               : cover.hidden ? topmostChildCovering(shown, origin)
+                              : children_.end();
   if (first == children_.end()) {
     // What opaque children hide would be painted over at once: the widget's
     // own background and drawing are left out there. A clip is set only when
@@ -173,8 +182,15 @@ void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> o
       renderer.setClipRegion(nullptr);
     first = children_.begin();
   }
-  for (auto child = first; child != children_.end(); ++child)
-    (*child)->paintAt(renderer, area, origin + (*child)->position_);
+  for (auto child = first; child != children_.end(); ++child) {
+    // Most children of a long panel lie outside a repaint or a band: they
+    // are passed over here, without a call.
+    Glob& widget = **child;
+    XY<int> const at = origin + widget.position_;
+    if (widget.visible_ &&
+        !Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height()).intersect(shown).empty())
+      widget.paintAt(renderer, area, at);
+  }
   renderer.setOrigin(origin);
   renderer.setClipBox(shown);
   drawBorder(renderer);

@@ -15,11 +15,6 @@ namespace {
 // Longer texts are labels and paragraphs, laid out once and kept.
 constexpr std::size_t kLongestLine = 128;
 
-// Printable Basic Latin, Latin-1 and Latin Extended-A and B: characters that
-// a layout puts in one left-to-right item with the font that has them. The
-// soft hyphen is left out, since a layout hides it.
-bool isSimple(wchar_t c) { return (c >= 0x20 && c <= 0x7e) || (c >= 0xa0 && c <= 0x24f && c != 0xad); }
-
 // The script a layout's itemiser gives the run: Latin when a Latin letter is
 // in it, otherwise common (digits, spaces and punctuation alone).
 PangoScript scriptOf(LightweightString<wchar_t> const& text) {
@@ -49,6 +44,35 @@ bool hasColourGlyphs(PangoFont* font) {
   return hb_ot_color_has_png(face) || hb_ot_color_has_layers(face) || hb_ot_color_has_svg(face);
 }
 
+ShapingFont::ShapingFont(PangoFont* font)
+    : font_(font ? PANGO_FONT(g_object_ref(font)) : nullptr), colourGlyphs_(Glib::detail::hasColourGlyphs(font)) {}
+
+ShapingFont::ShapingFont(ShapingFont&& other) noexcept
+    : font_(std::exchange(other.font_, nullptr)), colourGlyphs_(other.colourGlyphs_), asked_(other.asked_),
+      present_(other.present_) {}
+
+ShapingFont& ShapingFont::operator=(ShapingFont&& other) noexcept {
+  std::swap(font_, other.font_);
+  std::swap(colourGlyphs_, other.colourGlyphs_);
+  std::swap(asked_, other.asked_);
+  std::swap(present_, other.present_);
+  return *this;
+}
+
+ShapingFont::~ShapingFont() {
+  if (font_)
+    g_object_unref(font_);
+}
+
+bool ShapingFont::has(wchar_t c) {
+  std::size_t const index = static_cast<std::size_t>(c - kFirst);
+  if (!asked_[index]) {
+    asked_[index] = true;
+    present_[index] = font_ && pango_font_has_char(font_, static_cast<gunichar>(c));
+  }
+  return present_[index];
+}
+
 ShapedLine::ShapedLine(ShapedLine&& other) noexcept
     : font_(std::exchange(other.font_, nullptr)), glyphs_(std::exchange(other.glyphs_, nullptr)), ink_(other.ink_),
       logical_(other.logical_) {}
@@ -68,12 +92,13 @@ ShapedLine::~ShapedLine() {
     g_object_unref(font_);
 }
 
-ShapedLine ShapedLine::shape(PangoContext* context, PangoFont* font, LightweightString<wchar_t> const& text) {
+ShapedLine ShapedLine::shape(PangoContext* context, ShapingFont& shapingFont, LightweightString<wchar_t> const& text) {
   ShapedLine line;
-  if (!font || text.empty() || text.size() > kLongestLine || hasColourGlyphs(font))
+  PangoFont* const font = shapingFont.font();
+  if (!font || text.empty() || text.size() > kLongestLine || shapingFont.hasColourGlyphs())
     return line;
   for (wchar_t c : text.view())
-    if (!isSimple(c) || !pango_font_has_char(font, static_cast<gunichar>(c)))
+    if (!ShapingFont::isSimple(c) || !shapingFont.has(c))
       return line;
   PangoScript const script = scriptOf(text);
   PangoAnalysis analysis{};

@@ -7,11 +7,49 @@
 #include <cairo.h>
 #include <pango/pango.h>
 
+#include <bitset>
+
 class CoverageMask;
 
 namespace Glib::detail {
 
 class GlyphMasks;
+
+// A font as shaping asks about it at every new line: which characters of the
+// simple ranges it has (pango looks each one up through the font's coverage,
+// which costs more than shaping a short number) and whether it has colour
+// glyphs, each asked of pango once. Holds a reference to the font.
+class ZO_API ShapingFont {
+public:
+  explicit ShapingFont(PangoFont* font);
+  ShapingFont(ShapingFont&& other) noexcept;
+  ShapingFont& operator=(ShapingFont&& other) noexcept;
+  ShapingFont(ShapingFont const&) = delete;
+  ShapingFont& operator=(ShapingFont const&) = delete;
+  ~ShapingFont();
+
+  PangoFont* font() const noexcept { return font_; }
+  bool hasColourGlyphs() const noexcept { return colourGlyphs_; }
+  // Whether the font has `c`, one of the characters isSimple() accepts.
+  bool has(wchar_t c);
+
+  // Printable Basic Latin, Latin-1 and Latin Extended-A and B: characters
+  // that a layout puts in one left-to-right item with the font that has
+  // them. The soft hyphen is left out, since a layout hides it.
+  static bool isSimple(wchar_t c) noexcept {
+    return (c >= kFirst && c <= 0x7e) || (c >= 0xa0 && c <= kLast && c != 0xad);
+  }
+
+private:
+  static constexpr wchar_t kFirst = 0x20;
+  static constexpr wchar_t kLast = 0x24f;
+  static constexpr std::size_t kCount = kLast - kFirst + 1;
+
+  PangoFont* font_ = nullptr;
+  bool colourGlyphs_ = false;
+  std::bitset<kCount> asked_;
+  std::bitset<kCount> present_;
+};
 
 // One line of text shaped in one font, without a layout. Values shown by
 // sliders and number boxes change at every paint of a drag; for them, making
@@ -31,7 +69,7 @@ public:
   // empty or long text, a character outside the Latin ranges, a control
   // character or a mark, a character the font lacks, or a font with colour
   // glyphs.
-  static ShapedLine shape(PangoContext* context, PangoFont* font, LightweightString<wchar_t> const& text);
+  static ShapedLine shape(PangoContext* context, ShapingFont& font, LightweightString<wchar_t> const& text);
 
   explicit operator bool() const { return glyphs_ != nullptr; }
 

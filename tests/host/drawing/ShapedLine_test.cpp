@@ -20,6 +20,7 @@
 
 using Glib::detail::GlyphMasks;
 using Glib::detail::ShapedLine;
+using Glib::detail::ShapingFont;
 
 namespace {
 
@@ -39,13 +40,19 @@ PangoFontDescription* describe(Font const& font) {
   return description;
 }
 
-ShapedLine shapeIn(PangoSetUp const& pango, Font const& font, LightweightString<wchar_t> const& text) {
+// The font a layout would use for `font`, with shaping's record of it.
+ShapingFont loadFont(PangoSetUp const& pango, Font const& font) {
   PangoFontDescription* description = describe(font);
   PangoFont* loaded = pango_context_load_font(pango.context(), description);
   pango_font_description_free(description);
-  ShapedLine line = ShapedLine::shape(pango.context(), loaded, text);
+  ShapingFont shaping(loaded);
   g_object_unref(loaded);
-  return line;
+  return shaping;
+}
+
+ShapedLine shapeIn(PangoSetUp const& pango, Font const& font, LightweightString<wchar_t> const& text) {
+  ShapingFont shaping = loadFont(pango, font);
+  return ShapedLine::shape(pango.context(), shaping, text);
 }
 
 PangoLayout* layoutIn(PangoSetUp const& pango, Font const& font, LightweightString<wchar_t> const& text) {
@@ -247,15 +254,42 @@ TEST(ShapedLine, TextThatNeedsALayoutIsLeftToIt) {
 TEST(ShapedLine, AFontWithColourGlyphsIsLeftToTheLayout) {
   PangoSetUp const pango;
   Font const emoji{"Noto Color Emoji", 13, false, false};
-  PangoFontDescription* description = describe(emoji);
-  PangoFont* loaded = pango_context_load_font(pango.context(), description);
-  pango_font_description_free(description);
-  if (!Glib::detail::hasColourGlyphs(loaded)) {
-    g_object_unref(loaded);
+  ShapingFont shaping = loadFont(pango, emoji);
+  if (!shaping.hasColourGlyphs())
     GTEST_SKIP() << "no colour emoji font is installed";
+  EXPECT_FALSE(ShapedLine::shape(pango.context(), shaping, L"123"));
+}
+
+TEST(ShapingFont, KnowsTheSimpleCharactersAFontHasAsPangoDoes) {
+  PangoSetUp const pango;
+  // A monospaced font that lacks some of the simple ranges (the dotless j,
+  // U+0237, among them) and one that has them all.
+  Font const lacking{"Liberation Mono", 13, false, false};
+  Font const full{"DejaVu Sans", 13, false, false};
+  int lacked = 0;
+  for (Font const& font : {lacking, full}) {
+    ShapingFont shaping = loadFont(pango, font);
+    ASSERT_NE(shaping.font(), nullptr);
+    for (int round = 0; round < 2; ++round) // the second round from what the first kept
+      for (wchar_t c = 0x20; c <= 0x24f; ++c) {
+        if (!ShapingFont::isSimple(c))
+          continue;
+        bool const expected = pango_font_has_char(shaping.font(), static_cast<gunichar>(c));
+        EXPECT_EQ(shaping.has(c), expected) << font.family << " U+" << std::hex << int(c);
+        lacked += expected ? 0 : 1;
+      }
   }
-  EXPECT_FALSE(ShapedLine::shape(pango.context(), loaded, L"123"));
-  g_object_unref(loaded);
+  if (lacked == 0)
+    GTEST_SKIP() << "Liberation Mono is not installed: every font here has every simple character";
+  EXPECT_FALSE(shapeIn(pango, lacking, L"j\x0237"));
+  EXPECT_TRUE(shapeIn(pango, full, L"j\x0237"));
+}
+
+TEST(ShapingFont, LeavesOutControlsMarksAndTheSoftHyphen) {
+  for (wchar_t c : {L'\x1f', L'\x7f', L'\x9f', L'\xad', L'\x250', L'\x0301'})
+    EXPECT_FALSE(ShapingFont::isSimple(c)) << std::hex << int(c);
+  for (wchar_t c : {L' ', L'~', L'\xa0', L'\xe9', L'\x24f'})
+    EXPECT_TRUE(ShapingFont::isSimple(c)) << std::hex << int(c);
 }
 
 TEST(ShapedLine, TheTextEngineMeasuresSimpleTextAsAFullLayoutDoes) {
