@@ -1,47 +1,14 @@
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 
-#include <pixman.h>
+#include <zowidgets/host/drawing/detail/PixmanRegion.h>
 
 #include <algorithm>
 
-namespace {
-
-// A pixman region made from boxes: pixman unites them into sorted bands of
-// boxes that do not overlap.
-class PixmanRegion {
-public:
-  explicit PixmanRegion(std::vector<Zo::Box<int>> const& boxes) {
-    std::vector<pixman_box32_t> rects;
-    rects.reserve(boxes.size());
-    for (Zo::Box<int> const& box : boxes)
-      rects.push_back(pixman_box32_t{box.x0, box.y0, box.x1, box.y1});
-    pixman_region32_init_rects(&region_, rects.data(), static_cast<int>(rects.size()));
-  }
-  ~PixmanRegion() { pixman_region32_fini(&region_); }
-  PixmanRegion(PixmanRegion const&) = delete;
-  PixmanRegion& operator=(PixmanRegion const&) = delete;
-
-  pixman_region32_t* get() noexcept { return &region_; }
-
-  static std::vector<Zo::Box<int>> boxesOf(pixman_region32_t* region) {
-    int count = 0;
-    pixman_box32_t const* rects = pixman_region32_rectangles(region, &count);
-    std::vector<Zo::Box<int>> boxes;
-    boxes.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-      boxes.emplace_back(rects[i].x1, rects[i].y1, rects[i].x2, rects[i].y2);
-    return boxes;
-  }
-
-private:
-  pixman_region32_t region_;
-};
-
-} // namespace
+using Glib::detail::PixmanRegion;
 
 iRegion::iRegion(std::vector<Zo::Box<int>> boxes) {
   PixmanRegion region(boxes);
-  boxes_ = PixmanRegion::boxesOf(region.get());
+  boxes_ = region.boxes();
 }
 
 void iRegion::add(Zo::Box<int> const& box) {
@@ -50,7 +17,7 @@ void iRegion::add(Zo::Box<int> const& box) {
   PixmanRegion region(boxes_);
   pixman_region32_union_rect(region.get(), region.get(), box.x0, box.y0, static_cast<unsigned>(box.width()),
                              static_cast<unsigned>(box.height()));
-  boxes_ = PixmanRegion::boxesOf(region.get());
+  boxes_ = region.boxes();
 }
 
 bool iRegion::contains(XY<int> const& point) const noexcept {
@@ -68,7 +35,7 @@ std::vector<Zo::Box<int>> iRegion::intersect(Zo::Box<int> const& box) const {
   PixmanRegion region(boxes_);
   pixman_region32_intersect_rect(region.get(), region.get(), box.x0, box.y0, static_cast<unsigned>(box.width()),
                                  static_cast<unsigned>(box.height()));
-  return PixmanRegion::boxesOf(region.get());
+  return region.boxes();
 }
 
 Zo::Box<int> iRegion::bounds() const noexcept {

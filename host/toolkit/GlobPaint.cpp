@@ -3,17 +3,17 @@
 #include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/drawing/SvgIcon.h>
+#include <zowidgets/host/drawing/detail/PixmanRegion.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/toolkit/detail/BorderEdges.h>
 
-#include <pixman.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <optional>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -42,6 +42,8 @@ void Glob::clearPendingRedraws() {
     own->clearDamage();
 }
 
+using Glib::detail::PixmanRegion;
+
 namespace {
 
 // A large repaint goes in bands that fit the cache, top down: each band's
@@ -53,6 +55,10 @@ constexpr long long kBandBytes = 2 << 20;
 
 // The band of the paint under way (canvas box); none outside a paint.
 thread_local Zo::Box<int> const* currentBand = nullptr;
+// The widgets across bands painted so far in that paint: each counts one
+// paint in the first band that paints it, which need not be the band of its
+// top row (an opaque sibling may hide it there).
+thread_local std::unordered_set<Glob const*>* paintedInBands = nullptr;
 
 std::vector<Zo::Box<int>> cacheSizedBands(Zo::Box<int> const& area) {
   long long const rowBytes = 4LL * std::max(area.width(), 1);
@@ -70,14 +76,6 @@ Zo::Box<int> opaqueBoxOf(Glob const& widget, XY<int> origin) {
     return {};
   XY<int> const at = origin + widget.getPosition();
   return Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height());
-}
-
-void subtractBox(pixman_region32_t* region, Zo::Box<int> const& box) {
-  pixman_region32_t cut;
-  pixman_region32_init_rect(&cut, box.x0, box.y0, static_cast<unsigned>(box.width()),
-                            static_cast<unsigned>(box.height()));
-  pixman_region32_subtract(region, region, &cut);
-  pixman_region32_fini(&cut);
 }
 
 // How the opaque children of a widget, its bottom-left corner lying at
@@ -113,26 +111,16 @@ ChildCover coverByChildren(Glob const& parent, Zo::Box<int> const& area, XY<int>
   if (!any)
     return cover;
   // The area is a band at most, so the rows that cut it are few.
-  pixman_region32_t uncovered;
-  pixman_region32_init_rect(&uncovered, area.x0, area.y0, static_cast<unsigned>(area.width()),
-                            static_cast<unsigned>(area.height()));
-  for (Glob const* widget : parent.getChildren()) {
+  PixmanRegion uncovered(area);
+  for (Glob const* widget : children) {
     Zo::Box<int> const box = opaqueBoxOf(*widget, origin).intersect(area);
     if (!box.empty())
-      subtractBox(&uncovered, box);
+      uncovered.subtract(box);
   }
-  if (pixman_region32_not_empty(&uncovered)) {
-    int count = 0;
-    pixman_box32_t const* rects = pixman_region32_rectangles(&uncovered, &count);
-    std::vector<Zo::Box<int>> boxes;
-    boxes.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-      boxes.emplace_back(rects[i].x1, rects[i].y1, rects[i].x2, rects[i].y2);
-    cover.uncovered = Zo::Ptr<iRegion>(new iRegion(std::move(boxes)));
-  } else {
+  if (uncovered.empty())
     cover.hidden = true;
-  }
-  pixman_region32_fini(&uncovered);
+  else
+    cover.uncovered = Zo::Ptr<iRegion>(new iRegion(uncovered.boxes()));
   return cover;
 }
 
@@ -141,15 +129,19 @@ ChildCover coverByChildren(Glob const& parent, Zo::Box<int> const& area, XY<int>
 void Glob::paint(CanvasRenderer& renderer, Zo::Box<int> const& clip) {
   // A widget may paint another into a picture of its own while it draws.
   Zo::Box<int> const* const outer = std::exchange(currentBand, nullptr);
+  auto* const outerPainted = std::exchange(paintedInBands, nullptr);
   if (4LL * clip.width() * clip.height() <= kBandBytes) {
     paintAt(renderer, clip, canvasPosition());
   } else {
+    std::unordered_set<Glob const*> painted;
+    paintedInBands = &painted;
     for (Zo::Box<int> const& band : cacheSizedBands(clip)) {
       currentBand = &band;
       paintAt(renderer, clip, canvasPosition());
     }
   }
   currentBand = outer;
+  paintedInBands = outerPainted;
 }
 
 void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> origin) {
@@ -161,8 +153,9 @@ void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> o
   Zo::Box<int> const shown = currentBand ? area.intersect(*currentBand) : area;
   if (shown.empty())
     return;
-  // Once a repaint: in the band that holds its top row.
-  if (!currentBand || area.y1 <= currentBand->y1)
+  // Once a repaint; only a widget across bands needs looking up for it.
+  bool const inOneBand = !currentBand || (area.y0 >= currentBand->y0 && area.y1 <= currentBand->y1);
+  if (inOneBand || paintedInBands->insert(this).second)
     ++paintCount_;
   renderer.setOrigin(origin);
   renderer.setClipBox(shown);
@@ -201,23 +194,17 @@ std::vector<Glob*>::const_iterator Glob::topmostChildCovering(Zo::Box<int> const
   // Opaque children are taken from the top down until together they hide
   // the area: a page of rows scrolled in hides the list behind it, though no
   // one row does. Asked only once they are known to hide it together.
-  pixman_region32_t uncovered;
-  pixman_region32_init_rect(&uncovered, area.x0, area.y0, static_cast<unsigned>(area.width()),
-                            static_cast<unsigned>(area.height()));
-  auto found = children_.end();
+  PixmanRegion uncovered(area);
   for (auto child = children_.end(); child != children_.begin();) {
     --child;
     Zo::Box<int> const box = opaqueBoxOf(**child, origin).intersect(area);
     if (box.empty())
       continue;
-    subtractBox(&uncovered, box);
-    if (!pixman_region32_not_empty(&uncovered)) {
-      found = child;
-      break;
-    }
+    uncovered.subtract(box);
+    if (uncovered.empty())
+      return child;
   }
-  pixman_region32_fini(&uncovered);
-  return found;
+  return children_.end();
 }
 
 void Glob::drawBackground(CanvasRenderer& renderer) {

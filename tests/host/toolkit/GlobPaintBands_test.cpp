@@ -93,3 +93,20 @@ TEST_F(GlobPaintBandsTest, APartOfTheWindowRepaintedIsPaintedOnce) {
   EXPECT_EQ(tall->paintCount(), tallBefore + 1);
   EXPECT_EQ(rgbOf(widgetPixel(*tall, XY<int>(5, tall->height() / 2))), rgbOf(kBlue));
 }
+
+TEST_F(GlobPaintBandsTest, AWidgetHiddenInTheBandOfItsTopRowStillCountsOnePaint) {
+  // An opaque sibling over the whole top band: there the tall widget is not
+  // painted at all, below it is.
+  auto* cover = new StripedSwatch(XY<int>(kWidth + 100, 1200), kBlue, kBlue);
+  cover->setPaintsOpaquely(true);
+  panel->addChild(cover, Glob::BottomLeft(-50, kHeight - 1100));
+  pump();
+  ASSERT_GT(tall->getY() + tall->height(), cover->getY()) << "the cover must hide the tall widget's top";
+  int const tallBefore = tall->paintCount();
+  int const coverBefore = cover->paintCount();
+  panel->invalidate();
+  pump();
+  EXPECT_EQ(tall->paintCount(), tallBefore + 1);
+  EXPECT_EQ(cover->paintCount(), coverBefore + 1);
+  EXPECT_EQ(rgbOf(widgetPixel(*tall, XY<int>(20, 10))), rgbOf(kRed));
+}
