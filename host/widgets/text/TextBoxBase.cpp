@@ -21,6 +21,12 @@ int textPadding() { return UifStd::getWidgetGap(); }
 // Lines and outlines grow with the scale, never thinner than a pixel.
 double lineWidth() { return std::max(1.0, std::round(UifStd::getScale())); }
 
+// An inactive box is drawn towards its background, as inactive buttons and
+// check boxes are, so that it is plain why it takes no typing.
+Colour unlessActive(Glob const& box, Colour const& colour, Colour const& background) {
+  return box.isActive() ? colour : Colour::mix(colour, background, 0.45);
+}
+
 Glib::TextDescription textIn(std::wstring const& text, Zo::Box<double> const& box, Colour const& colour) {
   Glib::TextDescription description(LightweightString<wchar_t>(text), box, UifStd::getFont(), colour);
   description.verticalAlignment = Glib::eTextVerticalAlignment::Centre;
@@ -293,10 +299,11 @@ WidgetSurround TextBoxBase::getLightInsetSurround() { return WidgetSurround::all
 
 void TextBoxBase::drawBackground(CanvasRenderer& renderer) {
   Palette const palette = fieldPalette();
-  Colour const edge = hasKbdFocus() ? palette.selection() : palette.window(-3);
+  Colour const around = getPalette().window();
+  Colour const edge = unlessActive(*this, hasKbdFocus() ? palette.selection() : palette.window(-3), around);
   double const radius = UifStd::getIndentWidth();
-  renderer.renderPrimitive(
-      Glib::RoundedRectDescription(Glib::toDoubleBox(getFieldBox()), radius, palette.window(), edge, lineWidth()));
+  renderer.renderPrimitive(Glib::RoundedRectDescription(
+      Glib::toDoubleBox(getFieldBox()), radius, unlessActive(*this, palette.window(), around), edge, lineWidth()));
 }
 
 void TextBoxBase::draw(CanvasRenderer& renderer) {
@@ -310,8 +317,8 @@ void TextBoxBase::draw(CanvasRenderer& renderer) {
   if (editor_.size() == 0) {
     std::wstring const ghost = ghostLabel_.empty() ? std::wstring() : ghostLabel_.getString().str();
     if (!ghost.empty()) {
-      Glib::TextDescription description =
-          textIn(ghost, Zo::Box<double>(area.x0, field.y0, area.x1, field.y1), palette.text(-8));
+      Glib::TextDescription description = textIn(ghost, Zo::Box<double>(area.x0, field.y0, area.x1, field.y1),
+                                                 unlessActive(*this, palette.text(-8), palette.window()));
       description.alignment = alignment_;
       renderer.renderPrimitive(description);
     }
@@ -321,7 +328,7 @@ void TextBoxBase::draw(CanvasRenderer& renderer) {
   double const originX = textOriginX();
   Glib::TextDescription text =
       textIn(displayText(), Zo::Box<double>(originX, field.y0, originX + widths.back() + 1.0, field.y1),
-             editable_ ? palette.text() : palette.text(-4));
+             unlessActive(*this, editable_ ? palette.text() : palette.text(-4), palette.window()));
   Glib::FontMetrics const metrics = Glib::TextLayout::fontMetrics(text.font);
   double const baseline = text.baselineStart().y;
   double const textBottom = std::floor(baseline - metrics.descent);

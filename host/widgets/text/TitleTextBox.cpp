@@ -25,7 +25,9 @@ void TitleTextBox::drawBackground(CanvasRenderer& renderer) {
   renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), palette.window()));
   if (!title_.empty()) {
     Zo::Box<double> const legend(0, 0, std::max(0, titleWidth() - UifStd::getWidgetGap()), height());
-    renderer.renderPrimitive(Glib::TextDescription(title_.getString(), legend, UifStd::getFont(), palette.text()));
+    // Dimmed with the field when inactive.
+    Colour const text = isActive() ? palette.text() : Colour::mix(palette.text(), palette.window(), 0.45);
+    renderer.renderPrimitive(Glib::TextDescription(title_.getString(), legend, UifStd::getFont(), text));
   }
   TextBoxBase::drawBackground(renderer);
 }

@@ -12,6 +12,7 @@
 
 #include "host/drawing/IconTestSupport.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -63,6 +64,18 @@ struct TextBoxTest : HeadlessScreenTest {
   void typeInto(Glob& target, std::string const& text) {
     HeadlessInput::clickOn(target);
     HeadlessInput::typeText(text);
+  }
+
+  // The brightest channel sum over columns x0 to x1 of a widget: text is the
+  // brightest thing in a box on a dark theme.
+  int brightestBetween(Glob const& widget, int x0, int x1) {
+    int brightest = 0;
+    for (int y = 0; y < widget.height(); ++y)
+      for (int x = x0; x < x1; ++x) {
+        Rgb const rgb = rgbOf(widgetPixel(widget, XY<int>(x, y)));
+        brightest = std::max(brightest, rgb.r + rgb.g + rgb.b);
+      }
+    return brightest;
   }
 };
 
@@ -395,6 +408,32 @@ TEST_F(TextBoxTest, ATitleTextBoxEditsOnlyInItsField) {
   typeInto(*titled, "alpha beta");
   HeadlessInput::doubleClick(HeadlessInput::pointOn(*titled, boundary(*titled, text, 2)));
   EXPECT_EQ(titled->editor().selectedText(), L"alpha");
+}
+
+TEST_F(TextBoxTest, AnInactiveBoxIsDrawnDimmedAndTakesNoTyping) {
+  TitleTextBox::InitArgs args(GlobCreationInfo(XY<int>(300, UifStd::getRowHeight())));
+  args.title = L"Name";
+  args.titleWidth = 80;
+  auto* titled = panel->createWidget<TitleTextBox>(args, Glob::Below(10));
+  titled->setString(L"Take 12");
+  pump();
+  int const legendActive = brightestBetween(*titled, 0, 70);
+  int const textActive = brightestBetween(*titled, 85, 200);
+  titled->setActive(false, kRedrawNow);
+  pump();
+  int const legendInactive = brightestBetween(*titled, 0, 70);
+  int const textInactive = brightestBetween(*titled, 85, 200);
+  // Dimmed, as an inactive check box's label is, yet still readable.
+  EXPECT_LT(legendInactive, legendActive * 3 / 4);
+  EXPECT_LT(textInactive, textActive * 3 / 4);
+  EXPECT_GT(textInactive, brightestBetween(*titled, 260, 290) + 60);
+  typeInto(*titled, "x");
+  EXPECT_EQ(titled->getString(), WString(L"Take 12"));
+  EXPECT_FALSE(titled->hasKbdFocus());
+  titled->setActive(true, kRedrawNow);
+  pump();
+  EXPECT_EQ(brightestBetween(*titled, 0, 70), legendActive);
+  EXPECT_EQ(brightestBetween(*titled, 85, 200), textActive);
 }
 
 TEST_F(TextBoxTest, TheCaretStaysInViewInALongText) {
