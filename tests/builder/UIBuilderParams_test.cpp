@@ -9,6 +9,7 @@
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 
 using namespace BuilderTest;
 
@@ -179,6 +180,29 @@ TEST_F(UIBuilderParamsTest, TwoConditionsOnOneRowMakeItActiveOnlyWhenBothHold) {
   EXPECT_TRUE(row->isActive());
   a->setValueFromString(L"false");
   EXPECT_FALSE(row->isActive());
+}
+
+TEST_F(UIBuilderParamsTest, AnInactiveSliderRowTakesNoClickWheelOrTypingAndLooksInactive) {
+  Zo::Ptr<iParam> gate = boolParam("gate", false);
+  Zo::Ptr<iParam> dependent = intParam("dep", 5, 0, 10);
+  dependent->setActiveIf(GenericParam::Condition("gate", L"true"));
+  Zo::Ptr<UIBuilder::Params> built = build(ParamList{gate, dependent});
+  auto* row = rowWidget<SliderParamHost>(*built, "dep");
+  Slider* slider = row->getTitledSlider()->getChild();
+  NumericTextBox* box = row->getTextBox();
+  ASSERT_NE(box, nullptr);
+  EXPECT_FALSE(slider->isActive());
+  EXPECT_FALSE(box->isActive());
+  HeadlessInput::clickOn(*slider, XY<int>(slider->width() - 2, slider->height() / 2));
+  HeadlessInput::wheel(HeadlessInput::pointOn(*slider), 2);
+  HeadlessInput::clickOn(*box);
+  HeadlessInput::typeText("9\n");
+  EXPECT_EQ(dependent->getValueAsString(), L"5");
+  // Made active, the same click takes it.
+  gate->setValueFromString(L"true");
+  EXPECT_TRUE(slider->isActive());
+  HeadlessInput::clickOn(*slider, XY<int>(slider->width() - 2, slider->height() / 2));
+  EXPECT_NE(dependent->getValueAsString(), L"5");
 }
 
 TEST_F(UIBuilderParamsTest, AConditionOnAMissingParameterKeepsTheRowInactive) {

@@ -38,6 +38,12 @@ int TitleGlob::legendWidth() const { return legendWidthIn(legend_, getFont()); }
 
 int TitleGlob::calcLegendWidth(UIString const& legend) { return legendWidthIn(legend, UifStd::getFont()); }
 
+void TitleGlob::setActive(bool active, eRedrawFlag redraw) {
+  if (Glob* child = getChildGlob())
+    child->setActive(active, kNoRedraw);
+  Glob::setActive(active, redraw);
+}
+
 void TitleGlob::resize(double newWidth, double newHeight) {
   int const widthChange = static_cast<int>(newWidth) - width();
   Glob* const child = getChildGlob();

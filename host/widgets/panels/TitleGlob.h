@@ -47,6 +47,8 @@ public:
 
   void resize(double width, double height) override;
   void removeWidget(Glob* child) override;
+  // The titled widget goes with its legend: an inactive row takes no input.
+  void setActive(bool active, eRedrawFlag redraw) override;
 
 protected:
   void draw(CanvasRenderer& renderer) override;

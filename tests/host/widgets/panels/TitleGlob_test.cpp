@@ -71,6 +71,22 @@ TEST_F(TitleGlobTest, ARemovedChildIsForgotten) {
   EXPECT_EQ(row->width(), 350);
 }
 
+TEST_F(TitleGlobTest, AnInactiveRowMakesItsChildInactiveAndAClickOnItChangesNothing) {
+  Slider* child = makeChild(200);
+  row->setChildGlob(child);
+  child->setValueRange(0, 100);
+  double value = 50;
+  child->setNewWidgetValue(value, kRedrawNow);
+  row->setActive(false, kRedrawNow);
+  EXPECT_FALSE(child->isActive());
+  HeadlessInput::clickOn(*child, XY<int>(child->width() - 4, child->height() / 2));
+  EXPECT_EQ(child->getWidgetValue(), 50);
+  row->setActive(true, kRedrawNow);
+  EXPECT_TRUE(child->isActive());
+  HeadlessInput::clickOn(*child, XY<int>(child->width() - 4, child->height() / 2));
+  EXPECT_GT(child->getWidgetValue(), 50);
+}
+
 TEST_F(TitleGlobTest, TheLegendIsDrawnLeftOfTheChild) {
   row->setChildGlob(makeChild(200));
   Zo::Image::Surface const shot = HeadlessScreen::windowShot(*panel);
