@@ -47,28 +47,11 @@ bool hasColourGlyphs(PangoFont* font) {
 ShapingFont::ShapingFont(PangoFont* font)
     : font_(font ? PANGO_FONT(g_object_ref(font)) : nullptr), colourGlyphs_(Glib::detail::hasColourGlyphs(font)) {}
 
-ShapingFont::ShapingFont(ShapingFont&& other) noexcept
-    : font_(std::exchange(other.font_, nullptr)), colourGlyphs_(other.colourGlyphs_), asked_(other.asked_),
-      present_(other.present_) {}
-
-ShapingFont& ShapingFont::operator=(ShapingFont&& other) noexcept {
-  std::swap(font_, other.font_);
-  std::swap(colourGlyphs_, other.colourGlyphs_);
-  std::swap(asked_, other.asked_);
-  std::swap(present_, other.present_);
-  return *this;
-}
-
-ShapingFont::~ShapingFont() {
-  if (font_)
-    g_object_unref(font_);
-}
-
 bool ShapingFont::has(wchar_t c) {
   std::size_t const index = static_cast<std::size_t>(c - kFirst);
   if (!asked_[index]) {
     asked_[index] = true;
-    present_[index] = font_ && pango_font_has_char(font_, static_cast<gunichar>(c));
+    present_[index] = font_ && pango_font_has_char(font_.get(), static_cast<gunichar>(c));
   }
   return present_[index];
 }

@@ -8,6 +8,7 @@
 #include <pango/pango.h>
 
 #include <bitset>
+#include <memory>
 
 class CoverageMask;
 
@@ -22,13 +23,8 @@ class GlyphMasks;
 class ZO_API ShapingFont {
 public:
   explicit ShapingFont(PangoFont* font);
-  ShapingFont(ShapingFont&& other) noexcept;
-  ShapingFont& operator=(ShapingFont&& other) noexcept;
-  ShapingFont(ShapingFont const&) = delete;
-  ShapingFont& operator=(ShapingFont const&) = delete;
-  ~ShapingFont();
 
-  PangoFont* font() const noexcept { return font_; }
+  PangoFont* font() const noexcept { return font_.get(); }
   bool hasColourGlyphs() const noexcept { return colourGlyphs_; }
   // Whether the font has `c`, one of the characters isSimple() accepts.
   bool has(wchar_t c);
@@ -45,7 +41,10 @@ private:
   static constexpr wchar_t kLast = 0x24f;
   static constexpr std::size_t kCount = kLast - kFirst + 1;
 
-  PangoFont* font_ = nullptr;
+  struct Unreference {
+    void operator()(PangoFont* font) const noexcept { g_object_unref(font); }
+  };
+  std::unique_ptr<PangoFont, Unreference> font_;
   bool colourGlyphs_ = false;
   std::bitset<kCount> asked_;
   std::bitset<kCount> present_;
