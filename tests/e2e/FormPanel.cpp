@@ -55,6 +55,14 @@ FormPanel::FormPanel(XY<int> screenPosition, Source source) {
   params_ = ParamList{Zo::Ptr<iParam>(new TextParam(L"Title", "title", {}, L"")),
                       Zo::Ptr<iParam>(new IntParam(L"Count", "count", {}, 20, 0, 100)),
                       Zo::Ptr<iParam>(new ChoiceParam(L"Mode", "mode", {}, 1, modes))};
+  if (source == Source::kParameters) {
+    // A row that takes input only while another is ticked (a description
+    // keeps no such rule).
+    Zo::Ptr<iParam> gain(new IntParam(L"Gain", "gain", {}, 5, 0, 10));
+    gain->setActiveIf(Condition("unlock", L"true"));
+    params_.push_back(Zo::Ptr<iParam>(new BoolParam(L"Unlock", "unlock", {}, false)));
+    params_.push_back(gain);
+  }
   StandardPanel::InitArgs args(StandardPanel::calcPanelSize(XY<int>(row * 16, UIBuilder::calcHeight(params_, 0)),
                                                             StandardPanel::kTitle, StandardPanel::getDefaultBorder()));
   args.screenPosition = screenPosition;
@@ -85,8 +93,16 @@ std::string FormPanel::stateJson(std::string (*toScreen)(Zo::Box<int> const&)) c
   out << valuesJson() << ",\"box\":" << quoted(count->getTextBox()->getString())
       << ",\"textbox\":" << toScreen(text->getFieldBox().translated(text->screenPosition()))
       << ",\"thumb\":" << toScreen(trackPoint(slider, slider.getPosition()))
-      << ",\"at80\":" << toScreen(trackPoint(slider, 80)) << ",\"menubutton\":" << toScreen(screenBoxOf(button))
-      << ",\"menu\":[";
+      << ",\"at80\":" << toScreen(trackPoint(slider, 80)) << ",\"menubutton\":" << toScreen(screenBoxOf(button));
+  if (auto* gain = static_cast<SliderParamHost*>(rowChild(*built_, "gain"))) {
+    Slider const& gainSlider = *gain->getSlider();
+    out << ",\"gain\":" << quoted(params_[4]->getValueAsString())
+        << ",\"gainthumb\":" << toScreen(trackPoint(gainSlider, gainSlider.getPosition()))
+        << ",\"gainat9\":" << toScreen(trackPoint(gainSlider, 9))
+        << ",\"unlock\":" << toScreen(screenBoxOf(*rowChild(*built_, "unlock")));
+  }
+  // The menu's rows come last: the cases read them up to the end.
+  out << ",\"menu\":[";
   if (MenuWindow* menu = button.getMenuWindow())
     for (int i = 0; i < menu->menu().size(); ++i)
       out << (i ? "," : "") << toScreen(menu->rowBox(i).translated(menu->screenPosition()));

@@ -367,6 +367,23 @@ form_slider | jsonform_slider)
   [ "$count" -ge 78 ] && [ "$count" -le 82 ] || fail "count after the drag is $count, not about 80"
   expect "numeric box beside the slider" "$(field "$form" box)" "$count"
   ;;
+form_inactive)
+  # Gain takes input only while Unlock is ticked.
+  form=$(ask form)
+  expect "gain before" "$(field "$form" gain)" 5
+  read -r x y <<<"$(centre "$form" gainthumb)"
+  read -r to_x to_y <<<"$(centre "$form" gainat9)"
+  drag_to "$x" "$y" "$to_x" "$to_y"
+  sleep 0.3
+  expect "gain after a drag while locked" "$(field "$(ask form)" gain)" 5
+  read -r x y <<<"$(centre "$form" unlock)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.3
+  read -r x y <<<"$(centre "$form" gainthumb)"
+  drag_to "$x" "$y" "$to_x" "$to_y"
+  sleep 0.3
+  expect "gain after a drag once unlocked" "$(field "$(ask form)" gain)" 9
+  ;;
 form_menu | jsonform_menu)
   read -r x y <<<"$(centre "$(ask form)" menubutton)"
   xdotool mousemove "$x" "$y" click 1
