@@ -24,14 +24,16 @@ protected:
 template <class T> class UIBuilder::HostWidget : public UIBuilder::HostWidgetBase {
 public:
   struct InitArgs : GlobCreationInfo {
-    InitArgs() = default;
-    explicit InitArgs(typename T::InitArgs const& args) : GlobCreationInfo(args.size), childArgs(args) {}
-    typename T::InitArgs childArgs;
+    explicit InitArgs(typename T::InitArgs const& args) : GlobCreationInfo(args.size), childArgs(&args) {}
+    // The child's arguments, which outlive the host's making: held by
+    // address, as a choice row's arguments hold all its choices and the
+    // host's arguments are copied on the way to the host.
+    typename T::InitArgs const* childArgs;
   };
 
   // The child fills the host, less the gap kept below it.
   explicit HostWidget(InitArgs const& args) : HostWidgetBase(args) {
-    child_ = createChild<T>(args.childArgs, Glob::TopLeft(0, 0));
+    child_ = createChild<T>(*args.childArgs, Glob::TopLeft(0, 0));
   }
   T* getWidget() const noexcept { return static_cast<T*>(getChild()); }
 };
