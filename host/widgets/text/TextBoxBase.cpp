@@ -239,30 +239,49 @@ Zo::Box<int> TextBoxBase::textArea() const {
   return area;
 }
 
-std::vector<double> const& TextBoxBase::prefixWidths() const {
+void TextBoxBase::measureWhenChanged() const {
   std::wstring const text = displayText();
-  Glib::FontDesc const font = UifStd::getFont();
-  if (prefixWidths_.empty() || text != measuredText_ || font.size() != measuredFontSize_) {
-    measuredText_ = text;
-    measuredFontSize_ = font.size();
+  unsigned const fontSize = UifStd::getFont().size();
+  if (measured_ && text == measuredText_ && fontSize == measuredFontSize_)
+    return;
+  measured_ = true;
+  measuredText_ = text;
+  measuredFontSize_ = fontSize;
+  textWidth_ = text.empty()
+                   ? 0.0
+                   : Glib::TextDescription::calcBounds(LightweightString<wchar_t>(text), UifStd::getFont()).width();
+  prefixWidths_.clear();
+}
+
+double TextBoxBase::textWidth() const {
+  measureWhenChanged();
+  return textWidth_;
+}
+
+std::vector<double> const& TextBoxBase::prefixWidths() const {
+  measureWhenChanged();
+  if (prefixWidths_.empty()) {
+    Glib::FontDesc const font = UifStd::getFont();
     prefixWidths_.assign(1, 0.0);
-    for (std::size_t length = 1; length <= text.size(); ++length)
+    for (std::size_t length = 1; length < measuredText_.size(); ++length)
       prefixWidths_.push_back(
-          Glib::TextDescription::calcBounds(LightweightString<wchar_t>(text.substr(0, length)), font).width());
+          Glib::TextDescription::calcBounds(LightweightString<wchar_t>(measuredText_.substr(0, length)), font).width());
+    if (!measuredText_.empty())
+      prefixWidths_.push_back(textWidth_);
   }
   return prefixWidths_;
 }
 
 double TextBoxBase::textOriginX() const {
   Zo::Box<int> const area = textArea();
-  double const textWidth = prefixWidths().back();
-  if (textWidth > area.width())
+  double const width = textWidth();
+  if (width > area.width())
     return area.x0 - scroll_;
   switch (alignment_) {
   case Glib::eTextAlignment::Centre:
-    return area.x0 + std::floor((area.width() - textWidth) / 2.0);
+    return area.x0 + std::floor((area.width() - width) / 2.0);
   case Glib::eTextAlignment::Right:
-    return area.x1 - textWidth;
+    return area.x1 - width;
   default:
     return area.x0;
   }
@@ -281,12 +300,12 @@ std::size_t TextBoxBase::indexAt(int x) const {
 }
 
 void TextBoxBase::scrollToCaret() {
-  std::vector<double> const& widths = prefixWidths();
   double const visible = std::max(0, textArea().width() - static_cast<int>(lineWidth()));
-  if (widths.back() <= visible) {
+  if (textWidth() <= visible) {
     scroll_ = 0.0;
     return;
   }
+  std::vector<double> const& widths = prefixWidths();
   double const caretX = widths[editor_.caret()];
   if (caretX - scroll_ > visible)
     scroll_ = caretX - visible;
@@ -324,10 +343,9 @@ void TextBoxBase::draw(CanvasRenderer& renderer) {
     }
   }
 
-  std::vector<double> const& widths = prefixWidths();
   double const originX = textOriginX();
   Glib::TextDescription text =
-      textIn(displayText(), Zo::Box<double>(originX, field.y0, originX + widths.back() + 1.0, field.y1),
+      textIn(displayText(), Zo::Box<double>(originX, field.y0, originX + textWidth() + 1.0, field.y1),
              unlessActive(*this, editable_ ? palette.text() : palette.text(-4), palette.window()));
   Glib::FontMetrics const metrics = Glib::TextLayout::fontMetrics(text.font);
   double const baseline = text.baselineStart().y;
@@ -335,6 +353,7 @@ void TextBoxBase::draw(CanvasRenderer& renderer) {
   double const textTop = std::ceil(baseline + metrics.ascent);
 
   if (focused && editor_.hasSelection()) {
+    std::vector<double> const& widths = prefixWidths();
     Zo::Box<double> const selection(std::round(originX + widths[editor_.selectionStart()]), textBottom,
                                     std::round(originX + widths[editor_.selectionEnd()]), textTop);
     renderer.renderPrimitive(Glib::RectDescription(selection, palette.selection()));
@@ -342,7 +361,7 @@ void TextBoxBase::draw(CanvasRenderer& renderer) {
   if (editor_.size() != 0)
     renderer.renderPrimitive(text);
   if (focused && editable_) {
-    double const caretX = std::round(originX + widths[editor_.caret()]);
+    double const caretX = std::round(originX + prefixWidths()[editor_.caret()]);
     renderer.renderPrimitive(Glib::RectDescription(Zo::Box<double>(caretX, textBottom, caretX + lineWidth(), textTop),
                                                    palette.headingText()));
   }

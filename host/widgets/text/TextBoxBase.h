@@ -106,8 +106,11 @@ private:
   std::wstring displayText() const;
   Zo::Box<int> textArea() const;
   Zo::Box<int> eyeBox() const;
-  // Advance widths of every prefix of the displayed text.
+  // The displayed text's width; and the advance widths of every prefix of
+  // it, measured only when a caret, a selection or a click needs them.
+  double textWidth() const;
   std::vector<double> const& prefixWidths() const;
+  void measureWhenChanged() const;
   double textOriginX() const;
   std::size_t indexAt(int x) const;
   void scrollToCaret();
@@ -119,8 +122,10 @@ private:
   UIString ghostLabel_;
   Glib::eTextAlignment alignment_ = Glib::eTextAlignment::Left;
   std::vector<CallbackRequest> callbackRequests_;
+  mutable bool measured_ = false;
   mutable std::wstring measuredText_;
   mutable unsigned measuredFontSize_ = 0;
+  mutable double textWidth_ = 0.0;
   mutable std::vector<double> prefixWidths_;
   double scroll_ = 0.0;
   bool editable_ = true;

@@ -1,6 +1,7 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/drawing/TextLayout.h>
 
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -434,6 +435,21 @@ TEST_F(TextBoxTest, AnInactiveBoxIsDrawnDimmedAndTakesNoTyping) {
   pump();
   EXPECT_EQ(brightestBetween(*titled, 0, 70), legendActive);
   EXPECT_EQ(brightestBetween(*titled, 85, 200), textActive);
+}
+
+TEST_F(TextBoxTest, AValueShownWithoutTheFocusIsMeasuredWholeNotCharacterByCharacter) {
+  // A number box beside a dragged slider shows a new value at every move:
+  // only the whole text is laid out, not each of its beginnings.
+  pump();
+  std::size_t const before = Glib::TextLayout::layoutsMade();
+  WString value(L"8613427905");
+  box->setNewWidgetValue(value, kRedrawNow);
+  pump();
+  EXPECT_LE(Glib::TextLayout::layoutsMade() - before, 1u);
+  // Clicked, the caret still lands between the right characters.
+  std::wstring const text = value.str();
+  HeadlessInput::clickOn(*box, boundary(*box, text, 4));
+  EXPECT_EQ(box->editor().caret(), 4u);
 }
 
 TEST_F(TextBoxTest, TheCaretStaysInViewInALongText) {
