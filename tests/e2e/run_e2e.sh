@@ -166,6 +166,15 @@ drag_to() {
   done
   xdotool mouseup 1
 }
+# Drags from the centre of the box field FROM of a state line to the centre
+# of its box field TO, and waits for the program to take it.
+drag_between() {
+  local x y to_x to_y
+  read -r x y <<<"$(centre "$1" "$2")"
+  read -r to_x to_y <<<"$(centre "$1" "$3")"
+  drag_to "$x" "$y" "$to_x" "$to_y"
+  sleep 0.3
+}
 text() { sed -E 's/.*"text":"(([^"\\]|\\.)*)".*/\1/' <<<"$1"; }
 expect() {
   [ "$2" = "$3" ] || fail "$1: expected '$3', got '$2'"
@@ -358,10 +367,7 @@ form_text | jsonform_text)
 form_slider | jsonform_slider)
   form=$(ask form)
   expect "count before" "$(field "$form" count)" 20
-  read -r x y <<<"$(centre "$form" thumb)"
-  read -r to_x to_y <<<"$(centre "$form" at80)"
-  drag_to "$x" "$y" "$to_x" "$to_y"
-  sleep 0.3
+  drag_between "$form" thumb at80
   form=$(ask form)
   count=$(field "$form" count)
   [ "$count" -ge 78 ] && [ "$count" -le 82 ] || fail "count after the drag is $count, not about 80"
@@ -371,17 +377,12 @@ form_inactive)
   # Gain takes input only while Unlock is ticked.
   form=$(ask form)
   expect "gain before" "$(field "$form" gain)" 5
-  read -r x y <<<"$(centre "$form" gainthumb)"
-  read -r to_x to_y <<<"$(centre "$form" gainat9)"
-  drag_to "$x" "$y" "$to_x" "$to_y"
-  sleep 0.3
+  drag_between "$form" gainthumb gainat9
   expect "gain after a drag while locked" "$(field "$(ask form)" gain)" 5
   read -r x y <<<"$(centre "$form" unlock)"
   xdotool mousemove "$x" "$y" click 1
   sleep 0.3
-  read -r x y <<<"$(centre "$form" gainthumb)"
-  drag_to "$x" "$y" "$to_x" "$to_y"
-  sleep 0.3
+  drag_between "$form" gainthumb gainat9
   expect "gain after a drag once unlocked" "$(field "$(ask form)" gain)" 9
   ;;
 form_menu | jsonform_menu)
