@@ -70,12 +70,17 @@ std::vector<Zo::Box<int>> cacheSizedBands(Zo::Box<int> const& area) {
 }
 
 // A child's box on the canvas, its parent's bottom-left corner lying at
-// `origin`, if it shows and paints opaquely; empty otherwise.
+// `origin`.
+Zo::Box<int> canvasBoxOf(Glob const& widget, XY<int> origin) {
+  XY<int> const at = origin + widget.getPosition();
+  return Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height());
+}
+
+// The same if the child shows and paints opaquely; empty otherwise.
 Zo::Box<int> opaqueBoxOf(Glob const& widget, XY<int> origin) {
   if (!widget.isVisible() || !widget.paintsOpaquely())
     return {};
-  XY<int> const at = origin + widget.getPosition();
-  return Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height());
+  return canvasBoxOf(widget, origin);
 }
 
 // How the opaque children of a widget, its bottom-left corner lying at
@@ -179,10 +184,8 @@ void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> o
     // Most children of a long panel lie outside a repaint or a band: they
     // are passed over here, without a call.
     Glob& widget = **child;
-    XY<int> const at = origin + widget.position_;
-    if (widget.visible_ &&
-        !Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height()).intersect(shown).empty())
-      widget.paintAt(renderer, area, at);
+    if (widget.visible_ && !canvasBoxOf(widget, origin).intersect(shown).empty())
+      widget.paintAt(renderer, area, origin + widget.position_);
   }
   renderer.setOrigin(origin);
   renderer.setClipBox(shown);
