@@ -154,7 +154,7 @@ void ImageThumbnailBrowser::ImageItem::draw(CanvasRenderer& renderer) {
   Look const look = lookFor(getPalette());
   Colour text = isSelected() ? look.selectedText : look.text;
   if (!isActive())
-    text = Colour::mix(text, look.background, 0.45);
+    text = Palette::inactive(text, look.background);
   int const left =
       showThumbnails_ ? std::min(maxThumbWidth(), height() * 3 / 2) + look.textIndent / 2 : look.textIndent;
   Zo::Box<double> const area(left, 0, width() - look.textIndent, height());

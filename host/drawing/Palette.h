@@ -44,6 +44,11 @@ public:
 
   // The shading rule above, for any colour.
   static Colour shaded(Colour const& colour, int shade) noexcept;
+  // How an inactive widget draws `colour` over `behind`: 45% of the way to
+  // it, so the widget still reads but is plainly not for use.
+  static Colour inactive(Colour const& colour, Colour const& behind) noexcept {
+    return Colour::mix(colour, behind, 0.45);
+  }
   // Relative luminance (0 black .. 1 white) of the sRGB channels.
   static double luminance(Colour const& colour) noexcept;
   // True when the window colour is darker than mid grey.

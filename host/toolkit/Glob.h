@@ -340,10 +340,6 @@ private:
   XY<int> placeChild(Glob const& child, Glob const* sibling) const;
   // paint() with this widget's canvas position known.
   void paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> origin);
-  // The lowest of the topmost opaque children that together cover `area`,
-  // hiding this widget's own drawing and the children before them there;
-  // end() if they do not.
-  std::vector<Glob*>::const_iterator topmostChildCovering(Zo::Box<int> const& area, XY<int> origin) const;
   Zo::Box<int> placementArea(WidgetPosition::eArea area) const;
 
   Glob* parent_ = nullptr;

@@ -86,11 +86,11 @@ Zo::Box<int> opaqueBoxOf(Glob const& widget, XY<int> origin) {
 // How the opaque children of a widget, its bottom-left corner lying at
 // `origin`, meet an area (canvas box).
 struct ChildCover {
-  // Together they hide the whole area.
-  bool hidden = false;
-  // The topmost child that hides it alone, if one does; the children under
-  // it need no painting.
-  std::optional<std::size_t> alone;
+  // The lowest of the topmost children that together hide the whole area (a
+  // page of rows scrolled in hides the list behind it, though no one row
+  // does); the widget's own drawing and the children under it need no
+  // painting. None when they do not hide it.
+  std::optional<std::size_t> first;
   // What they leave showing when they hide part of it; null when they hide
   // all of it or none reaches into it.
   Zo::Ptr<iRegion> uncovered;
@@ -98,34 +98,29 @@ struct ChildCover {
 
 ChildCover coverByChildren(Glob const& parent, Zo::Box<int> const& area, XY<int> origin) {
   ChildCover cover;
-  // One child over the whole area is the common case (a row repainted
-  // alone), and is told without a region.
-  bool any = false;
+  // Taken from the top down. One child over the whole area is the common
+  // case (a row repainted alone), and is told without a region.
+  std::optional<PixmanRegion> uncovered;
   std::vector<Glob*> const& children = parent.getChildren();
   for (std::size_t index = children.size(); index-- > 0;) {
     Zo::Box<int> const box = opaqueBoxOf(*children[index], origin).intersect(area);
     if (box.empty())
       continue;
-    if (box == area) {
-      cover.hidden = true;
-      cover.alone = index;
+    if (!uncovered) {
+      if (box == area) {
+        cover.first = index;
+        return cover;
+      }
+      uncovered.emplace(area);
+    }
+    uncovered->subtract(box);
+    if (uncovered->empty()) {
+      cover.first = index;
       return cover;
     }
-    any = true;
   }
-  if (!any)
-    return cover;
-  // The area is a band at most, so the rows that cut it are few.
-  PixmanRegion uncovered(area);
-  for (Glob const* widget : children) {
-    Zo::Box<int> const box = opaqueBoxOf(*widget, origin).intersect(area);
-    if (!box.empty())
-      uncovered.subtract(box);
-  }
-  if (uncovered.empty())
-    cover.hidden = true;
-  else
-    cover.uncovered = Zo::Ptr<iRegion>(new iRegion(uncovered.boxes()));
+  if (uncovered)
+    cover.uncovered = Zo::Ptr<iRegion>(new iRegion(uncovered->boxes()));
   return cover;
 }
 
@@ -165,9 +160,7 @@ void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> o
   renderer.setOrigin(origin);
   renderer.setClipBox(shown);
   ChildCover const cover = coverByChildren(*this, shown, origin);
-  auto first = cover.alone    ? children_.begin() + static_cast<std::ptrdiff_t>(*cover.alone)
-               : cover.hidden ? topmostChildCovering(shown, origin)
-                              : children_.end();
+  auto first = cover.first ? children_.begin() + static_cast<std::ptrdiff_t>(*cover.first) : children_.end();
   if (first == children_.end()) {
     // What opaque children hide would be painted over at once: the widget's
     // own background and drawing are left out there. A clip is set only when
@@ -191,23 +184,6 @@ void Glob::paintAt(CanvasRenderer& renderer, Zo::Box<int> const& clip, XY<int> o
   renderer.setClipBox(shown);
   drawBorder(renderer);
   renderer.addModifiedArea(shown);
-}
-
-std::vector<Glob*>::const_iterator Glob::topmostChildCovering(Zo::Box<int> const& area, XY<int> origin) const {
-  // Opaque children are taken from the top down until together they hide
-  // the area: a page of rows scrolled in hides the list behind it, though no
-  // one row does. Asked only once they are known to hide it together.
-  PixmanRegion uncovered(area);
-  for (auto child = children_.end(); child != children_.begin();) {
-    --child;
-    Zo::Box<int> const box = opaqueBoxOf(**child, origin).intersect(area);
-    if (box.empty())
-      continue;
-    uncovered.subtract(box);
-    if (uncovered.empty())
-      return child;
-  }
-  return children_.end();
 }
 
 void Glob::drawBackground(CanvasRenderer& renderer) {

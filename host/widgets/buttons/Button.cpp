@@ -248,7 +248,7 @@ Zo::Box<int> Button::labelBox() const { return Zo::Box<int>(0, 0, width(), heigh
 Colour Button::labelColour() const {
   Palette const& palette = getPalette();
   if (!isActive())
-    return Colour::mix(palette.text(), palette.window(), 0.45);
+    return Palette::inactive(palette.text(), palette.window());
   if (style_ == kStyleLink)
     return textColour_.use() ? textColour_ : palette.subheadingText();
   return textColour_.use() ? textColour_ : palette.text();

@@ -120,7 +120,7 @@ void Checkbox::draw(CanvasRenderer& renderer) {
   else
     drawTickBox(renderer, box);
   Palette const& palette = getPalette();
-  Colour const text = isActive() ? palette.text() : Colour::mix(palette.text(), palette.window(), 0.45);
+  Colour const text = isActive() ? palette.text() : Palette::inactive(palette.text(), palette.window());
   Zo::Box<double> const labelArea(box.x1 + UifStd::getWidgetGap() * 2, 0, width(), height());
   renderer.renderPrimitive(Glib::TextDescription(label_, labelArea, UifStd::getFont(), text));
   if (hasKbdFocus()) {

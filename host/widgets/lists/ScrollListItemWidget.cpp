@@ -71,7 +71,7 @@ void ScrollListItemWidget::draw(CanvasRenderer& renderer) {
   Look const look = lookFor(getPalette());
   Colour text = selected_ ? look.selectedText : look.text;
   if (!isActive())
-    text = Colour::mix(text, look.background, 0.45);
+    text = Palette::inactive(text, look.background);
   Zo::Box<double> const area(look.textIndent, 0, width() - look.textIndent, height());
   renderer.renderPrimitive(Glib::TextDescription(getLabel(), area, UifStd::getFont(), text));
 }

@@ -172,7 +172,7 @@ private:
     }
     Colour colour = current ? look.currentTitle : look.title;
     if (!isActive())
-      colour = Colour::mix(colour, look.page, 0.45);
+      colour = Palette::inactive(colour, look.page);
     Zo::Box<double> const text(box.x0 + look.padding / 2.0, box.y0 + look.edge, box.x1 - look.padding / 2.0, box.y1);
     renderer.renderPrimitive(
         Glib::TextDescription(page.title.getString(), text, UifStd::getFont(), colour, Glib::eTextAlignment::Centre));

@@ -190,6 +190,6 @@ int TitleMenuButton::react(Event const& event) {
 void TitleMenuButton::draw(CanvasRenderer& renderer) {
   Zo::Box<double> const area(0, 0, titleWidth(), height());
   Colour const text =
-      isActive() ? getPalette().text(-2) : Colour::mix(getPalette().text(), getPalette().window(), 0.45);
+      isActive() ? getPalette().text(-2) : Palette::inactive(getPalette().text(), getPalette().window());
   renderer.renderPrimitive(Glib::TextDescription(title_, area, UifStd::getFont(), text));
 }

@@ -221,7 +221,7 @@ void MenuWindow::drawRow(CanvasRenderer& renderer, int index) const {
   if (item.style == MenuItem::kHeading && !item.textColour.use())
     text = palette.subheadingText();
   else if (!item.active)
-    text = Colour::mix(text, palette.window(), 0.45);
+    text = Palette::inactive(text, palette.window());
   if (index == menu_.getSelected()) {
     double const radius = UifStd::getRowHeight() / 8.0;
     renderer.renderPrimitive(Glib::EllipseDescription::disc(

@@ -24,7 +24,7 @@ double lineWidth() { return std::max(1.0, std::round(UifStd::getScale())); }
 // An inactive box is drawn towards its background, as inactive buttons and
 // check boxes are, so that it is plain why it takes no typing.
 Colour unlessActive(Glob const& box, Colour const& colour, Colour const& background) {
-  return box.isActive() ? colour : Colour::mix(colour, background, 0.45);
+  return box.isActive() ? colour : Palette::inactive(colour, background);
 }
 
 Glib::TextDescription textIn(std::wstring const& text, Zo::Box<double> const& box, Colour const& colour) {

@@ -26,7 +26,7 @@ void TitleTextBox::drawBackground(CanvasRenderer& renderer) {
   if (!title_.empty()) {
     Zo::Box<double> const legend(0, 0, std::max(0, titleWidth() - UifStd::getWidgetGap()), height());
     // Dimmed with the field when inactive.
-    Colour const text = isActive() ? palette.text() : Colour::mix(palette.text(), palette.window(), 0.45);
+    Colour const text = isActive() ? palette.text() : Palette::inactive(palette.text(), palette.window());
     renderer.renderPrimitive(Glib::TextDescription(title_.getString(), legend, UifStd::getFont(), text));
   }
   TextBoxBase::drawBackground(renderer);
