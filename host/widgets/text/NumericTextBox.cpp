@@ -1,11 +1,39 @@
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
 
 #include <zowidgets/host/base/DataConvert.h>
+#include <zowidgets/host/base/NumberText.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
 LightweightString<wchar_t> format(double value) {
   return DataConvert::convert<double, LightweightString<wchar_t>>(value);
+}
+
+// Beyond this a fraction's digits are not worth rounding: its text is kept.
+constexpr double kLargestRounded = 1e15;
+
+// A number's text with a fraction or an exponent, and nothing else.
+bool isFraction(LightweightString<wchar_t> const& text) {
+  std::wstring_view const view = text.view();
+  return view.find_first_of(L".eE") != std::wstring_view::npos &&
+         view.find_first_not_of(L"+-.0123456789eE") == std::wstring_view::npos;
+}
+
+// Fixed-point text without the zeros that end its fraction ("0.250" reads
+// "0.25", "2.000" reads "2", "-0.000" reads "0").
+LightweightString<wchar_t> rounded(double value, int decimals) {
+  std::wstring text(Zo::WStringFromFloat(value, decimals, 0).view());
+  if (text.find(L'.') != std::wstring::npos) {
+    text.erase(text.find_last_not_of(L'0') + 1);
+    if (text.back() == L'.')
+      text.pop_back();
+  }
+  if (text == L"-0")
+    text = L"0";
+  return LightweightString<wchar_t>(text);
 }
 
 } // namespace
@@ -18,10 +46,35 @@ void NumericTextBox::setValueRange(double min, double max) {
 }
 
 double NumericTextBox::getValue() const {
-  double value = DataConvert::convert<LightweightString<wchar_t>, double>(getString());
+  bool const showsExactRounded = !exact_.empty() && !isModified() && getString() == roundedExact_;
+  LightweightString<wchar_t> const text = showsExactRounded ? exact_ : getString();
+  double value = DataConvert::convert<LightweightString<wchar_t>, double>(text);
   if (min_ != max_)
     DataConvert::constrain(value, min_, max_);
   return value;
+}
+
+int NumericTextBox::shownDecimals() const {
+  constexpr int kWithoutRange = 6;
+  double const span = std::abs(max_ - min_);
+  if (span == 0.0 || !std::isfinite(span))
+    return kWithoutRange;
+  return std::clamp(static_cast<int>(std::ceil(3.0 - std::log10(span))), 0, kWithoutRange);
+}
+
+void NumericTextBox::setNewWidgetValue(LightweightString<wchar_t>& value, eRedrawFlag redraw) {
+  exact_ = roundedExact_ = LightweightString<wchar_t>();
+  double const number = DataConvert::convert<LightweightString<wchar_t>, double>(value);
+  if (!isFraction(value) || !std::isfinite(number) || std::abs(number) >= kLargestRounded) {
+    TextBox::setNewWidgetValue(value, redraw);
+    return;
+  }
+  LightweightString<wchar_t> shown = rounded(number, shownDecimals());
+  TextBox::setNewWidgetValue(shown, redraw);
+  if (shown != value) {
+    exact_ = value;
+    roundedExact_ = shown;
+  }
 }
 
 int NumericTextBox::handleKeyboardEvent(int key) {
@@ -51,7 +104,11 @@ void NumericTextBox::step(double delta) {
 void NumericTextBox::commit(bool force) {
   if (!force && !isModified())
     return;
-  // Show what is sent: the number as the data will hold it.
-  setString(format(getValue()));
+  // Send the number as the data will hold it, then show it as a value from
+  // the data is shown, unless the data's answer has already done so.
+  LightweightString<wchar_t> sent = format(getValue());
+  setString(sent);
   TextBox::commit(true);
+  if (getString() == sent)
+    setNewWidgetValue(sent, kRedrawNow);
 }

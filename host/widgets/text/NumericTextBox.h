@@ -5,6 +5,12 @@
 // A text box for a number: only digits, a sign and a decimal point may be
 // typed; what goes to the adaptor is kept inside the value range; Up and
 // Down step the value by one.
+//
+// A fraction that comes from the data is shown rounded to the digits its
+// range makes worth reading (three significant ones across the range; six
+// decimals without one), as a dragged slider gives values such as
+// 0.5416666666666666. The data keeps the exact value: until the user edits
+// the box, Return, Up and Down work from it, not from the rounded text.
 class ZO_API NumericTextBox : public TextBox {
 public:
   using TextBox::InitArgs;
@@ -14,8 +20,13 @@ public:
 
   // Committed values are clamped to [min, max]; equal bounds lift the limit.
   void setValueRange(double min, double max);
-  // The text read as a number, in the range (0 for text that is no number).
+  // The text read as a number, in the range (0 for text that is no number);
+  // the exact value while the box shows it rounded and unedited.
   double getValue() const;
+  // Digits after the point that a fraction from the data is shown with.
+  int shownDecimals() const;
+
+  void setNewWidgetValue(LightweightString<wchar_t>& value, eRedrawFlag redraw) override;
 
 protected:
   int handleKeyboardEvent(int key) override;
@@ -26,4 +37,7 @@ private:
 
   double min_ = 0.0;
   double max_ = 0.0;
+  // The value as the data gave it, and the text it is shown as rounded.
+  LightweightString<wchar_t> exact_;
+  LightweightString<wchar_t> roundedExact_;
 };

@@ -1,5 +1,6 @@
 #include "support/WidgetTestSupport.h"
 
+#include <zowidgets/host/base/DataConvert.h>
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/drawing/TextLayout.h>
 
@@ -302,6 +303,78 @@ TEST_F(TextBoxTest, UpAndDownStepTheNumberWithinItsRange) {
   HeadlessInput::key(kKeyDown);
   EXPECT_EQ(number->getString().str(), L"2");
   EXPECT_EQ(numberServer.get(), 2.0);
+}
+
+// A number box bound to the test's number server, with a range.
+NumericTextBox* makeNumberBox(StandardPanel& panel, ValServer<double>& server, double min, double max) {
+  auto* number = panel.createWidget<NumericTextBox>(
+      NumericTextBox::InitArgs(GlobCreationInfo(XY<int>(100, UifStd::getRowHeight()))), Glob::Below(10));
+  number->setValueRange(min, max);
+  number->setDataAdaptor(Zo::Ptr<ValAdaptorBase<WString>>(new ValAdaptor<WString, double>(&server)));
+  return number;
+}
+
+TEST_F(TextBoxTest, ANumericBoxShowsAFractionFromTheDataRoundedToItsRange) {
+  NumericTextBox* number = makeNumberBox(*panel, numberServer, 0.0, 1.0);
+  numberServer = 0.5416666666666666; // where a dragged slider puts it
+  EXPECT_EQ(number->getString().str(), L"0.542");
+  EXPECT_EQ(numberServer.get(), 0.5416666666666666);
+  EXPECT_EQ(number->getValue(), 0.5416666666666666);
+  numberServer = 0.25;
+  EXPECT_EQ(number->getString().str(), L"0.25");
+  numberServer = 0.9999;
+  EXPECT_EQ(number->getString().str(), L"1");
+
+  NumericTextBox* wide = makeNumberBox(*panel, numberServer, 0.0, 200.0);
+  EXPECT_EQ(wide->shownDecimals(), 1);
+  numberServer = 108.33333333333333;
+  EXPECT_EQ(wide->getString().str(), L"108.3");
+  // Each box rounds by its own range; the data is shown, not clamped.
+  EXPECT_EQ(number->getString().str(), L"108.333");
+}
+
+TEST_F(TextBoxTest, ANumericBoxWithoutARangeShowsSixDecimalsAndLeavesWholeAndHugeNumbersAlone) {
+  NumericTextBox* number = makeNumberBox(*panel, numberServer, 0.0, 0.0);
+  numberServer = 1.0 / 3.0;
+  EXPECT_EQ(number->getString().str(), L"0.333333");
+  numberServer = -0.0000001;
+  EXPECT_EQ(number->getString().str(), L"0");
+  numberServer = 42.0;
+  EXPECT_EQ(number->getString().str(), L"42");
+  numberServer = 1e300;
+  EXPECT_EQ(number->getString().str(), (DataConvert::convert<double, WString>(1e300).str()));
+}
+
+TEST_F(TextBoxTest, ReturnOnARoundedNumberLeavesTheDataExactAndAnEditSendsWhatWasTyped) {
+  NumericTextBox* number = makeNumberBox(*panel, numberServer, 0.0, 10.0);
+  numberServer = 2.5416666666666665;
+  EXPECT_EQ(number->getString().str(), L"2.54");
+  HeadlessInput::clickOn(*number);
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_EQ(numberServer.get(), 2.5416666666666665);
+  EXPECT_EQ(number->getString().str(), L"2.54");
+  HeadlessInput::key(kKeyUp); // from the exact value, not the text
+  EXPECT_EQ(numberServer.get(), 3.5416666666666665);
+  EXPECT_EQ(number->getString().str(), L"3.54");
+  HeadlessInput::key('a', kKeyCtrl);
+  HeadlessInput::typeText("7.123456");
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_EQ(numberServer.get(), 7.123456);
+  EXPECT_EQ(number->getString().str(), L"7.12");
+}
+
+TEST_F(TextBoxTest, AnUnboundNumericBoxShowsWhatItCommitsRounded) {
+  auto* number = panel->createWidget<NumericTextBox>(
+      NumericTextBox::InitArgs(GlobCreationInfo(XY<int>(100, UifStd::getRowHeight()))), Glob::Below(10));
+  number->setValueRange(0.0, 1.0);
+  HeadlessInput::clickOn(*number);
+  HeadlessInput::typeText("0.123456");
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_EQ(number->getString().str(), L"0.123");
+  EXPECT_EQ(number->getValue(), 0.123456);
+  // Text set by the program is shown as it is and read as it is.
+  number->setString(L"0.5");
+  EXPECT_EQ(number->getValue(), 0.5);
 }
 
 TEST_F(TextBoxTest, AnObfuscatedBoxDrawsNoneOfItsText) {
