@@ -10,6 +10,7 @@
 #include <zowidgets/values/params/Params.h>
 
 #include <sstream>
+#include <string_view>
 
 using namespace GenericParam;
 
@@ -38,6 +39,14 @@ std::string quoted(LightweightString<wchar_t> const& text) {
     else
       out += c;
   return out + "\"";
+}
+
+// The quoted value of the parameter with that id.
+std::string quotedValueOf(GenericParam::ParamList const& params, std::string_view id) {
+  for (Zo::Ptr<GenericParam::iParam> const& param : params)
+    if (param->getID().view() == id)
+      return quoted(param->getValueAsString());
+  return "null";
 }
 
 } // namespace
@@ -96,7 +105,7 @@ std::string FormPanel::stateJson(std::string (*toScreen)(Zo::Box<int> const&)) c
       << ",\"at80\":" << toScreen(trackPoint(slider, 80)) << ",\"menubutton\":" << toScreen(screenBoxOf(button));
   if (auto* gain = static_cast<SliderParamHost*>(rowChild(*built_, "gain"))) {
     Slider const& gainSlider = *gain->getSlider();
-    out << ",\"gain\":" << quoted(params_[4]->getValueAsString())
+    out << ",\"gain\":" << quotedValueOf(params_, "gain")
         << ",\"gainthumb\":" << toScreen(trackPoint(gainSlider, gainSlider.getPosition()))
         << ",\"gainat9\":" << toScreen(trackPoint(gainSlider, 9))
         << ",\"unlock\":" << toScreen(screenBoxOf(*rowChild(*built_, "unlock")));
@@ -112,9 +121,8 @@ std::string FormPanel::stateJson(std::string (*toScreen)(Zo::Box<int> const&)) c
 
 std::string FormPanel::valuesJson() const {
   if (!params_.empty())
-    return "{\"title\":" + quoted(params_[0]->getValueAsString()) +
-           ",\"count\":" + quoted(params_[1]->getValueAsString()) +
-           ",\"mode\":" + quoted(params_[2]->getValueAsString());
+    return "{\"title\":" + quotedValueOf(params_, "title") + ",\"count\":" + quotedValueOf(params_, "count") +
+           ",\"mode\":" + quotedValueOf(params_, "mode");
   auto* text = static_cast<TitleTextBox*>(rowChild(*built_, "title"));
   auto* count = static_cast<SliderParamHost*>(rowChild(*built_, "count"));
   auto* mode = static_cast<ChoiceParamHost*>(rowChild(*built_, "mode"));
