@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -105,9 +106,17 @@ int mouseButton(Uint8 button) {
 struct DisplayScreen::State {
   std::unique_ptr<X11Screen> x11;
   std::map<Canvas*, SDL_Window*> windows;
+  // Our windows in the order the user last worked in them, the latest last:
+  // each took the keyboard or a press of a button. (With the keyboard
+  // following the pointer, X tells no window that it has it.)
+  std::vector<Canvas*> workOrder;
   int cursor = 0;
   bool quit = false;
 
+  void workedIn(Canvas* canvas) {
+    std::erase(workOrder, canvas);
+    workOrder.push_back(canvas);
+  }
   Canvas* canvasOfWindow(Uint32 windowId) const {
     SDL_Window* window = SDL_GetWindowFromID(windowId);
     for (auto const& [canvas, shown] : windows)
@@ -213,8 +222,17 @@ void DisplayScreen::canvasUnmapped(Canvas& canvas) {
   auto found = state_->windows.find(&canvas);
   if (found == state_->windows.end())
     return;
+  std::vector<Canvas*>& order = state_->workOrder;
+  bool const workedInLast = !order.empty() && order.back() == &canvas;
+  std::erase(order, &canvas);
   SDL_DestroyWindow(found->second);
   state_->windows.erase(found);
+  // X gives the keyboard of a window that goes to no one, or to whatever a
+  // window manager picks: it goes back to the window the user worked in
+  // before, as a menu chosen from gives the keys back to its panel.
+  if (workedInLast && !order.empty())
+    if (auto previous = state_->windows.find(order.back()); previous != state_->windows.end())
+      SDL_SetWindowInputFocus(previous->second);
 }
 
 void DisplayScreen::canvasMoved(Canvas& canvas) {
@@ -304,7 +322,9 @@ bool DisplayScreen::pumpEvents() {
         break;
       bool const pressed = event.type == SDL_MOUSEBUTTONDOWN;
       // A release comes where the pointer was last seen moving.
-      if (!pressed)
+      if (pressed)
+        state_->workedIn(canvas);
+      else
         state_->followPointer(modifiers);
       InputRouter::mouseButton(state_->eventPoint(*canvas, event.button.x, event.button.y), button, pressed, modifiers,
                                event.button.clicks);
@@ -345,6 +365,8 @@ bool DisplayScreen::pumpEvents() {
           canvasPainted(*canvas, Zo::Box<int>(0, 0, canvas->getSize().x, canvas->getSize().y));
         else if (event.window.event == SDL_WINDOWEVENT_CLOSE)
           GlobManager::requestDeletion(canvas->root());
+        else if (event.window.event == SDL_WINDOWEVENT_FOCUS_GAINED)
+          state_->workedIn(canvas);
       }
       break;
     default:

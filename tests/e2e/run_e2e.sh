@@ -401,6 +401,27 @@ form_menu | jsonform_menu)
   expect "mode" "$(field "$form" mode)" 3
   expect "menu closed" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
   ;;
+form_menu_keys)
+  # A menu chosen from with the keyboard gives the keys back to its panel,
+  # even with the pointer away from every window of the program.
+  form=$(ask form)
+  mode=$(field "$form" mode)
+  read -r x y <<<"$(centre "$form" menubutton)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  [ -n "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$(ask form)")" ] || fail "the menu did not open"
+  xdotool key Down Return
+  sleep 0.4
+  form=$(ask form)
+  [ "$(field "$form" mode)" != "$mode" ] || fail "Down and Return in the menu left the mode at $mode"
+  expect "menu closed" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
+  xdotool mousemove 1270 790
+  sleep 0.2
+  # The menu button keeps the focus: Space opens its menu again.
+  xdotool key space
+  sleep 0.4
+  [ -n "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$(ask form)")" ] || fail "Space after the menu closed did not reach the panel"
+  ;;
 eyedropper)
   xsetroot -solid '#3a7bd5'
   sleep 0.2
