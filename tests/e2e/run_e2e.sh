@@ -402,8 +402,10 @@ form_menu | jsonform_menu)
   expect "menu closed" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
   ;;
 form_menu_keys)
-  # A menu chosen from with the keyboard gives the keys back to its panel,
-  # even with the pointer away from every window of the program.
+  # A menu chosen from with the keyboard gives the keys back to its panel.
+  # The panel has the keyboard, as a window manager would give it; the menu
+  # takes it as it opens.
+  xdotool windowfocus --sync "$(xdotool search --name '^Form$')"
   form=$(ask form)
   mode=$(field "$form" mode)
   read -r x y <<<"$(centre "$form" menubutton)"
@@ -415,6 +417,7 @@ form_menu_keys)
   form=$(ask form)
   [ "$(field "$form" mode)" != "$mode" ] || fail "Down and Return in the menu left the mode at $mode"
   expect "menu closed" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
+  # With the pointer away from the program, which does not decide it here.
   xdotool mousemove 1270 790
   sleep 0.2
   # The menu button keeps the focus: Space opens its menu again.
