@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -53,10 +54,19 @@ WString describe(Tutorial::Pointer const& pointer) {
   return WString(L"Pointer to ") + pair(pointer.position);
 }
 
+// A place's name as a reader says it: the file's "bottomright" is the
+// bottom right.
+WString spokenPlace(std::string name) {
+  for (std::string_view const side : {"top", "bottom"})
+    if (name.size() > side.size() && name.starts_with(side))
+      name.insert(side.size(), " ");
+  return WString::fromUTF8(name);
+}
+
 WString describe(Tutorial::Message const& message) {
   WString const text = WString(L"Message \u201C") + message.text + L"\u201D ";
   if (message.target.empty())
-    return text + L"at the screen's " + WString::fromUTF8(asString(message.origin).view());
+    return text + L"at the screen's " + spokenPlace(std::string(asString(message.origin).view()));
   return text + WString::fromUTF8(asString(message.relativity).view()) + L" " + message.target;
 }
 

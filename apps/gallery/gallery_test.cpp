@@ -14,6 +14,7 @@
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
+#include <zowidgets/host/widgets/lists/TreeView.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
@@ -140,6 +141,18 @@ TEST_F(GalleryTest, TheTablePagesTimecodesLieBeyondTheViewAndEndBringsThemIn) {
   settleWindows();
   EXPECT_EQ(table.getCurPos().x, last);
   EXPECT_EQ(table.columnLeft(last) + table.getColumnWidth(last), table.getVisibleBox().width());
+}
+
+TEST_F(GalleryTest, TheTutorialsPageNamesAScreenCornerInWords) {
+  std::vector<GalleryPage> const pages = allPages();
+  PageWindows const windows = openPage(*findPage(pages, "tutorials"), context);
+  std::vector<TreeView*> trees;
+  collect(*windows.main, trees);
+  ASSERT_EQ(trees.size(), 1u);
+  int const row = trees[0]->rowOf(L"phases/2/message");
+  ASSERT_GE(row, 0);
+  EXPECT_EQ(trees[0]->itemAt(row)->text.getString().str(),
+            L"Message \u201CDone: the gap closed by itself\u201D at the screen's bottom right");
 }
 
 TEST_F(GalleryTest, BoxesBoundToOneValueFollowEachOtherWhenClicked) {
