@@ -33,6 +33,14 @@
 
 namespace {
 
+// The descendants of a widget that are of type T, depth first.
+template <class T> void collect(Glob& widget, std::vector<T*>& found) {
+  if (auto* match = dynamic_cast<T*>(&widget))
+    found.push_back(match);
+  for (Glob* child : widget.getChildren())
+    collect(*child, found);
+}
+
 struct GalleryTest : ::testing::Test {
   // The pointer starts at the same place in every test: windows that open
   // at the pointer (the magnifier's) depend on it.
@@ -52,17 +60,17 @@ struct GalleryTest : ::testing::Test {
     return found == pages.end() ? nullptr : &*found;
   }
 
+  // The widgets of type T in the main window of the named page, opened.
+  template <class T> std::vector<T*> widgetsOfPage(std::string const& name) {
+    std::vector<GalleryPage> const pages = allPages();
+    std::vector<T*> found;
+    collect(*openPage(*findPage(pages, name), context).main, found);
+    return found;
+  }
+
   GalleryModel model;
   PageContext context{model, XY<int>(40, 300)};
 };
-
-// The descendants of a widget that are of type T, depth first.
-template <class T> void collect(Glob& widget, std::vector<T*>& found) {
-  if (auto* match = dynamic_cast<T*>(&widget))
-    found.push_back(match);
-  for (Glob* child : widget.getChildren())
-    collect(*child, found);
-}
 
 TEST(GalleryHtml, EscapesEveryMarkupCharacter) {
   EXPECT_EQ(escapeHtml("<a href=\"x\">Tom & Jerry's</a>"),
@@ -126,10 +134,7 @@ TEST_F(GalleryTest, TheHintsPageShowsItsHintRightOfTheExportButton) {
 }
 
 TEST_F(GalleryTest, TheTablePagesTimecodesLieBeyondTheViewAndEndBringsThemIn) {
-  std::vector<GalleryPage> const pages = allPages();
-  PageWindows const windows = openPage(*findPage(pages, "table"), context);
-  std::vector<TableWidget*> tables;
-  collect(*windows.main, tables);
+  std::vector<TableWidget*> const tables = widgetsOfPage<TableWidget>("table");
   ASSERT_EQ(tables.size(), 1u);
   TableWidget& table = *tables[0];
   ASSERT_TRUE(table.sideways().isBarShown());
@@ -144,10 +149,7 @@ TEST_F(GalleryTest, TheTablePagesTimecodesLieBeyondTheViewAndEndBringsThemIn) {
 }
 
 TEST_F(GalleryTest, TheTutorialsPageNamesAScreenCornerInWords) {
-  std::vector<GalleryPage> const pages = allPages();
-  PageWindows const windows = openPage(*findPage(pages, "tutorials"), context);
-  std::vector<TreeView*> trees;
-  collect(*windows.main, trees);
+  std::vector<TreeView*> const trees = widgetsOfPage<TreeView>("tutorials");
   ASSERT_EQ(trees.size(), 1u);
   int const row = trees[0]->rowOf(L"phases/2/message");
   ASSERT_GE(row, 0);
@@ -156,10 +158,7 @@ TEST_F(GalleryTest, TheTutorialsPageNamesAScreenCornerInWords) {
 }
 
 TEST_F(GalleryTest, BoxesBoundToOneValueFollowEachOtherWhenClicked) {
-  std::vector<GalleryPage> const pages = allPages();
-  PageWindows const windows = openPage(*findPage(pages, "buttons"), context);
-  std::vector<Checkbox*> boxes;
-  collect(*windows.main, boxes);
+  std::vector<Checkbox*> const boxes = widgetsOfPage<Checkbox>("buttons");
   ASSERT_GE(boxes.size(), 2u);
   ASSERT_TRUE(boxes[0]->isChecked());
   ASSERT_TRUE(boxes[1]->isChecked());
