@@ -12,6 +12,7 @@ public:
   // Takes the picture of the screen and shows itself over everything.
   explicit EyeDropperScreenCover(int cursorId);
   char const* idstring() const override { return "EyeDropperScreenCover"; }
+  eWindowKind windowKind() const override { return eWindowKind::kPopupMenu; }
 
   Zo::Image::Surface const& picture() const noexcept { return picture_; }
   int contextCursor(XY<int>) const override { return cursorId_; }

@@ -41,6 +41,8 @@ public:
   explicit MagnifyTool(InitArgs const& args);
   explicit MagnifyTool(GlobCreationInfo const& info);
   char const* idstring() const override { return "MagnifyTool"; }
+  // The lens follows the pointer; the free-standing tool is a panel.
+  eWindowKind windowKind() const override { return style_ == kLens ? eWindowKind::kTip : eWindowKind::kPanel; }
 
   // The factory GlobManager::createGlob uses for the class name.
   static Glob* create(GlobCreationInfo* info);

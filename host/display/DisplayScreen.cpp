@@ -12,6 +12,7 @@
 #include <cctype>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -110,10 +111,23 @@ struct DisplayScreen::State {
   // each took the keyboard or a press of a button. (With the keyboard
   // following the pointer, X tells no window that it has it.)
   std::vector<Canvas*> workOrder;
+  // The windows that are popups: never worked in, whatever is pressed there.
+  std::set<Canvas*> popups;
   int cursor = 0;
   bool quit = false;
 
+  // Runs `show`, a call of the window library that may give a window the
+  // keyboard (without a window manager it gives it to every window it shows
+  // or raises); for a popup the keyboard then goes back to whoever had it.
+  template <class Show> void leavingTheKeyboard(bool popup, Show show) const {
+    X11Screen::KeyboardHolder const keyboard = popup ? x11->keyboardHolder() : X11Screen::KeyboardHolder{};
+    show();
+    if (popup && x11->keyboardHolder() != keyboard)
+      x11->giveKeyboardTo(keyboard);
+  }
   void workedIn(Canvas* canvas) {
+    if (popups.count(canvas))
+      return;
     std::erase(workOrder, canvas);
     workOrder.push_back(canvas);
   }
@@ -207,10 +221,20 @@ void DisplayScreen::canvasMapped(Canvas& canvas) {
   if (state_->windows.count(&canvas))
     return;
   XY<int> const at = state_->windowPosition(canvas);
-  SDL_Window* window = SDL_CreateWindow("", at.x, at.y, canvas.getSize().x, canvas.getSize().y,
-                                        SDL_WINDOW_BORDERLESS | SDL_WINDOW_SHOWN);
+  Glob::eWindowKind const kind = canvas.root() ? canvas.root()->windowKind() : Glob::eWindowKind::kPanel;
+  Uint32 flags = SDL_WINDOW_BORDERLESS | SDL_WINDOW_SHOWN;
+  if (kind == Glob::eWindowKind::kPopupMenu)
+    flags |= SDL_WINDOW_POPUP_MENU | SDL_WINDOW_SKIP_TASKBAR;
+  else if (kind == Glob::eWindowKind::kTip)
+    flags |= SDL_WINDOW_TOOLTIP | SDL_WINDOW_SKIP_TASKBAR;
+  bool const popup = kind != Glob::eWindowKind::kPanel;
+  SDL_Window* window = nullptr;
+  state_->leavingTheKeyboard(
+      popup, [&] { window = SDL_CreateWindow("", at.x, at.y, canvas.getSize().x, canvas.getSize().y, flags); });
   if (!window)
     return;
+  if (popup)
+    state_->popups.insert(&canvas);
   state_->windows[&canvas] = window;
   state_->showTitle(canvas, window);
   state_->showClass(window);
@@ -222,6 +246,7 @@ void DisplayScreen::canvasUnmapped(Canvas& canvas) {
   auto found = state_->windows.find(&canvas);
   if (found == state_->windows.end())
     return;
+  state_->popups.erase(&canvas);
   std::vector<Canvas*>& order = state_->workOrder;
   bool const workedInLast = !order.empty() && order.back() == &canvas;
   std::erase(order, &canvas);
@@ -256,7 +281,7 @@ void DisplayScreen::canvasResized(Canvas& canvas) {
 void DisplayScreen::canvasRaised(Canvas& canvas) {
   auto found = state_->windows.find(&canvas);
   if (found != state_->windows.end())
-    SDL_RaiseWindow(found->second);
+    state_->leavingTheKeyboard(state_->popups.count(&canvas) != 0, [&] { SDL_RaiseWindow(found->second); });
 }
 
 void DisplayScreen::canvasRetitled(Canvas& canvas) {

@@ -45,6 +45,13 @@ public:
   // What the desktop shows for this widget's window when it is a top-level
   // one: a panel's title. Empty for most widgets.
   virtual LightweightString<wchar_t> windowTitle() const { return {}; }
+  // What this widget's window is to the desktop when it is a top-level one.
+  // A panel is the desktop's to manage and to give the keyboard. A popup (a
+  // menu, a drop-down, a tip, a lens) comes and goes with what the user
+  // opens or points at: no window manager handles it, and it leaves the
+  // keyboard where it is, in this program or another.
+  enum class eWindowKind { kPanel, kPopupMenu, kTip };
+  virtual eWindowKind windowKind() const { return eWindowKind::kPanel; }
 
   // --- Tree ---------------------------------------------------------------
   Glob* parent() const noexcept { return parent_; }

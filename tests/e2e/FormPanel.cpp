@@ -69,7 +69,7 @@ FormPanel::FormPanel(XY<int> screenPosition, Source source) {
     // keeps no such rule).
     Zo::Ptr<iParam> gain(new IntParam(L"Gain", "gain", {}, 5, 0, 10));
     gain->setActiveIf(Condition("unlock", L"true"));
-    params_.push_back(Zo::Ptr<iParam>(new BoolParam(L"Unlock", "unlock", {}, false)));
+    params_.push_back(Zo::Ptr<iParam>(new BoolParam(L"Unlock", "unlock", L"Lets Gain take input", false)));
     params_.push_back(gain);
   }
   StandardPanel::InitArgs args(StandardPanel::calcPanelSize(XY<int>(row * 16, UIBuilder::calcHeight(params_, 0)),

@@ -14,6 +14,8 @@ case $case_name in
 root_colour | eyedropper | magnifier | picker) needed+=(xsetroot) ;;
 screenshot) needed+=(import compare) ;;
 titles) needed+=(xprop) ;;
+form_menu_keys) needed+=(xwininfo) ;;
+form_menu_wm | form_tip_wm) needed+=(openbox xwininfo xmessage) ;;
 scale) needed+=(identify) ;;
 ipaddress) needed+=(xclip) ;;
 export) needed+=(ffprobe) ;;
@@ -65,6 +67,16 @@ done
 [ -s "$work/display" ] || fail "Xvfb did not start: $(cat "$work/xvfb.log")"
 DISPLAY=":$(head -n1 "$work/display")"
 export DISPLAY
+if [[ $case_name == *_wm ]]; then
+  # A window manager, as on a desktop: it places, focuses and decorates the
+  # windows it manages, and leaves popups alone.
+  openbox --sm-disable >"$work/wm.log" 2>&1 &
+  pids+=($!)
+  for _ in $(seq 50); do
+    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
+    sleep 0.1
+  done
+fi
 
 mkfifo "$work/commands"
 # A program that died shows as a failed write, not as this script's death.
@@ -401,17 +413,22 @@ form_menu | jsonform_menu)
   expect "mode" "$(field "$form" mode)" 3
   expect "menu closed" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
   ;;
-form_menu_keys)
-  # A menu chosen from with the keyboard gives the keys back to its panel.
-  # The panel has the keyboard, as a window manager would give it; the menu
-  # takes it as it opens.
-  xdotool windowfocus --sync "$(xdotool search --name '^Form$')"
+form_menu_keys | form_menu_wm)
+  # A menu leaves the keyboard with its panel, as a window manager gave it,
+  # and the panel hears the keys: Down and Return choose in the menu, and
+  # once it has closed Space opens it again.
+  form_window=$(xdotool search --name '^Form$')
+  xdotool windowactivate --sync "$form_window" 2>/dev/null || xdotool windowfocus --sync "$form_window"
   form=$(ask form)
   mode=$(field "$form" mode)
   read -r x y <<<"$(centre "$form" menubutton)"
   xdotool mousemove "$x" "$y" click 1
   sleep 0.4
   [ -n "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$(ask form)")" ] || fail "the menu did not open"
+  expect "the keyboard's window while the menu is open" "$(xdotool getwindowfocus)" "$form_window"
+  menu_window=$(xdotool search --name "^$(basename "$program")\$" | head -n1)
+  expect "the menu is left to itself by window managers" \
+    "$(xwininfo -id "$menu_window" | sed -n 's/.*Override Redirect State: //p')" yes
   xdotool key Down Return
   sleep 0.4
   form=$(ask form)
@@ -424,6 +441,33 @@ form_menu_keys)
   xdotool key space
   sleep 0.4
   [ -n "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$(ask form)")" ] || fail "Space after the menu closed did not reach the panel"
+  ;;
+form_tip_wm)
+  # A tip shown as the pointer rests on a row does not take the keyboard
+  # from another program.
+  xmessage -geometry +900+60 'another program' &
+  pids+=($!)
+  for _ in $(seq 50); do
+    other=$(xdotool search --name '^xmessage$' | head -n1 || true)
+    [ -n "$other" ] && break
+    sleep 0.1
+  done
+  [ -n "$other" ] || fail "the other program's window did not appear"
+  xdotool windowactivate --sync "$other"
+  read -r x y <<<"$(centre "$(ask form)" unlock)"
+  xdotool mousemove "$x" "$y"
+  sleep 0.1
+  xdotool mousemove "$((x + 1))" "$y"
+  tip=""
+  for _ in $(seq 40); do
+    tip=$(xdotool search --onlyvisible --name "^$(basename "$program")\$" | head -n1 || true)
+    [ -n "$tip" ] && break
+    sleep 0.1
+  done
+  [ -n "$tip" ] || fail "no tip appeared over the Unlock row"
+  expect "the tip is left to itself by window managers" \
+    "$(xwininfo -id "$tip" | sed -n 's/.*Override Redirect State: //p')" yes
+  expect "the keyboard's window with the tip shown" "$(xdotool getwindowfocus)" "$other"
   ;;
 eyedropper)
   xsetroot -solid '#3a7bd5'

@@ -210,6 +210,18 @@ void X11Screen::setWindowClass(unsigned long window, std::string const& name, st
   XFlush(state_->display);
 }
 
+X11Screen::KeyboardHolder X11Screen::keyboardHolder() const {
+  Window window = None;
+  int revertTo = RevertToNone;
+  XGetInputFocus(state_->display, &window, &revertTo);
+  return KeyboardHolder{window, revertTo};
+}
+
+void X11Screen::giveKeyboardTo(KeyboardHolder const& holder) {
+  XSetInputFocus(state_->display, holder.window, holder.revertTo, CurrentTime);
+  XFlush(state_->display);
+}
+
 void X11Screen::setCursor(unsigned long window, int cursorId) {
   auto found = state_->cursors.find(cursorId);
   if (found == state_->cursors.end())

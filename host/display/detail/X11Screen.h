@@ -30,6 +30,16 @@ public:
   // The window's WM_CLASS: the program's name and class, by which window
   // managers and tools group and find its windows.
   void setWindowClass(unsigned long window, std::string const& name, std::string const& className);
+  // Where the keyboard goes: a window of any program, or X's own choices
+  // (none, or the window under the pointer), with what follows when that
+  // window goes.
+  struct KeyboardHolder {
+    unsigned long window = 0;
+    int revertTo = 0;
+    friend bool operator==(KeyboardHolder const&, KeyboardHolder const&) = default;
+  };
+  KeyboardHolder keyboardHolder() const;
+  void giveKeyboardTo(KeyboardHolder const& holder);
 
 private:
   struct State;

@@ -64,6 +64,7 @@ public:
   explicit DropDownHostBase(InitArgs const& args);
   ~DropDownHostBase() override;
   char const* idstring() const override { return "DropDownHostBase"; }
+  eWindowKind windowKind() const override { return eWindowKind::kPopupMenu; }
 
   void setDetachable(bool detachable) { detachable_ = detachable; }
   bool isDetachable() const noexcept { return detachable_; }

@@ -100,6 +100,7 @@ public:
 
   explicit MenuWindow(InitArgs const& args);
   char const* idstring() const override { return "MenuWindow"; }
+  eWindowKind windowKind() const override { return eWindowKind::kPopupMenu; }
 
   // The size the menu's rows need, at least `minWidth` wide.
   static XY<int> calcSize(Menu const& menu, int minWidth = 0);

@@ -22,6 +22,7 @@ public:
 
   explicit TipWindowBase(InitArgs const& args);
   char const* idstring() const override { return "TipWindowBase"; }
+  eWindowKind windowKind() const override { return eWindowKind::kTip; }
 
   // The outer size of a window whose user area is `userArea`, with the tip
   // on the side `relativity` faces and this border round it.

@@ -19,6 +19,7 @@ public:
   // A window of `size` with its bottom-left corner at `screenPosition`.
   TooltipWindow(LightweightString<wchar_t> const& text, XY<int> size, XY<int> screenPosition);
   char const* idstring() const override { return kTypeName; }
+  eWindowKind windowKind() const override { return eWindowKind::kTip; }
   LightweightString<wchar_t> const& text() const noexcept { return text_; }
   // The size a tooltip of this text needs.
   static XY<int> calcSize(LightweightString<wchar_t> const& text);
