@@ -1,6 +1,7 @@
 #include <zowidgets/fonts/FontChooserButton.h>
 
 #include <zowidgets/fonts/FontLegend.h>
+#include <zowidgets/textentry/TextFilterWidget.h>
 #include <zowidgets/host/base/NotifyMsgTypeDictionary.h>
 
 #include <algorithm>
@@ -26,6 +27,12 @@ FontChooserButton::FontChooserButton(InitArgs const& args)
                             this, &FontChooserButton::handleFontChange)),
                         NotifyMsgTypeDictionary::instance().anyType());
   updateLegend();
+}
+
+void FontChooserButton::displayDropDown() {
+  DropDownButton2<FontChooserPanel>::displayDropDown();
+  if (FontChooserPanel* panel = getDropDownPanel())
+    panel->getFilter()->claimKbdFocus();
 }
 
 void FontChooserButton::setSelectedFont(FontDefinition const& font) {

@@ -47,6 +47,9 @@ public:
 protected:
   // One step of the wheel: positive to the previous family.
   void handleMouseWheelDelta(int delta);
+  // The panel opens with the keyboard in its filter: typing narrows the
+  // families at once.
+  void displayDropDown() override;
 
 private:
   int handleFontChange(ValServerEvent<FontDefinition> const& event);

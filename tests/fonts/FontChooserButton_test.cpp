@@ -87,6 +87,21 @@ TEST_F(FontChooserButtonTest, AClickOpensThePanelOnTheFontAndAChoiceComesBackToT
   EXPECT_EQ(prefs().getPreference(kRecentKey, L""), WString(L"Liberation Mono"));
 }
 
+TEST_F(FontChooserButtonTest, ThePanelOpensWithTheKeyboardInItsFilter) {
+  HeadlessInput::clickOn(*button);
+  pump();
+  FontChooserPanel* panel = button->getDropDownPanel();
+  ASSERT_NE(panel, nullptr);
+  EXPECT_TRUE(panel->getFilter()->getTextBox()->hasKbdFocus());
+  HeadlessInput::typeText("liberation m");
+  pump();
+  EXPECT_EQ(panel->getFilter()->getString(), WString(L"liberation m"));
+  std::vector<FontItem const*> const shown = panel->getShownItems();
+  ASSERT_FALSE(shown.empty());
+  for (FontItem const* item : shown)
+    EXPECT_EQ(item->name().str().rfind("Liberation M", 0), 0u) << item->name().str();
+}
+
 TEST_F(FontChooserButtonTest, TheWheelStepsThroughTheFamiliesWithoutOpeningThePanel) {
   std::vector<LightweightString<char>> const names = families();
   auto const at = std::find(names.begin(), names.end(), LightweightString<char>(kLiberationSans));
