@@ -56,8 +56,11 @@ double NumericTextBox::getValue() const {
 
 int NumericTextBox::shownDecimals() const {
   constexpr int kWithoutRange = 6;
+  // A range this wide (a codec's option from minus to plus the largest
+  // float) bounds nothing a user types: it counts as none.
+  constexpr double kUnbounded = 1e9;
   double const span = std::abs(max_ - min_);
-  if (span == 0.0 || !std::isfinite(span))
+  if (span == 0.0 || !(span < kUnbounded))
     return kWithoutRange;
   return std::clamp(static_cast<int>(std::ceil(3.0 - std::log10(span))), 0, kWithoutRange);
 }

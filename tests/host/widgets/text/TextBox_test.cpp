@@ -334,6 +334,11 @@ TEST_F(TextBoxTest, ANumericBoxShowsAFractionFromTheDataRoundedToItsRange) {
 }
 
 TEST_F(TextBoxTest, ANumericBoxWithoutARangeShowsSixDecimalsAndLeavesWholeAndHugeNumbersAlone) {
+  // A range as wide as a float's counts as none.
+  NumericTextBox* unbounded = makeNumberBox(*panel, numberServer, -3.4e38, 3.4e38);
+  EXPECT_EQ(unbounded->shownDecimals(), 6);
+  numberServer = 0.5;
+  EXPECT_EQ(unbounded->getString().str(), L"0.5");
   NumericTextBox* number = makeNumberBox(*panel, numberServer, 0.0, 0.0);
   numberServer = 1.0 / 3.0;
   EXPECT_EQ(number->getString().str(), L"0.333333");
