@@ -96,31 +96,54 @@ struct ChildCover {
   Zo::Ptr<iRegion> uncovered;
 };
 
+// The lowest of the topmost of `children` that together hide `area`, taken
+// from the top down; asked only once they are known to hide it together.
+std::size_t topmostCovering(std::vector<Glob*> const& children, Zo::Box<int> const& area, XY<int> origin) {
+  PixmanRegion uncovered(area);
+  for (std::size_t index = children.size(); index-- > 0;) {
+    Zo::Box<int> const box = opaqueBoxOf(*children[index], origin).intersect(area);
+    if (box.empty())
+      continue;
+    uncovered.subtract(box);
+    if (uncovered.empty())
+      return index;
+  }
+  return 0;
+}
+
 ChildCover coverByChildren(Glob const& parent, Zo::Box<int> const& area, XY<int> origin) {
   ChildCover cover;
-  // Taken from the top down. One child over the whole area is the common
-  // case (a row repainted alone), and is told without a region.
-  std::optional<PixmanRegion> uncovered;
+  // One child over the whole area is the common case (a row repainted
+  // alone), and is told without a region.
+  bool any = false;
   std::vector<Glob*> const& children = parent.getChildren();
   for (std::size_t index = children.size(); index-- > 0;) {
     Zo::Box<int> const box = opaqueBoxOf(*children[index], origin).intersect(area);
     if (box.empty())
       continue;
-    if (!uncovered) {
-      if (box == area) {
-        cover.first = index;
-        return cover;
-      }
-      uncovered.emplace(area);
-    }
-    uncovered->subtract(box);
-    if (uncovered->empty()) {
+    if (box == area) {
       cover.first = index;
       return cover;
     }
+    any = true;
   }
-  if (uncovered)
-    cover.uncovered = Zo::Ptr<iRegion>(new iRegion(uncovered->boxes()));
+  if (!any)
+    return cover;
+  // The area is a band at most, so the rows that cut it are few. They are
+  // taken in the children's order, in which pixman subtracts rows made down
+  // a panel several times faster than from the top down (the 100-row
+  // panel's full paint, counted: 0.19 M instructions against 0.75 M); the
+  // walk from the top down is left to the rarer area they hide together.
+  PixmanRegion uncovered(area);
+  for (Glob const* widget : children) {
+    Zo::Box<int> const box = opaqueBoxOf(*widget, origin).intersect(area);
+    if (!box.empty())
+      uncovered.subtract(box);
+  }
+  if (uncovered.empty())
+    cover.first = topmostCovering(children, area, origin);
+  else
+    cover.uncovered = Zo::Ptr<iRegion>(new iRegion(uncovered.boxes()));
   return cover;
 }
 
