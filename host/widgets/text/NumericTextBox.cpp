@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -34,6 +35,20 @@ LightweightString<wchar_t> rounded(double value, int decimals) {
   if (text == L"-0")
     text = L"0";
   return LightweightString<wchar_t>(text);
+}
+
+// How a value from the data is shown when it is a fraction worth rounding
+// and rounding changes it; none otherwise.
+std::optional<LightweightString<wchar_t>> roundedForShowing(LightweightString<wchar_t> const& value, int decimals) {
+  if (!isFraction(value))
+    return std::nullopt;
+  double const number = DataConvert::convert<LightweightString<wchar_t>, double>(value);
+  if (!std::isfinite(number) || std::abs(number) >= kLargestRounded)
+    return std::nullopt;
+  LightweightString<wchar_t> shown = rounded(number, decimals);
+  if (shown == value)
+    return std::nullopt;
+  return shown;
 }
 
 } // namespace
@@ -66,18 +81,11 @@ int NumericTextBox::shownDecimals() const {
 }
 
 void NumericTextBox::setNewWidgetValue(LightweightString<wchar_t>& value, eRedrawFlag redraw) {
-  exact_ = roundedExact_ = LightweightString<wchar_t>();
-  double const number = DataConvert::convert<LightweightString<wchar_t>, double>(value);
-  if (!isFraction(value) || !std::isfinite(number) || std::abs(number) >= kLargestRounded) {
-    TextBox::setNewWidgetValue(value, redraw);
-    return;
-  }
-  LightweightString<wchar_t> shown = rounded(number, shownDecimals());
-  TextBox::setNewWidgetValue(shown, redraw);
-  if (shown != value) {
-    exact_ = value;
-    roundedExact_ = shown;
-  }
+  std::optional<LightweightString<wchar_t>> const shown = roundedForShowing(value, shownDecimals());
+  exact_ = shown ? value : LightweightString<wchar_t>();
+  roundedExact_ = shown ? *shown : LightweightString<wchar_t>();
+  LightweightString<wchar_t> text = shown ? *shown : value;
+  TextBox::setNewWidgetValue(text, redraw);
 }
 
 int NumericTextBox::handleKeyboardEvent(int key) {
