@@ -16,6 +16,18 @@ LightweightString<wchar_t> Zo::WStringFromFloat(double value, int decimals, int 
   return LightweightString<wchar_t>(text);
 }
 
+LightweightString<wchar_t> Zo::WStringFromFloatTrimmed(double value, int decimals) {
+  std::wstring text(WStringFromFloat(value, decimals, 0).view());
+  if (text.find(L'.') != std::wstring::npos) {
+    text.erase(text.find_last_not_of(L'0') + 1);
+    if (text.back() == L'.')
+      text.pop_back();
+  }
+  if (text == L"-0")
+    text = L"0";
+  return LightweightString<wchar_t>(text);
+}
+
 LightweightString<wchar_t> Zo::WStringFromInteger(long long value) {
   char digits[24];
   auto const written = std::to_chars(digits, digits + sizeof digits, value);

@@ -13,6 +13,11 @@ namespace Zo {
 // "inf" and "-inf".
 ZO_API LightweightString<wchar_t> WStringFromFloat(double value, int decimals, int minimumWidth);
 
+// The same with at most `decimals` digits after the point: the zeros that
+// end the fraction and a point left bare are dropped, and a negative zero
+// reads "0" ("0.250" reads "0.25", "25.000" reads "25", "-0.000" reads "0").
+ZO_API LightweightString<wchar_t> WStringFromFloatTrimmed(double value, int decimals);
+
 // The decimal text of the integer, with a minus sign when negative.
 ZO_API LightweightString<wchar_t> WStringFromInteger(long long value);
 

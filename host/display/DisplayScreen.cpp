@@ -12,7 +12,6 @@
 #include <cctype>
 #include <filesystem>
 #include <map>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -106,13 +105,17 @@ int mouseButton(Uint8 button) {
 
 struct DisplayScreen::State {
   std::unique_ptr<X11Screen> x11;
-  std::map<Canvas*, SDL_Window*> windows;
+  // The window shown for each canvas, and whether it is a popup (never
+  // worked in, whatever is pressed there).
+  struct Shown {
+    SDL_Window* window = nullptr;
+    bool popup = false;
+  };
+  std::map<Canvas*, Shown> windows;
   // Our windows in the order the user last worked in them, the latest last:
   // each took the keyboard or a press of a button. (With the keyboard
   // following the pointer, X tells no window that it has it.)
   std::vector<Canvas*> workOrder;
-  // The windows that are popups: never worked in, whatever is pressed there.
-  std::set<Canvas*> popups;
   int cursor = 0;
   bool quit = false;
 
@@ -126,7 +129,7 @@ struct DisplayScreen::State {
       x11->giveKeyboardTo(keyboard);
   }
   void workedIn(Canvas* canvas) {
-    if (popups.count(canvas))
+    if (auto found = windows.find(canvas); found == windows.end() || found->second.popup)
       return;
     std::erase(workOrder, canvas);
     workOrder.push_back(canvas);
@@ -134,7 +137,7 @@ struct DisplayScreen::State {
   Canvas* canvasOfWindow(Uint32 windowId) const {
     SDL_Window* window = SDL_GetWindowFromID(windowId);
     for (auto const& [canvas, shown] : windows)
-      if (shown == window)
+      if (shown.window == window)
         return canvas;
     return nullptr;
   }
@@ -209,7 +212,7 @@ DisplayScreen::DisplayScreen(std::unique_ptr<State> state) : state_(std::move(st
 
 DisplayScreen::~DisplayScreen() {
   for (auto const& [canvas, shown] : state_->windows)
-    SDL_DestroyWindow(shown);
+    SDL_DestroyWindow(shown.window);
   SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
@@ -233,9 +236,7 @@ void DisplayScreen::canvasMapped(Canvas& canvas) {
       popup, [&] { window = SDL_CreateWindow("", at.x, at.y, canvas.getSize().x, canvas.getSize().y, flags); });
   if (!window)
     return;
-  if (popup)
-    state_->popups.insert(&canvas);
-  state_->windows[&canvas] = window;
+  state_->windows[&canvas] = State::Shown{window, popup};
   state_->showTitle(canvas, window);
   state_->showClass(window);
   state_->showCursor(window);
@@ -246,18 +247,17 @@ void DisplayScreen::canvasUnmapped(Canvas& canvas) {
   auto found = state_->windows.find(&canvas);
   if (found == state_->windows.end())
     return;
-  state_->popups.erase(&canvas);
   std::vector<Canvas*>& order = state_->workOrder;
   bool const workedInLast = !order.empty() && order.back() == &canvas;
   std::erase(order, &canvas);
-  SDL_DestroyWindow(found->second);
+  SDL_DestroyWindow(found->second.window);
   state_->windows.erase(found);
   // X gives the keyboard of a window that goes to no one, or to whatever a
   // window manager picks: it goes back to the window the user worked in
   // before, as a menu chosen from gives the keys back to its panel.
   if (workedInLast && !order.empty())
     if (auto previous = state_->windows.find(order.back()); previous != state_->windows.end())
-      SDL_SetWindowInputFocus(previous->second);
+      SDL_SetWindowInputFocus(previous->second.window);
 }
 
 void DisplayScreen::canvasMoved(Canvas& canvas) {
@@ -265,14 +265,14 @@ void DisplayScreen::canvasMoved(Canvas& canvas) {
   if (found == state_->windows.end())
     return;
   XY<int> const at = state_->windowPosition(canvas);
-  SDL_SetWindowPosition(found->second, at.x, at.y);
+  SDL_SetWindowPosition(found->second.window, at.x, at.y);
 }
 
 void DisplayScreen::canvasResized(Canvas& canvas) {
   auto found = state_->windows.find(&canvas);
   if (found == state_->windows.end())
     return;
-  SDL_SetWindowSize(found->second, canvas.getSize().x, canvas.getSize().y);
+  SDL_SetWindowSize(found->second.window, canvas.getSize().x, canvas.getSize().y);
   // The bottom edge stays put on our screen, so the top moves on X's.
   canvasMoved(canvas);
   canvasPainted(canvas, Zo::Box<int>(0, 0, canvas.getSize().x, canvas.getSize().y));
@@ -281,13 +281,13 @@ void DisplayScreen::canvasResized(Canvas& canvas) {
 void DisplayScreen::canvasRaised(Canvas& canvas) {
   auto found = state_->windows.find(&canvas);
   if (found != state_->windows.end())
-    state_->leavingTheKeyboard(state_->popups.count(&canvas) != 0, [&] { SDL_RaiseWindow(found->second); });
+    state_->leavingTheKeyboard(found->second.popup, [&] { SDL_RaiseWindow(found->second.window); });
 }
 
 void DisplayScreen::canvasRetitled(Canvas& canvas) {
   auto found = state_->windows.find(&canvas);
   if (found != state_->windows.end())
-    state_->showTitle(canvas, found->second);
+    state_->showTitle(canvas, found->second.window);
 }
 
 void DisplayScreen::canvasPainted(Canvas& canvas, Zo::Box<int> const& damage) {
@@ -295,7 +295,7 @@ void DisplayScreen::canvasPainted(Canvas& canvas, Zo::Box<int> const& damage) {
   Zo::Image::Surface const& pixels = canvas.surface();
   if (found == state_->windows.end() || pixels.empty())
     return;
-  SDL_Surface* target = SDL_GetWindowSurface(found->second);
+  SDL_Surface* target = SDL_GetWindowSurface(found->second.window);
   if (!target)
     return;
   // The canvas's words are 0xAARRGGBB in native order: the window library's
@@ -311,7 +311,7 @@ void DisplayScreen::canvasPainted(Canvas& canvas, Zo::Box<int> const& damage) {
   SDL_Rect placed = rows;
   SDL_BlitSurface(source, &rows, target, &placed);
   SDL_FreeSurface(source);
-  SDL_UpdateWindowSurfaceRects(found->second, &rows, 1);
+  SDL_UpdateWindowSurfaceRects(found->second.window, &rows, 1);
 }
 
 void DisplayScreen::cursorChanged(int cursorId) {
@@ -319,7 +319,7 @@ void DisplayScreen::cursorChanged(int cursorId) {
     return;
   state_->cursor = cursorId;
   for (auto const& [canvas, shown] : state_->windows)
-    state_->showCursor(shown);
+    state_->showCursor(shown.window);
 }
 
 Zo::Image::Surface DisplayScreen::grab(Zo::Box<int> const& area) {

@@ -1,8 +1,8 @@
+#include <zowidgets/host/base/NumberText.h>
 #include <zowidgets/host/shell/FrameRate.h>
 
 #include <array>
-#include <cstdio>
-#include <cwchar>
+#include <string>
 
 namespace Zo {
 namespace {
@@ -46,14 +46,7 @@ LightweightString<wchar_t> getDisplayString(FrameRate rate) {
   if (!rate.isValid())
     return {};
   // Three decimals at most, trailing zeros dropped: 23.976, 29.97, 25.
-  wchar_t text[48];
-  std::swprintf(text, 48, L"%.3f", rate.framesPerSecond());
-  std::size_t length = std::wcslen(text);
-  while (text[length - 1] == L'0')
-    text[--length] = L'\0';
-  if (text[length - 1] == L'.')
-    text[--length] = L'\0';
-  std::wstring result = std::wstring(text) + L" fps";
+  std::wstring result = std::wstring(WStringFromFloatTrimmed(rate.framesPerSecond(), 3).view()) + L" fps";
   if (rate.dropFrame)
     result += L" DF";
   return LightweightString<wchar_t>(result);

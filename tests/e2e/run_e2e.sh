@@ -447,19 +447,25 @@ form_tip_wm)
   # from another program.
   xmessage -geometry +900+60 'another program' &
   pids+=($!)
-  for _ in $(seq 50); do
-    other=$(xdotool search --name '^xmessage$' | head -n1 || true)
+  # Found once it shows: a window made but not yet mapped cannot be activated.
+  for _ in $(seq 100); do
+    other=$(xdotool search --onlyvisible --name '^xmessage$' | head -n1 || true)
     [ -n "$other" ] && break
     sleep 0.1
   done
   [ -n "$other" ] || fail "the other program's window did not appear"
-  xdotool windowactivate --sync "$other"
+  for _ in $(seq 100); do
+    xdotool windowactivate "$other" 2>/dev/null || true
+    [ "$(xdotool getwindowfocus)" = "$other" ] && break
+    sleep 0.1
+  done
+  expect "the other program's window has the keyboard" "$(xdotool getwindowfocus)" "$other"
   read -r x y <<<"$(centre "$(ask form)" unlock)"
   xdotool mousemove "$x" "$y"
   sleep 0.1
   xdotool mousemove "$((x + 1))" "$y"
   tip=""
-  for _ in $(seq 40); do
+  for _ in $(seq 100); do
     tip=$(xdotool search --onlyvisible --name "^$(basename "$program")\$" | head -n1 || true)
     [ -n "$tip" ] && break
     sleep 0.1

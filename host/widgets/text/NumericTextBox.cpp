@@ -23,20 +23,6 @@ bool isFraction(LightweightString<wchar_t> const& text) {
          view.find_first_not_of(L"+-.0123456789eE") == std::wstring_view::npos;
 }
 
-// Fixed-point text without the zeros that end its fraction ("0.250" reads
-// "0.25", "2.000" reads "2", "-0.000" reads "0").
-LightweightString<wchar_t> rounded(double value, int decimals) {
-  std::wstring text(Zo::WStringFromFloat(value, decimals, 0).view());
-  if (text.find(L'.') != std::wstring::npos) {
-    text.erase(text.find_last_not_of(L'0') + 1);
-    if (text.back() == L'.')
-      text.pop_back();
-  }
-  if (text == L"-0")
-    text = L"0";
-  return LightweightString<wchar_t>(text);
-}
-
 // How a value from the data is shown when it is a fraction worth rounding
 // and rounding changes it; none otherwise.
 std::optional<LightweightString<wchar_t>> roundedForShowing(LightweightString<wchar_t> const& value, int decimals) {
@@ -45,7 +31,7 @@ std::optional<LightweightString<wchar_t>> roundedForShowing(LightweightString<wc
   double const number = DataConvert::convert<LightweightString<wchar_t>, double>(value);
   if (!std::isfinite(number) || std::abs(number) >= kLargestRounded)
     return std::nullopt;
-  LightweightString<wchar_t> shown = rounded(number, decimals);
+  LightweightString<wchar_t> shown = Zo::WStringFromFloatTrimmed(number, decimals);
   if (shown == value)
     return std::nullopt;
   return shown;

@@ -23,6 +23,16 @@ TEST(NumberText, FloatsArePaddedToTheMinimumWidth) {
   EXPECT_EQ(Zo::WStringFromFloat(1234.5, 1, 3).str(), L"1234.5");
 }
 
+TEST(NumberText, TrimmedFloatsDropTheZerosThatEndTheFraction) {
+  EXPECT_EQ(Zo::WStringFromFloatTrimmed(0.25, 3).str(), L"0.25");
+  EXPECT_EQ(Zo::WStringFromFloatTrimmed(25.0, 3).str(), L"25");
+  EXPECT_EQ(Zo::WStringFromFloatTrimmed(30000.0 / 1001.0, 3).str(), L"29.97");
+  EXPECT_EQ(Zo::WStringFromFloatTrimmed(0.5416666666666666, 3).str(), L"0.542");
+  EXPECT_EQ(Zo::WStringFromFloatTrimmed(-0.0004, 3).str(), L"0");
+  EXPECT_EQ(Zo::WStringFromFloatTrimmed(-2.5, 1).str(), L"-2.5");
+  EXPECT_EQ(Zo::WStringFromFloatTrimmed(100.0, 0).str(), L"100"); // zeros before the point stay
+}
+
 TEST(NumberText, NonFiniteFloatsPrintAsWords) {
   EXPECT_EQ(Zo::WStringFromFloat(std::numeric_limits<double>::infinity(), 2, 0).str(), L"inf");
   EXPECT_EQ(Zo::WStringFromFloat(-std::numeric_limits<double>::infinity(), 2, 0).str(), L"-inf");
