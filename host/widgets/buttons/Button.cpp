@@ -295,6 +295,15 @@ void Button::drawLabel(CanvasRenderer& renderer, Zo::Box<int> const& box) const 
       area.x1 -= side + UifStd::getWidgetGap();
     else
       area.x0 += side + UifStd::getWidgetGap();
+  } else if (!text.empty()) {
+    // A label wider than the padded room gives up padding before it is cut:
+    // a button sized to its number (a page index) shows all of it, centred.
+    double const missing = Glib::TextLayout::measure(text, labelFont()).width - area.width();
+    if (missing > 0) {
+      double const give = std::min(missing / 2, static_cast<double>(labelPadding()));
+      area.x0 -= give;
+      area.x1 += give;
+    }
   }
   Glib::TextDescription description(text, area, labelFont(), labelColour(), Glib::eTextAlignment::Centre);
   renderer.renderPrimitive(description);

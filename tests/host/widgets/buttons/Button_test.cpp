@@ -55,6 +55,22 @@ struct ButtonTest : HeadlessScreenTest {
     return HeadlessScreenTest::iconPixelsShown(button, name, side, corner, colour);
   }
 
+  // The columns of a button where its label leaves ink: pixels unlike the
+  // face at the button's left edge, on the rows the text crosses.
+  int labelInkColumns(Button const& button) {
+    int const y0 = button.height() / 4;
+    int const y1 = button.height() * 3 / 4;
+    std::uint32_t const face = widgetPixel(button, XY<int>(1, button.height() / 2));
+    int columns = 0;
+    for (int x = 1; x < button.width() - 1; ++x)
+      for (int y = y0; y < y1; ++y)
+        if (widgetPixel(button, XY<int>(x, y)) != face) {
+          ++columns;
+          break;
+        }
+    return columns;
+  }
+
   Button* addButton(Button::InitArgs const& args) {
     Button* button = add<Button>(args);
     button->setCallback(Broadcaster<ButtonEvent>::makeCallback([this](ButtonEvent const& e) { events.push_back(e); }));
@@ -193,6 +209,23 @@ TEST_F(ButtonTest, AnIconAloneIsCentredAndLeadsALabel) {
   int const iconCentre = UifStd::getWidgetGap() * 2 + (led->height() - UifStd::getWidgetGap() * 2) / 2;
   EXPECT_EQ(rgbOf(widgetPixel(*led, XY<int>(iconCentre, led->height() / 2))), (Rgb{255, 0, 0}));
   EXPECT_GT(led->width(), Button::calcWidth(UIString(L"Record")));
+}
+
+TEST_F(ButtonTest, ALabelWiderThanItsPaddedRoomIsShownWholeNotCut) {
+  UIString const label(L"13");
+  int const textWidth = UifStd::measure(label).x;
+  // As narrow as a page index's number: the text and half a row.
+  Button::InitArgs narrowArgs(label, XY<int>(textWidth + UifStd::getRowHeight() / 2, 0));
+  narrowArgs.style = Button::kStyleFlat;
+  Button* narrow = addButton(narrowArgs);
+  ASSERT_LT(narrow->width(), Button::calcWidth(label)) << "narrower than the label and its padding";
+  Button::InitArgs wideArgs(label, XY<int>(Button::calcWidth(label) + 20, 0));
+  wideArgs.style = Button::kStyleFlat;
+  Button* wide = panel->createWidget<Button>(wideArgs, Glob::Below(UifStd::getRowGap(), narrow));
+  pump();
+  int const whole = labelInkColumns(*wide);
+  ASSERT_GT(whole, 0);
+  EXPECT_EQ(labelInkColumns(*narrow), whole);
 }
 
 TEST_F(ButtonTest, ATrailingIconFollowsTheLabel) {
