@@ -32,12 +32,25 @@ Glob* stepThrough(std::vector<Glob*> const& order, Glob const* current, bool for
   return order[forward ? (index + 1) % count : (index + count - 1) % count];
 }
 
+// The key moving the focus, for the widget that gains it to hear in its
+// focus event's key (a text box entered by Tab selects its text, where one
+// clicked into does not); 0 when no key moves it.
+int& keyMovingFocus() {
+  static int key = 0;
+  return key;
+}
+
 bool stepFocus(bool forward) {
   Glob* focus = get_kbd_focus();
   if (!focus)
     return false;
   Glob* next = TabOrderManager::nextFor(focus, forward);
-  return next && next != focus && set_kbd_focus(next);
+  if (!next || next == focus)
+    return false;
+  keyMovingFocus() = forward ? kKeyTab : kKeyTab | kKeyShift;
+  bool const moved = set_kbd_focus(next);
+  keyMovingFocus() = 0;
+  return moved;
 }
 
 } // namespace
@@ -66,6 +79,7 @@ bool set_kbd_focus(Glob* widget) {
     widget->handleKbdFocus(true);
     Event gained;
     gained.type = Event::kFocusIn;
+    gained.key = keyMovingFocus();
     widget->react(gained);
   }
   return true;

@@ -125,6 +125,13 @@ int TextBoxBase::react(Event const& event) {
     if (editor_.insert(toWide(event.text.view()).view()))
       textEdited();
     return 1;
+  case Event::kFocusIn:
+    // Entered by Tab, the whole text is selected, ready to be typed over.
+    if ((event.key & ~kKeyModifierMask) == kKeyTab) {
+      editor_.selectAll();
+      caretMoved();
+    }
+    return Glob::react(event);
   default:
     return Glob::react(event);
   }

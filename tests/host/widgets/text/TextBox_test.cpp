@@ -94,6 +94,31 @@ TEST_F(TextBoxTest, ClickingTakesTheFocusAndTypingGoesInAtTheCaret) {
   EXPECT_EQ(box->getString().str(), L"helo");
 }
 
+TEST_F(TextBoxTest, TabIntoABoxSelectsItsTextSoTypingReplacesIt) {
+  box->setString(L"[Enter a title]");
+  auto* other = panel->createWidget<TextBox>(TextBox::InitArgs(GlobCreationInfo(XY<int>(300, UifStd::getRowHeight()))),
+                                             Glob::Below(UifStd::getRowGap(), box));
+  typeInto(*other, "x");
+  HeadlessInput::key(kKeyTab, kKeyShift);
+  ASSERT_TRUE(box->hasKbdFocus());
+  EXPECT_TRUE(box->editor().hasSelection());
+  HeadlessInput::typeText("Night 3");
+  EXPECT_EQ(box->getString().str(), L"Night 3");
+  HeadlessInput::key(kKeyTab);
+  ASSERT_TRUE(other->hasKbdFocus());
+  HeadlessInput::typeText("y");
+  EXPECT_EQ(other->getString().str(), L"y") << "forward as well as back";
+}
+
+TEST_F(TextBoxTest, AClickIntoABoxPlacesTheCaretWithoutSelecting) {
+  box->setString(L"[Enter a title]");
+  HeadlessInput::click(HeadlessInput::pointOn(*box, boundary(*box, L"[Enter a title]", 6)));
+  ASSERT_TRUE(box->hasKbdFocus());
+  EXPECT_FALSE(box->editor().hasSelection());
+  HeadlessInput::typeText("X");
+  EXPECT_EQ(box->getString().str(), L"[EnterX a title]");
+}
+
 TEST_F(TextBoxTest, ShiftArrowsAndCtrlWordMovesSelect) {
   typeInto(*box, "hello brave world");
   HeadlessInput::key(kKeyHome);
