@@ -117,6 +117,17 @@ Glob* focusableAncestor(Glob* widget) {
   return nullptr;
 }
 
+// A press in another panel with nothing there to take the keyboard: the
+// keys go to that panel (the front window) rather than stay with a widget
+// the user has left. Popups (menus, drop-downs, tips) leave the focus alone.
+bool leavesTheFocusBehind(Glob const* target) {
+  Glob const* focus = get_kbd_focus();
+  if (!focus || !target || focus->canvas() == target->canvas())
+    return false;
+  Canvas const* canvas = target->canvas();
+  return canvas && canvas->root() && canvas->root()->windowKind() == Glob::eWindowKind::kPanel;
+}
+
 } // namespace
 
 void InputRouter::mouseMoved(XY<int> screen, int modifiers) {
@@ -156,6 +167,8 @@ void InputRouter::mouseButton(XY<int> screen, int button, bool pressed, int modi
   if (pressed && !s.capture) {
     if (Glob* focusable = focusableAncestor(target))
       set_kbd_focus(focusable);
+    else if (leavesTheFocusBehind(target))
+      set_kbd_focus(nullptr);
     if (Canvas* canvas = target ? target->canvas() : nullptr) {
       canvas->popToTop();
       GlobRegistry::announce(GlobManagerEvent::kActivated, canvas->root());

@@ -155,6 +155,25 @@ TEST_F(GlobInputTest, KeysGoToTheFocusAndTabMovesIt) {
   EXPECT_EQ(get_kbd_focus(), left);
 }
 
+TEST_F(GlobInputTest, APressInAnotherPanelWithNothingToFocusSendsTheKeysToThatPanel) {
+  left->setCanBeIt(true);
+  HeadlessInput::clickOn(*left);
+  ASSERT_EQ(get_kbd_focus(), left);
+  StandardPanel* other = openPanel(XY<int>(120, 80), XY<int>(700, 300));
+  auto* inOther =
+      static_cast<Probe*>(other->addChild(new Probe(XY<int>(40, 30), log, "other"), Glob::UserTopLeft(0, 0)));
+  HeadlessInput::clickOn(*inOther); // cannot take the keyboard
+  EXPECT_EQ(get_kbd_focus(), nullptr);
+  EXPECT_NE(std::find(log.begin(), log.end(), "left focus out"), log.end());
+  log.clear();
+  HeadlessInput::typeText("a");
+  EXPECT_EQ(std::find(log.begin(), log.end(), "left text a"), log.end()) << "the panel left behind hears no keys";
+  HeadlessInput::clickOn(*right); // within the focus's own panel it stays
+  HeadlessInput::clickOn(*left);
+  HeadlessInput::clickOn(*right);
+  EXPECT_EQ(get_kbd_focus(), left);
+}
+
 TEST_F(GlobInputTest, APanelTabOrderOverridesTreeOrder) {
   auto* third = static_cast<Probe*>(panel->addChild(new Probe(XY<int>(20, 20), log, "third", false), Glob::RightOf(5)));
   for (Probe* p : {left, right, third})
