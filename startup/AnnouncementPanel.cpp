@@ -6,11 +6,14 @@
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/CursorCodes.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/MouseMove.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/widgets/values/ImageView.h>
+#include <zowidgets/values/notify/Callback.h>
 
 #include <algorithm>
 #include <cmath>
@@ -132,12 +135,34 @@ AnnouncementPanel::AnnouncementPanel(InitArgs const& args) : StandardPanel(args)
     addPictureAndText(args);
   else
     addText(nullptr);
+  // Hears every press, to close when the user goes on elsewhere.
+  m_pressListener = Glib::addMouseListener(Zo::Ptr<iCallbackBase<int, Event>>(
+      new MethodCallback<AnnouncementPanel, Event, int>(this, &AnnouncementPanel::handlePressAnywhere)));
 }
 
 AnnouncementPanel::~AnnouncementPanel() {
   // Seen once, or asked not to be shown again.
   if (!m_message.isRecurring() || (m_dontShowAgain && m_dontShowAgain->isChecked()))
     m_message.markAsRead();
+}
+
+int AnnouncementPanel::handlePressAnywhere(Event const& event) {
+  // Inside another panel, that panel decides when it goes.
+  if (parent() || isPinned() || event.type != Event::kMouseDown)
+    return 0;
+  XY<int> const origin = screenPosition();
+  XY<int> const local(event.screenPosition.x - origin.x, event.screenPosition.y - origin.y);
+  if (!Zo::Box<int>(0, 0, width(), height()).contains(local))
+    GlobManager::requestDeletion(this);
+  return 0;
+}
+
+int AnnouncementPanel::handleKeyboardEvent(int key) {
+  if (!parent() && (key & ~kKeyModifierMask) == kKeyEscape) {
+    GlobManager::requestDeletion(this);
+    return 1;
+  }
+  return StandardPanel::handleKeyboardEvent(key);
 }
 
 void AnnouncementPanel::addBanner(InitArgs const& args) {

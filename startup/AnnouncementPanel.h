@@ -3,6 +3,7 @@
 #include <zowidgets/host/drawing/ImageSurface.h>
 #include <zowidgets/host/shell/StartupMessage.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
+#include <zowidgets/values/notify/NotifierBase.h>
 
 class Checkbox;
 
@@ -10,7 +11,9 @@ class Checkbox;
 // a picture beside it, or the text alone), or a banner (a picture that opens
 // a link when clicked). A message that comes back at each start has a
 // checkbox asking not to show it again; one that does not is marked as read
-// when the panel closes, however it closes.
+// when the panel closes, however it closes. Shown as a window of its own,
+// it closes on Escape, and on a press outside it unless pinned (the press
+// goes on to what it was meant for).
 class ZO_API AnnouncementPanel : public StandardPanel {
 public:
   struct ZO_API InitArgs : StandardPanel::InitArgs {
@@ -27,6 +30,7 @@ public:
   explicit AnnouncementPanel(InitArgs const& args);
   ~AnnouncementPanel() override;
   char const* idstring() const override { return "AnnouncementPanel"; }
+  int handleKeyboardEvent(int key) override;
 
   // The message's text when it is a link ("http..."); empty otherwise.
   static LightweightString<wchar_t> getBannerLink(StartupMessage const& message);
@@ -46,7 +50,9 @@ private:
   void addPictureAndText(InitArgs const& args);
   void addText(Glob* beside);
   void addDontShowAgain();
+  int handlePressAnywhere(Event const& event);
 
   StartupMessage m_message;
   Checkbox* m_dontShowAgain = nullptr;
+  Zo::Ptr<Zo::Guard> m_pressListener;
 };

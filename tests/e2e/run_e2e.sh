@@ -992,9 +992,10 @@ hints)
   ;;
 startup)
   # The start-up page: a drag across the banner opens nothing; a click on it
-  # opens its address through the desktop's opener. Then the test tool: its
-  # Test button waits for a description that can be tried, and each press
-  # replaces the announcement it opened before.
+  # opens its address through the desktop's opener. A press elsewhere closes
+  # the page's announcements. Then the test tool: its Test button waits for a
+  # description that can be tried, each press replaces the announcement it
+  # opened before, and Escape in an announcement closes it.
   read -r x y w h <<<"$(box "$(ask 'widget Banner 0')" box)"
   [ -n "$w" ] || fail "no banner on the page"
   xdotool mousemove $((x + 20)) $((y + 20)) mousedown 1 mousemove $((x + 80)) $((y + 40)) \
@@ -1009,20 +1010,29 @@ startup)
   expect "the banner's address opened" "$(cat "$work/opened" 2>/dev/null)" 'https://example.org/training'
   click_reading Button 'Announcements Test…'
   grep -q '"error"' <<<"$(ask 'widget AnnouncementTestPanel 0')" && fail "the test tool did not open"
+  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 0')" || fail "a press elsewhere left an announcement open"
+  echo "ok: a press elsewhere closed the page's announcements"
   read -r x y <<<"$(centre "$(ask 'widget MultiLineTextBox 0')" box)"
   click_to_type "$x" "$y"
   xdotool type --delay 30 '<p>Tried on a real display'
   sleep 0.3
   click_reading Button Test
-  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 2')" || fail "Test opened a panel for half a paragraph"
+  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 0')" || fail "Test opened a panel for half a paragraph"
   click_to_type "$x" "$y"
   xdotool type --delay 30 '</p>'
   sleep 0.3
   click_reading Button Test
-  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 2')" && fail "Test opened no announcement"
+  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 0')" && fail "Test opened no announcement"
   click_reading Button Test
-  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 3')" || fail "a second Test kept the first announcement"
+  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 0')" && fail "a second Test opened no announcement"
+  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 1')" || fail "a second Test kept the first announcement"
   echo "ok: the test tool opens one announcement at a time"
+  read -r x y <<<"$(centre "$(ask 'widget AnnouncementPanel 0')" box)"
+  click_to_type "$x" "$y"
+  xdotool key Escape
+  sleep 0.4
+  grep -q '"error"' <<<"$(ask 'widget AnnouncementPanel 0')" || fail "Escape left the announcement open"
+  echo "ok: Escape closed the announcement"
   ;;
 logger)
   # The logger page: "Show log" opens the task log's window. A click on its

@@ -3,6 +3,7 @@
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/widgets/values/ImageView.h>
@@ -135,6 +136,58 @@ TEST_F(AnnouncementPanelTest, AMessageShownOnceIsMarkedReadWhenItsPanelIsClosedW
   HeadlessInput::clickOn(*panel, XY<int>((poot.x0 + poot.x1) / 2, (poot.y0 + poot.y1) / 2));
   pump();
   EXPECT_TRUE(message.isRead());
+}
+
+TEST_F(AnnouncementPanelTest, EscapeClosesTheAnnouncementAndMarksItRead) {
+  StartupMessage const message = newsItem(L"", L"once", L"<p>Ripple edits</p>");
+  AnnouncementPanel* panel = show(message);
+  HeadlessInput::clickOn(*panel, XY<int>(panel->width() / 2, panel->height() / 2));
+  pump();
+  ASSERT_TRUE(is_good_glob_ptr(panel)) << "a press inside leaves it open";
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(panel));
+  EXPECT_TRUE(message.isRead());
+}
+
+TEST_F(AnnouncementPanelTest, APressOutsideClosesAnUnpinnedAnnouncementAndStillReachesItsWidget) {
+  StandardPanel* other = openPanel(XY<int>(200, 100), XY<int>(700, 500));
+  std::vector<ButtonEvent> clicks;
+  auto* button =
+      other->createWidget<Button>(Button::InitArgs(UIString(L"Play"), XY<int>(80, 0)), Glob::UserTopLeft(0, 0));
+  button->setCallback(
+      Broadcaster<ButtonEvent>::makeCallback([&clicks](ButtonEvent const& event) { clicks.push_back(event); }));
+  StartupMessage const message = newsItem(L"", L"once", L"<p>Audio scrubbing</p>");
+  AnnouncementPanel* panel = show(message);
+  HeadlessInput::clickOn(*button);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(panel));
+  EXPECT_TRUE(message.isRead());
+  EXPECT_EQ(clicks.size(), 1u) << "the press went on to the button";
+}
+
+TEST_F(AnnouncementPanelTest, APinnedAnnouncementStaysOnAPressOutside) {
+  StandardPanel* other = openPanel(XY<int>(200, 100), XY<int>(700, 500));
+  AnnouncementPanel* panel = show(newsItem(L"", L"once", L"<p>Multicam</p>"));
+  Zo::Box<int> const pin = panel->getStandardWidgetBox(StandardPanel::kPin);
+  ASSERT_FALSE(pin.empty());
+  HeadlessInput::clickOn(*panel, XY<int>((pin.x0 + pin.x1) / 2, (pin.y0 + pin.y1) / 2));
+  pump();
+  ASSERT_TRUE(panel->isPinned());
+  HeadlessInput::clickOn(*other);
+  pump();
+  EXPECT_TRUE(is_good_glob_ptr(panel));
+}
+
+TEST_F(AnnouncementPanelTest, AnAnnouncementInsideAnotherPanelIsLeftToThatPanel) {
+  StandardPanel* host = openPanel(XY<int>(900, 400), XY<int>(100, 100));
+  auto* panel = host->createWidget<AnnouncementPanel>(
+      AnnouncementPanel::InitArgs(newsItem(L"", L"once", L"<p>Proxies</p>")), Glob::UserTopLeft(0, 0));
+  pump();
+  HeadlessInput::clickOn(*host, XY<int>(host->width() - 5, 5));
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_TRUE(is_good_glob_ptr(panel));
 }
 
 TEST_F(AnnouncementPanelTest, ARecurringMessageComesBackUnlessItsCheckboxIsTicked) {
