@@ -125,10 +125,14 @@ public:
     return static_cast<std::int64_t>(std::hash<std::string>{}(browser_.shown_[row].name) >> 1);
   }
   bool handleMouseClickEvent(XY<int> const& cell, Event const& event) override {
-    if (event.type == Event::kMouseDown && (event.buttons & kMouseLeft) && event.clicks >= 2) {
+    if (event.type != Event::kMouseDown || !(event.buttons & kMouseLeft))
+      return false;
+    if (event.clicks >= 2) {
       browser_.openEntry(cell.y);
       return true;
     }
+    // A press on the row already current picks it as much as one that moves.
+    browser_.currentPicked_ = true;
     return false;
   }
   bool sort(int column, bool ascending) override {
@@ -191,8 +195,10 @@ void FileBrowserBase::init(InitArgs const& args, unsigned options) {
   table_->setName("files");
   table_->hideTextEntryBox(true);
   table_->addListener(Broadcaster<TableWidgetEvent>::makeCallback([this](TableWidgetEvent const& event) {
-    if (event.type == TableWidgetEvent::kCurrentChanged)
-      broadcast(FileBrowserEvent{FileBrowserEvent::kCurrentChanged, getCurrentPath(), this});
+    if (event.type != TableWidgetEvent::kCurrentChanged)
+      return;
+    currentPicked_ = !movingCurrent_;
+    broadcast(FileBrowserEvent{FileBrowserEvent::kCurrentChanged, getCurrentPath(), this});
   }));
   TextLabel::InitArgs labelArgs(GlobCreationInfo(static_cast<unsigned short>(area.width()),
                                                  static_cast<unsigned short>(2 * UifStd::getRowHeight())));
@@ -239,6 +245,7 @@ bool FileBrowserBase::setFolder(LightweightString<wchar_t> const& folder) {
   if (pathBox_)
     pathBox_->setString(folder_);
   typed_.clear();
+  currentPicked_ = false;
   watcher_ = std::make_unique<FolderWatcher>(path, [this] { folderChangedOnDisk(); });
   startReading({});
   if (table_ && !shown_.empty())
@@ -399,10 +406,14 @@ void FileBrowserBase::applyFilters(LightweightString<wchar_t> const& keepCurrent
   if (!table_)
     return;
   Drawable::Suspender const holdRedraws;
+  int const offset = table_->getScrollOffset();
   table_->refresh();
-  if (!keepCurrent.empty())
-    selectEntry(keepCurrent);
-  else if (!shown_.empty() && table_->getCurPos().y < 0)
+  if (int const kept = keepCurrent.empty() ? -1 : findEntry(keepCurrent); kept >= 0) {
+    // Read again (a change on disk, the next slice): the same entry stays
+    // current and the list stays where the user scrolled it.
+    table_->setCurPos(XY<int>(0, kept), TableWidget::kQuiet);
+    table_->setScrollOffset(offset);
+  } else if (!shown_.empty() && table_->getCurPos().y < 0)
     table_->setCurPos(XY<int>(0, 0), TableWidget::kShowCell | TableWidget::kQuiet);
 }
 
@@ -426,7 +437,9 @@ bool FileBrowserBase::selectEntry(LightweightString<wchar_t> const& name) {
   int const row = findEntry(name);
   if (row < 0 || !table_)
     return false;
+  movingCurrent_ = true;
   table_->setCurPos(XY<int>(0, row), TableWidget::kShowCell);
+  movingCurrent_ = false;
   return true;
 }
 

@@ -100,6 +100,9 @@ public:
   // Makes an entry current; false when it is not listed.
   bool selectEntry(LightweightString<wchar_t> const& name);
   int getCurrentRow() const;
+  // Whether the user made the current row current (a press, a key, typing)
+  // since the folder was shown, rather than the browser.
+  bool isCurrentPicked() const noexcept { return currentPicked_; }
   // The current entry's full path; empty when none is current.
   LightweightString<wchar_t> getCurrentPath() const;
   LightweightString<wchar_t> getPathOf(int row) const;
@@ -152,6 +155,8 @@ private:
   LightweightString<wchar_t> error_;
   LightweightString<wchar_t> typed_;
   double lastTypedAt_ = -1e9;
+  bool currentPicked_ = false;
+  bool movingCurrent_ = false;
   unsigned readSerial_ = 0;
   std::unique_ptr<Listing> listing_;
   TableWidget* table_ = nullptr;

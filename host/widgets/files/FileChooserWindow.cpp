@@ -46,8 +46,10 @@ FileChooserWindow* FileChooserWindow::open(InitArgs args, Glob* owner) {
 LightweightString<wchar_t> FileChooserWindow::getChoice() const {
   int const row = browser_->getCurrentRow();
   bool const rowIsFolder = row >= 0 && browser_->entries()[row].isFolder;
+  // A folder row counts when the user picked it, not where the browser
+  // put the current row on showing the folder: that chooses the folder shown.
   if (chooseFolder_)
-    return rowIsFolder ? browser_->getPathOf(row) : browser_->getFolder();
+    return rowIsFolder && browser_->isCurrentPicked() ? browser_->getPathOf(row) : browser_->getFolder();
   return row >= 0 && !rowIsFolder && !browser_->entries()[row].isBrokenLink ? browser_->getPathOf(row)
                                                                             : LightweightString<wchar_t>();
 }

@@ -6,8 +6,9 @@
 #include <functional>
 
 // A window holding a FileBrowser and a "Choose" button below it that chooses: the
-// current file, or with `chooseFolder` the current folder entry (else the
-// folder shown). A double click on a file chooses it too. The window closes
+// current file, or with `chooseFolder` the folder entry the user picked in
+// the list (else the folder shown, whatever row the browser made current on
+// showing it). A double click on a file chooses it too. The window closes
 // after choosing, and its close button closes it without a choice.
 class ZO_API FileChooserWindow : public StandardPanel {
 public:

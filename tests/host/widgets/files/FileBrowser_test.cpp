@@ -1,6 +1,7 @@
 #include "FileBrowserTestSupport.h"
 #include "host/shell/EnforcedPermissions.h"
 
+#include <zowidgets/host/widgets/files/FileChooserWindow.h>
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
@@ -152,6 +153,45 @@ TEST_F(FileBrowserTest, TheCurrentEntryStaysCurrentWhenTheFolderChanges) {
   tree.write("a new first file");
   ASSERT_TRUE(waitFor([&] { return browser->findEntry(L"a new first file") >= 0; }));
   EXPECT_EQ(currentName(), "README");
+}
+
+TEST_F(FileBrowserTest, ReadAgainTheListStaysWhereTheUserScrolledIt) {
+  for (int i = 0; i < 60; ++i)
+    tree.write("take " + std::to_string(100 + i) + ".mov");
+  open();
+  TableWidget* table = browser->getTable();
+  ASSERT_EQ(currentName(), "folder 2");
+  table->setScrollOffset(20 * table->getRowHeight());
+  int const scrolled = table->getScrollOffset();
+  ASSERT_GT(scrolled, 0);
+  tree.write("a new first file");
+  ASSERT_TRUE(waitFor([&] { return browser->findEntry(L"a new first file") >= 0; }));
+  EXPECT_EQ(table->getScrollOffset(), scrolled);
+  EXPECT_EQ(currentName(), "folder 2");
+}
+
+TEST_F(FileBrowserTest, ChoosingAFolderTakesTheFolderShownUnlessTheUserPickedARow) {
+  std::wstring chosen;
+  FileChooserWindow::InitArgs args;
+  args.browser.folder = tree.wide();
+  args.chooseFolder = true;
+  args.chosen = [&chosen](LightweightString<wchar_t> const& path) { chosen = path.str(); };
+  FileChooserWindow* chooser = FileChooserWindow::open(args, nullptr);
+  browser = &chooser->getBrowser();
+  pump();
+  ASSERT_EQ(currentName(), "folder 2") << "the browser makes the first row current";
+  EXPECT_EQ(chooser->getChoice().str(), tree.wide().str());
+  HeadlessInput::click(pointOnRow(0)); // the row already current
+  EXPECT_EQ(chooser->getChoice().str(), (tree / "folder 2").wstring());
+  HeadlessInput::key(kKeyDown);
+  EXPECT_EQ(chooser->getChoice().str(), (tree / "Folder 10").wstring());
+  HeadlessInput::key(kKeyBackspace); // up to the parent, the folder left made current
+  ASSERT_NE(browser->getFolder().str(), tree.wide().str());
+  EXPECT_EQ(chooser->getChoice().str(), browser->getFolder().str());
+  ASSERT_TRUE(browser->openPath(tree.wide()));
+  HeadlessInput::clickOn(chooser->getChooseButton());
+  pump();
+  EXPECT_EQ(chosen, tree.wide().str());
 }
 
 TEST_F(FileBrowserTest, AnUnreadableFolderShowsWhyAndTheBrowserStaysUsable) {
