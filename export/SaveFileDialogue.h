@@ -33,6 +33,7 @@ public:
 
   explicit SaveFileDialogue(InitArgs const& args);
   char const* idstring() const override { return "SaveFileDialogue"; }
+  eWindowKind windowKind() const override { return eWindowKind::kDialogue; }
 
   // Opens the form as a modal window of its own size.
   static SaveFileDialogue* open(InitArgs args);

@@ -40,6 +40,7 @@ public:
 
   explicit LoginPanel(InitArgs const& args);
   char const* idstring() const override { return "LoginPanel"; }
+  eWindowKind windowKind() const override { return eWindowKind::kDialogue; }
 
   static LightweightString<char> loginMsg() { return "StartLogin"; }
   // The panel's outer size for a message.

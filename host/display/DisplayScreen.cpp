@@ -230,7 +230,7 @@ void DisplayScreen::canvasMapped(Canvas& canvas) {
     flags |= SDL_WINDOW_POPUP_MENU | SDL_WINDOW_SKIP_TASKBAR;
   else if (kind == Glob::eWindowKind::kTip)
     flags |= SDL_WINDOW_TOOLTIP | SDL_WINDOW_SKIP_TASKBAR;
-  bool const popup = kind != Glob::eWindowKind::kPanel;
+  bool const popup = kind == Glob::eWindowKind::kPopupMenu || kind == Glob::eWindowKind::kTip;
   SDL_Window* window = nullptr;
   state_->leavingTheKeyboard(
       popup, [&] { window = SDL_CreateWindow("", at.x, at.y, canvas.getSize().x, canvas.getSize().y, flags); });
@@ -282,6 +282,13 @@ void DisplayScreen::canvasRaised(Canvas& canvas) {
   auto found = state_->windows.find(&canvas);
   if (found != state_->windows.end())
     state_->leavingTheKeyboard(found->second.popup, [&] { SDL_RaiseWindow(found->second.window); });
+}
+
+void DisplayScreen::canvasKeptInFront(Canvas& canvas) {
+  // Raised by X itself: the window library would also ask a window manager
+  // to make it the active window, keyboard and all.
+  if (auto found = state_->windows.find(&canvas); found != state_->windows.end())
+    state_->x11->raise(nativeX11Window(found->second.window));
 }
 
 void DisplayScreen::canvasRetitled(Canvas& canvas) {

@@ -24,6 +24,7 @@ public:
   void canvasMoved(Canvas& canvas) override;
   void canvasResized(Canvas& canvas) override;
   void canvasRaised(Canvas& canvas) override;
+  void canvasKeptInFront(Canvas& canvas) override;
   void canvasRetitled(Canvas& canvas) override;
   void canvasPainted(Canvas& canvas, Zo::Box<int> const& damage) override;
   void cursorChanged(int cursorId) override;

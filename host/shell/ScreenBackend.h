@@ -21,6 +21,9 @@ public:
   virtual void canvasMoved(Canvas&) {}
   virtual void canvasResized(Canvas&) {}
   virtual void canvasRaised(Canvas&) {}
+  // Put back in front of a window raised or shown, without taking the
+  // keyboard from it (a dialogue in front of its panel).
+  virtual void canvasKeptInFront(Canvas&) {}
   // The canvas's title (Canvas::title) changed.
   virtual void canvasRetitled(Canvas&) {}
   // `damage` (canvas coordinates) has new pixels.

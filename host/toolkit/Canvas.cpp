@@ -17,6 +17,10 @@ std::vector<Canvas*>& canvases() {
   return list;
 }
 
+bool isDialogue(Canvas const* canvas) {
+  return canvas->root() && canvas->root()->windowKind() == Glob::eWindowKind::kDialogue;
+}
+
 // Widgets belong to the user-interface thread; another thread's redraw
 // bracket must not paint them.
 void flushPendingPaints() {
@@ -74,6 +78,9 @@ void Canvas::map() {
     return;
   mapped_ = true;
   screenBackend().canvasMapped(*this);
+  // A window shown comes up in front of the others: the dialogues go back
+  // in front of it.
+  keepDialoguesInFront();
   addDamage(Zo::Box<int>(0, 0, size_.x, size_.y));
 }
 
@@ -88,12 +95,30 @@ void Canvas::unmap() {
 void Canvas::popToTop() {
   auto& list = canvases();
   auto found = std::find(list.begin(), list.end(), this);
-  if (found == list.end() || found + 1 == list.end())
+  if (found == list.end())
     return;
-  list.erase(found);
-  list.push_back(this);
-  if (mapped_)
-    screenBackend().canvasRaised(*this);
+  if (found + 1 != list.end()) {
+    list.erase(found);
+    list.push_back(this);
+    if (mapped_)
+      screenBackend().canvasRaised(*this);
+  }
+  keepDialoguesInFront();
+}
+
+void Canvas::keepDialoguesInFront() {
+  // A popup (a dialogue's own menu say) stays in front of everything.
+  if (!root_ || root_->windowKind() != Glob::eWindowKind::kPanel)
+    return;
+  auto& list = canvases();
+  std::vector<Canvas*> dialogues;
+  std::copy_if(list.begin(), list.end(), std::back_inserter(dialogues), isDialogue);
+  for (Canvas* dialogue : dialogues) {
+    std::erase(list, dialogue);
+    list.push_back(dialogue);
+    if (dialogue->mapped_)
+      screenBackend().canvasKeptInFront(*dialogue);
+  }
 }
 
 LightweightString<wchar_t> Canvas::title() const { return root_ ? root_->windowTitle() : LightweightString<wchar_t>(); }

@@ -30,7 +30,8 @@ public:
   bool isMapped() const noexcept { return mapped_; }
   void map();
   void unmap();
-  // Puts this window in front of every other.
+  // Puts this window in front of every other, but a panel behind the
+  // dialogues (Glob::eWindowKind::kDialogue).
   void popToTop();
   // The window's title for the desktop: the root widget's windowTitle().
   LightweightString<wchar_t> title() const;
@@ -60,6 +61,8 @@ public:
   static void paintAllPending();
 
 private:
+  // After a panel is raised or shown: the dialogues go back in front of it.
+  void keepDialoguesInFront();
   Glob* root_;
   XY<int> position_;
   XY<int> size_;

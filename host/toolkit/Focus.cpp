@@ -47,7 +47,7 @@ bool stepFocus(bool forward) {
   Glob* next = TabOrderManager::nextFor(focus, forward);
   if (!next || next == focus)
     return false;
-  keyMovingFocus() = forward ? kKeyTab : kKeyTab | kKeyShift;
+  keyMovingFocus() = forward ? int{kKeyTab} : int{kKeyTab} | kKeyShift;
   bool const moved = set_kbd_focus(next);
   keyMovingFocus() = 0;
   return moved;

@@ -46,12 +46,15 @@ public:
   // one: a panel's title. Empty for most widgets.
   virtual LightweightString<wchar_t> windowTitle() const { return {}; }
   // What this widget's window is to the desktop when it is a top-level one.
-  // A panel is the desktop's to manage and to give the keyboard. A popup (a
-  // menu, a drop-down, a tip, a lens) comes and goes with what the user
-  // opens or points at: no window manager handles it, and it leaves the
-  // keyboard where it is, in this program or another.
-  enum class eWindowKind { kPanel, kPopupMenu, kTip };
+  // A panel is the desktop's to manage and to give the keyboard; a dialogue
+  // (a message, a chooser) is a panel that stays in front of the panels, so
+  // that a click on the panel it speaks for never hides it. A popup (a menu,
+  // a drop-down, a tip, a lens) comes and goes with what the user opens or
+  // points at: no window manager handles it, and it leaves the keyboard
+  // where it is, in this program or another.
+  enum class eWindowKind { kPanel, kPopupMenu, kTip, kDialogue };
   virtual eWindowKind windowKind() const { return eWindowKind::kPanel; }
+  bool isPopupWindow() const { return windowKind() == eWindowKind::kPopupMenu || windowKind() == eWindowKind::kTip; }
 
   // --- Tree ---------------------------------------------------------------
   Glob* parent() const noexcept { return parent_; }

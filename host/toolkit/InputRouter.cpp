@@ -125,7 +125,7 @@ bool leavesTheFocusBehind(Glob const* target) {
   if (!focus || !target || focus->canvas() == target->canvas())
     return false;
   Canvas const* canvas = target->canvas();
-  return canvas && canvas->root() && canvas->root()->windowKind() == Glob::eWindowKind::kPanel;
+  return canvas && canvas->root() && !canvas->root()->isPopupWindow();
 }
 
 } // namespace

@@ -1038,9 +1038,9 @@ logger)
   # The logger page: "Show log" opens the task log's window. A click on its
   # link row (the second) opens the address through the desktop's opener;
   # the Save button asks for a folder in the file browser and writes
-  # TaskLog.html there, escaped; the menu over a plain row opens the save
-  # dialogue, whose Save writes the rows as text, which a small window
-  # confirms.
+  # TaskLog.html there, escaped, which a small window confirms, in front of
+  # the log even when the log is clicked; the menu over a plain row opens
+  # the save dialogue, whose Save writes the rows as text.
   click_reading PushButton 'Show log'
   read -r x y <<<"$(centre "$(ask 'widget TableRow 1')" box)"
   xdotool mousemove "$x" "$y" click 1
@@ -1069,7 +1069,13 @@ logger)
   expect "the HTML's first line" "$(head -n1 "$work/docs/TaskLog.html")" '<pre>'
   grep -qF "<p>&lt;script&gt;alert('a log line is only text')&lt;/script&gt;</p>" "$work/docs/TaskLog.html" ||
     fail "the script line was not escaped: $(cat "$work/docs/TaskLog.html")"
+  # A click on the task log leaves the confirmation in front of it.
+  read -r x y <<<"$(centre "$(ask 'widget TableRow 5')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
   click_reading PushButton OK
+  grep -q '"error"' <<<"$(ask 'widget warn 0')" || fail "the confirmation went behind the task log"
+  echo "ok: the confirmation stayed in front of the task log"
   read -r x y <<<"$(centre "$(ask 'widget TableRow 3')" box)"
   xdotool mousemove "$x" "$y" click 3
   sleep 0.5

@@ -210,6 +210,13 @@ void X11Screen::setWindowClass(unsigned long window, std::string const& name, st
   XFlush(state_->display);
 }
 
+void X11Screen::raise(unsigned long window) {
+  if (window == 0)
+    return;
+  XRaiseWindow(state_->display, window);
+  XFlush(state_->display);
+}
+
 X11Screen::KeyboardHolder X11Screen::keyboardHolder() const {
   Window window = None;
   int revertTo = RevertToNone;

@@ -30,6 +30,8 @@ public:
   // The window's WM_CLASS: the program's name and class, by which window
   // managers and tools group and find its windows.
   void setWindowClass(unsigned long window, std::string const& name, std::string const& className);
+  // Puts a window in front of its siblings; the keyboard stays where it is.
+  void raise(unsigned long window);
   // Where the keyboard goes: a window of any program, or X's own choices
   // (none, or the window under the pointer), with what follows when that
   // window goes.

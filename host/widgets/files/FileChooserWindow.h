@@ -24,6 +24,7 @@ public:
 
   explicit FileChooserWindow(InitArgs const& args);
   char const* idstring() const override { return "FileChooserWindow"; }
+  eWindowKind windowKind() const override { return eWindowKind::kDialogue; }
 
   // Opens a modal chooser near `owner` (may be null).
   static FileChooserWindow* open(InitArgs args, Glob* owner);

@@ -24,6 +24,7 @@ public:
 
   explicit Message(InitArgs const& args);
   char const* idstring() const override { return "Message"; }
+  eWindowKind windowKind() const override { return eWindowKind::kDialogue; }
 
   // `text` wrapped at words to at most `maxWidth` pixels (0: the standard
   // width), and the size it then takes.

@@ -4,6 +4,7 @@
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/panels/Message.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -176,6 +177,32 @@ TEST_F(MessageTest, ButtonsShareOneWidthEnoughForTheLongestLabel) {
   EXPECT_EQ(warn->getButton(0)->width(), width);
   EXPECT_LT(warn->getButton(0)->getX() + width, warn->getButton(1)->getX() + 1);
   EXPECT_GE(warn->getUserArea().width(), Warn::calcButtonRowWidth(labels));
+}
+
+} // namespace
+
+namespace {
+
+// Where a window stands among the windows, from the back (0).
+int stackingOf(Glob const* window) {
+  std::vector<Glob*> const windows = GlobManager::topLevelWindows();
+  return static_cast<int>(std::find(windows.begin(), windows.end(), window) - windows.begin());
+}
+
+TEST_F(MessageTest, AMessageStaysInFrontOfAPanelClickedOrShownAfterIt) {
+  StandardPanel* panel = openPanel(XY<int>(400, 300), XY<int>(100, 100));
+  Warn* saved = makeMessage(UIString(L"The log was saved"), UIString(L"Saved"), XY<int>(150, 150));
+  pump();
+  ASSERT_GT(stackingOf(saved), stackingOf(panel));
+  HeadlessInput::clickOn(*panel, XY<int>(5, 5)); // a corner the message leaves showing
+  pump();
+  EXPECT_GT(stackingOf(saved), stackingOf(panel)) << "a click on the panel does not hide the message";
+  StandardPanel* later = openPanel(XY<int>(200, 100), XY<int>(600, 100));
+  pump();
+  EXPECT_GT(stackingOf(saved), stackingOf(later)) << "nor does a panel shown after it";
+  HeadlessInput::clickOn(*saved->getButton(0));
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(saved));
 }
 
 } // namespace
