@@ -146,3 +146,33 @@ void TextSearchWidget::setPalette(Palette const& palette) {
 }
 
 bool TextSearchWidget::claimKbdFocus() { return textBox_->claimKbdFocus(); }
+
+namespace {
+
+bool editsText(Event const& event) {
+  if (event.type == Event::kTextInput)
+    return !event.text.empty();
+  if (event.type != Event::kKeyDown)
+    return false;
+  switch (event.key & ~kKeyModifierMask) {
+  case kKeyBackspace:
+  case kKeyDelete:
+  case kKeyLeft:
+  case kKeyRight:
+  case kKeyHome:
+  case kKeyEnd:
+    return true;
+  default:
+    return false;
+  }
+}
+
+} // namespace
+
+int TextSearchWidget::react(Event const& event) {
+  if (button_->hasKbdFocus() && textBox_->isActive() && editsText(event)) {
+    textBox_->claimKbdFocus();
+    return textBox_->react(event);
+  }
+  return StandardPanel::react(event);
+}

@@ -66,6 +66,9 @@ public:
   void handleChildResize(Glob* child) override;
   // Focus given to the widget goes to its text box.
   bool claimKbdFocus() override;
+  // Typing and editing keys that reach the button (it holds the keyboard
+  // after Enter) go on in the box, so a search can be refined at once.
+  int react(Event const& event) override;
 
 protected:
   // Whether the button takes presses now.

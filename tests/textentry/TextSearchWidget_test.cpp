@@ -208,6 +208,23 @@ TEST_F(TextSearchWidgetTest, AfterReturnTheFocusMovesToTheButtonWhichBecomesACle
   EXPECT_EQ(filter->getTooltip().getString().str(), L"Clear the filter");
 }
 
+TEST_F(TextSearchWidgetTest, TypingAfterReturnGoesOnInTheBox) {
+  TextSearchWidget* search = make();
+  listenTo(*search);
+  HeadlessInput::clickOn(*search->getTextBox());
+  HeadlessInput::typeText("clip");
+  HeadlessInput::key(kKeyReturn);
+  ASSERT_TRUE(search->getButton()->hasKbdFocus());
+  HeadlessInput::typeText("s");
+  EXPECT_TRUE(search->getTextBox()->hasKbdFocus());
+  EXPECT_EQ(search->getString().str(), L"clips");
+  HeadlessInput::key(kKeyReturn);
+  HeadlessInput::key(kKeyBackspace);
+  HeadlessInput::key(kKeyBackspace);
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_EQ(searches, (std::vector<std::wstring>{L"clip", L"clips", L"cli"}));
+}
+
 TEST_F(TextSearchWidgetTest, PressingTheClearButtonEmptiesTheBoxWithoutASearch) {
   auto* filter = make<TextFilterWidget>();
   listenTo(*filter);

@@ -20,6 +20,13 @@ bool insideSize(XY<int> point, XY<int> size) {
 // Room on each side of the label: a row's worth of breathing space.
 int labelPadding() { return UifStd::getWidgetGap() * 2; }
 
+// The ring round a button that holds the keyboard.
+void drawFocusRing(CanvasRenderer& renderer, Zo::Box<double> const& box, Glob const& button) {
+  if (button.hasKbdFocus())
+    renderer.renderPrimitive(Glib::RoundedRectDescription(box, UifStd::getIndentWidth() * 1.5, Colour::invalid(),
+                                                          button.getPalette().selection()));
+}
+
 } // namespace
 
 PressTracker::eOutcome PressTracker::track(Event const& event, XY<int> size) {
@@ -257,8 +264,14 @@ Colour Button::labelColour() const {
 void Button::drawFace(CanvasRenderer& renderer) const {
   Palette const buttonPalette = makeButtonPalette(getPalette());
   bool const down = tracker_.isPressed() || showsStateDown();
-  if (style_ == kStyleLink || (style_ == kStyleFlat && !down && !tracker_.isHovered()))
+  double const inset = 0.5;
+  Zo::Box<double> const box(inset, inset, width() - inset, height() - inset);
+  // A flat button at rest and a link show no face, but still the ring
+  // that tells the keyboard is on them.
+  if (style_ == kStyleLink || (style_ == kStyleFlat && !down && !tracker_.isHovered())) {
+    drawFocusRing(renderer, box, *this);
     return;
+  }
   Colour face = faceColour_.use() ? faceColour_ : buttonPalette.window();
   if (showsStateDown())
     face = getPalette().selection();
@@ -268,15 +281,9 @@ void Button::drawFace(CanvasRenderer& renderer) const {
     face = Palette::shaded(face, -3);
   else if (tracker_.isHovered())
     face = Palette::shaded(face, 2);
-  double const inset = 0.5;
-  Zo::Box<double> const box(inset, inset, width() - inset, height() - inset);
   Colour const outline = Palette::shaded(face, down ? -2 : 2);
   renderer.renderPrimitive(Glib::RoundedRectDescription(box, UifStd::getIndentWidth() * 1.5, face, outline));
-  if (hasKbdFocus()) {
-    Zo::Box<double> const ring(inset, inset, width() - inset, height() - inset);
-    renderer.renderPrimitive(Glib::RoundedRectDescription(ring, UifStd::getIndentWidth() * 1.5, Colour::invalid(),
-                                                          getPalette().selection()));
-  }
+  drawFocusRing(renderer, box, *this);
 }
 
 void Button::drawLabel(CanvasRenderer& renderer, Zo::Box<int> const& box) const {

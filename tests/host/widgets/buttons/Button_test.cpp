@@ -11,6 +11,7 @@
 
 #include "host/drawing/IconTestSupport.h"
 
+#include <cstdlib>
 #include <string>
 #include <utility>
 #include <vector>
@@ -226,6 +227,28 @@ TEST_F(ButtonTest, ALabelWiderThanItsPaddedRoomIsShownWholeNotCut) {
   int const whole = labelInkColumns(*wide);
   ASSERT_GT(whole, 0);
   EXPECT_EQ(labelInkColumns(*narrow), whole);
+}
+
+TEST_F(ButtonTest, AFlatButtonAndALinkShowTheKeyboardRingThoughTheyHaveNoFace) {
+  Button::InitArgs flatArgs(UIString(L"Flat"), XY<int>(80, 0));
+  flatArgs.style = Button::kStyleFlat;
+  Button* flat = addButton(flatArgs);
+  Button::InitArgs linkArgs(UIString(L"Project page"), XY<int>(120, 0));
+  linkArgs.style = Button::kStyleLink;
+  Button* link = panel->createWidget<Button>(linkArgs, Glob::Below(UifStd::getRowGap(), flat));
+  Rgb const selection = rgbOf(panel->getPalette().selection());
+  auto distance = [&selection](Rgb const& rgb) {
+    return std::abs(rgb.r - selection.r) + std::abs(rgb.g - selection.g) + std::abs(rgb.b - selection.b);
+  };
+  for (Button* button : {flat, link}) {
+    XY<int> const edge(button->width() / 2, 0);
+    int const before = distance(rgbOf(widgetPixel(*button, edge)));
+    button->claimKbdFocus();
+    pump();
+    // The ring's edge, smoothed, lies between the background and the
+    // selection colour: well towards the latter.
+    EXPECT_LT(distance(rgbOf(widgetPixel(*button, edge))), before / 2) << button->getLabel().str();
+  }
 }
 
 TEST_F(ButtonTest, ATrailingIconFollowsTheLabel) {
