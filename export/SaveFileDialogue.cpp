@@ -82,6 +82,8 @@ SaveFileDialogue* SaveFileDialogue::open(InitArgs args) {
 }
 
 void SaveFileDialogue::handleTextTyped(TextBoxEvent const& event) {
+  if (event.kind == TextBoxEvent::kReturnPressed && saveButton_->isActive())
+    saveButton_->press();
   if (event.kind != TextBoxEvent::kTextChanged)
     return;
   bool const hasName = !event.text.empty();
@@ -94,4 +96,12 @@ void SaveFileDialogue::handleDoIt(ButtonEvent const&) {
     return;
   broadcast(SaveFileDialogueEvent{nameBox_->getString(), folderButton_->getPath()});
   GlobManager::requestDeletion(this);
+}
+
+int SaveFileDialogue::handleKeyboardEvent(int key) {
+  if ((key & ~kKeyModifierMask) == kKeyEscape) {
+    GlobManager::requestDeletion(this);
+    return 1;
+  }
+  return StandardPanel::handleKeyboardEvent(key);
 }

@@ -77,6 +77,28 @@ TEST_F(SaveFileDialogueTest, SaveTellsTheNameAndFolderOnceAndCloses) {
   EXPECT_FALSE(is_good_glob_ptr(dialogue));
 }
 
+TEST_F(SaveFileDialogueTest, ReturnInTheNameSavesAndEscapeClosesWithoutSaving) {
+  SaveFileDialogue* dialogue = open(L"");
+  typeInto(dialogue->getNameBox(), "");
+  key(kKeyReturn);
+  pump();
+  EXPECT_TRUE(heard.empty()) << "no name, nothing saved";
+  ASSERT_TRUE(is_good_glob_ptr(dialogue));
+  HeadlessInput::typeText("take 3.mov");
+  key(kKeyReturn);
+  pump();
+  ASSERT_EQ(heard.size(), 1u);
+  EXPECT_EQ(heard[0].name, LightweightString<wchar_t>(L"take 3.mov"));
+  EXPECT_FALSE(is_good_glob_ptr(dialogue));
+
+  SaveFileDialogue* second = open(L"take 4.mov");
+  typeInto(second->getNameBox(), "");
+  key(kKeyEscape);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(second));
+  EXPECT_EQ(heard.size(), 1u) << "Escape saves nothing";
+}
+
 TEST_F(SaveFileDialogueTest, TheFolderChosenInTheBrowserIsTheOneSaved) {
   std::filesystem::create_directory(folder / "renders");
   SaveFileDialogue* dialogue = open(L"cut.mov");

@@ -171,6 +171,16 @@ TEST_F(LoginPanelTest, TabGoesNamePasswordButton) {
   EXPECT_EQ(target->received[0], (Credentials{L"a", L"b"}));
 }
 
+TEST_F(LoginPanelTest, EscapeClosesThePanelWithoutALogin) {
+  open(UIString(L"Log in."), target);
+  ASSERT_TRUE(panel->getNameBox()->hasKbdFocus());
+  HeadlessInput::typeText("ada");
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(panel));
+  EXPECT_TRUE(target->messages.empty());
+}
+
 TEST_F(LoginPanelTest, ItIsModalTitledAndHidesThePassword) {
   open(UIString(L"Log in."), target);
   EXPECT_TRUE(GlobManager::isModal(panel));
