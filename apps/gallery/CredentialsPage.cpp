@@ -29,8 +29,7 @@ public:
     auto const* credentials = dynamic_cast<LoginPanel::Credentials const*>(event.data.get());
     if (credentials && EventHandler::valid(panel_, panelStamp_)) {
       std::wstring const who = credentials->userName.empty() ? L"nobody" : credentials->userName.str();
-      panel_->showErrorMessage(
-          UIString(LightweightString<wchar_t>(L"Refused: the gallery has no server to let " + who + L" in")));
+      panel_->showErrorMessage(UIString(LightweightString<wchar_t>(L"Refused: no server for " + who)));
     }
     return 1;
   }
@@ -47,8 +46,9 @@ Glob* buildCredentialsPage(PageContext const& context) {
   PageMetrics const m = PageMetrics::current();
   int const width = m.row * 14;
   int const buttonHeight = PushButton::calcHeight();
+  // The status takes two lines: a request described runs long.
   XY<int> const userArea(width + 2 * m.gap, m.gap + ServerConnectionWidget::calcHeight() + m.rowGap + buttonHeight +
-                                                m.rowGap + m.row + m.gap);
+                                                m.rowGap + 2 * m.row + m.gap);
   StandardPanel* panel = openPageWindow(context, userArea, L"Credentials entry");
 
   ServerConnectionWidget::InitArgs connectionArgs(XY<int>(width, ServerConnectionWidget::calcHeight()));
@@ -61,17 +61,25 @@ Glob* buildCredentialsPage(PageContext const& context) {
                                                   Glob::Below(m.rowGap, connection, kAlignEnd));
   auto* openLogin = panel->createWidget<PushButton>(
       PushButton::InitArgs(L"Log in to share\u2026", XY<int>(0, buttonHeight)), Glob::Below(m.rowGap, connection));
-  TextLabel::InitArgs statusArgs(XY<int>(width, m.row));
+  TextLabel::InitArgs statusArgs(XY<int>(width, 2 * m.row));
+  statusArgs.wordWrap = true;
   statusArgs.text = L"Type a password to enable Connect";
   auto* status = panel->createWidget<TextLabel>(statusArgs, Glob::UserBottomLeft(m.gap, m.gap));
 
   // Connect is there only while the request names a server, a user and a
-  // password.
-  connect->setActive(ServerConnectionWidget::isEligibleForConnection(connection->gatherUserData()), kNoRedraw);
-  connection->addListener(
-      Broadcaster<ServerConnectionWidgetEvent>::makeCallback([connect](ServerConnectionWidgetEvent const& event) {
-        connect->setActive(ServerConnectionWidget::isEligibleForConnection(event.request), kRedrawNow);
-      }));
+  // password; the line below says what it waits for. The window is on show
+  // already, so the button is drawn again as it changes.
+  auto follow = [connect, status](iHTTPServer::ConnectionRequest const& request) {
+    bool const eligible = ServerConnectionWidget::isEligibleForConnection(request);
+    connect->setActive(eligible, kRedrawNow);
+    bool const onlyPassword = !request.serverAddress.empty() && !request.userName.empty();
+    status->setString(eligible       ? L"Ready to connect"
+                      : onlyPassword ? L"Type a password to enable Connect"
+                                     : L"Fill in all three to enable Connect");
+  };
+  follow(connection->gatherUserData());
+  connection->addListener(Broadcaster<ServerConnectionWidgetEvent>::makeCallback(
+      [follow](ServerConnectionWidgetEvent const& event) { follow(event.request); }));
   connect->setCallback(Broadcaster<ButtonEvent>::makeCallback([connection, status](ButtonEvent const&) {
     LightweightString<wchar_t> const line = connection->gatherUserData().describe();
     LogBoth(line.toUTF8().view());

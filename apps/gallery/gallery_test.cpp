@@ -184,6 +184,21 @@ TEST_F(GalleryTest, TheCredentialsPageEnablesConnectAndRefusesALoginWithAnError)
   ASSERT_NE(connect, nullptr);
   ASSERT_NE(openLogin, nullptr);
   EXPECT_FALSE(connect->isActive());
+  settleWindows();
+  // Drawn as it is: the inactive button's label is dimmer than the other's.
+  auto brightest = [](Glob const& widget) {
+    XY<int> const at = widget.screenPosition();
+    Zo::Image::Surface const shown =
+        headlessScreen().grab(Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height()));
+    std::uint32_t most = 0;
+    for (int y = 0; y < shown.height(); ++y)
+      for (int x = 0; x < shown.width(); ++x) {
+        std::uint32_t const pixel = shown.pixel(x, y);
+        most = std::max(most, ((pixel >> 16) & 0xff) + ((pixel >> 8) & 0xff) + (pixel & 0xff));
+      }
+    return most;
+  };
+  EXPECT_LT(brightest(*connect), brightest(*openLogin));
   // The focus starts in the first empty box, the password.
   HeadlessInput::typeText("pw");
   settleWindows();

@@ -677,6 +677,7 @@ credentials)
   xdotool type --delay 60 's3cret'
   sleep 0.3
   expect "the password box holds what was typed" "$(field "$(ask 'widget TextBox 2')" text)" 's3cret'
+  expect "the status says Connect is ready" "$(field "$(ask 'widget TextLabel 0')" text)" 'Ready to connect'
   read -r x y <<<"$(centre "$(ask 'widget PushButton 0')" box)"
   xdotool mousemove "$x" "$y" click 1
   sleep 0.3
