@@ -56,11 +56,14 @@ Glob* buildButtonsPage(PageContext const& context) {
                    context.model.loop);
   Checkbox::InitArgs loopSwitch(L"Loop", XY<int>());
   loopSwitch.appearance = Checkbox::kSwitch;
-  bindTo<bool>(panel->createWidget<Checkbox>(loopSwitch, Glob::RightOf(m.gap)), context.model.loop);
+  auto* loopToggle = bindTo<bool>(panel->createWidget<Checkbox>(loopSwitch, Glob::RightOf(m.gap)), context.model.loop);
   bindTo<bool>(panel->createWidget<Checkbox>(Checkbox::InitArgs(L"Snap", XY<int>()), Glob::RightOf(m.gap)),
                context.model.snap);
-  loopBox->setCallback(Broadcaster<CheckboxEvent>::makeCallback(
-      [status](CheckboxEvent const& event) { status->setString(event.checked ? L"Loop on" : L"Loop off"); }));
+  // Whichever the user flips, the status line follows.
+  auto reportLoop = Broadcaster<CheckboxEvent>::makeCallback(
+      [status](CheckboxEvent const& event) { status->setString(event.checked ? L"Loop on" : L"Loop off"); });
+  loopBox->setCallback(reportLoop);
+  loopToggle->setCallback(reportLoop);
   return panel;
 }
 

@@ -168,6 +168,23 @@ TEST_F(GalleryTest, BoxesBoundToOneValueFollowEachOtherWhenClicked) {
   EXPECT_FALSE(boxes[1]->isChecked());
 }
 
+TEST_F(GalleryTest, TheStatusLineFollowsTheLoopSwitchAsWellAsItsBox) {
+  std::vector<Checkbox*> const boxes = widgetsOfPage<Checkbox>("buttons");
+  std::vector<TextLabel*> const labels = widgetsOfPage<TextLabel>("buttons");
+  ASSERT_GE(boxes.size(), 2u);
+  auto statusReads = [&labels](wchar_t const* text) {
+    return std::any_of(labels.begin(), labels.end(),
+                       [text](TextLabel const* label) { return label->getString().getString().str() == text; });
+  };
+  HeadlessInput::clickOn(*boxes[1]); // the switch
+  settleWindows();
+  EXPECT_FALSE(model.loop.get());
+  EXPECT_TRUE(statusReads(L"Loop off"));
+  HeadlessInput::clickOn(*boxes[1]);
+  settleWindows();
+  EXPECT_TRUE(statusReads(L"Loop on"));
+}
+
 TEST_F(GalleryTest, TheCredentialsPageEnablesConnectAndRefusesALoginWithAnError) {
   std::vector<GalleryPage> const pages = allPages();
   PageWindows const windows = openPage(*findPage(pages, "credentials"), context);
