@@ -1,4 +1,5 @@
 #include <zowidgets/host/events/Timer.h>
+#include <zowidgets/host/toolkit/FocusReveal.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/detail/GlobRegistry.h>
@@ -40,6 +41,11 @@ int& keyMovingFocus() {
   return key;
 }
 
+std::vector<FocusRevealer>& revealers() {
+  static std::vector<FocusRevealer> list;
+  return list;
+}
+
 bool stepFocus(bool forward) {
   Glob* focus = get_kbd_focus();
   if (!focus)
@@ -50,10 +56,18 @@ bool stepFocus(bool forward) {
   keyMovingFocus() = forward ? int{kKeyTab} : int{kKeyTab} | kKeyShift;
   bool const moved = set_kbd_focus(next);
   keyMovingFocus() = 0;
+  if (moved && get_kbd_focus() == next)
+    for (FocusRevealer const revealer : revealers())
+      revealer(*next);
   return moved;
 }
 
 } // namespace
+
+void addFocusRevealer(FocusRevealer revealer) {
+  if (std::find(revealers().begin(), revealers().end(), revealer) == revealers().end())
+    revealers().push_back(revealer);
+}
 
 void GlobRegistry::forgetFocus(Glob* widget) {
   if (focused() == widget)

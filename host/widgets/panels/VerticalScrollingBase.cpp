@@ -1,5 +1,6 @@
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 
+#include <zowidgets/host/toolkit/FocusReveal.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 
@@ -16,6 +17,17 @@ public:
 protected:
   void drawBackground(CanvasRenderer&) override {}
 };
+
+// Tab into a row out of sight scrolls it into view, in every scrolling
+// panel around the widget given the keyboard.
+void revealFocusedRow(Glob& focus) {
+  for (Glob* row = &focus; row->parent(); row = row->parent())
+    if (auto* scroller = dynamic_cast<VerticalScrollingBase*>(row->parent()->parent()))
+      scroller->revealWidget(row); // nothing unless it is one of its rows
+}
+
+[[maybe_unused]] bool const revealerAdded = (addFocusRevealer(&revealFocusedRow), true);
+
 } // namespace
 
 VerticalScrollingBase::VerticalScrollingBase(InitArgs const& args) : StandardPanel(args) {

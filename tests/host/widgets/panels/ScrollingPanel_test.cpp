@@ -3,6 +3,7 @@
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/panels/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
+#include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <string>
@@ -107,6 +108,36 @@ TEST_F(VerticalScrollingBaseTest, ADeletedRowIsForgotten) {
   panel->recalcWidgetsHeight();
   EXPECT_EQ(panel->getManagedWidgets().size(), 19u);
   EXPECT_EQ(topInView(rows[1]), 0);
+}
+
+} // namespace
+
+namespace {
+
+// Rows of a box each, inside a titled row as the gallery makes them: the
+// keyboard lands on the box, a row's child.
+TEST_F(VerticalScrollingBaseTest, TabIntoARowOutOfSightScrollsItIntoView) {
+  panel->unmanageAllWidgets(true);
+  std::vector<TextBox*> boxes;
+  for (int i = 0; i < 20; ++i) {
+    auto* holder =
+        panel->createManagedWidget<StandardPanel>(StandardPanel::InitArgs(XY<int>(panel->getView()->width(), row)));
+    boxes.push_back(
+        holder->createWidget<TextBox>(TextBox::InitArgs(GlobCreationInfo(XY<int>(100, row))), Glob::UserTopLeft(0, 0)));
+  }
+  panel->recalcWidgetsHeight();
+  panel->resetView();
+  HeadlessInput::clickOn(*boxes[0]);
+  ASSERT_TRUE(boxes[0]->hasKbdFocus());
+  for (int i = 0; i < 9; ++i)
+    HeadlessInput::key(kKeyTab);
+  ASSERT_TRUE(boxes[9]->hasKbdFocus());
+  EXPECT_GT(panel->getScrollOffset(), 0);
+  EXPECT_TRUE(fullyShown(boxes[9]->parent()));
+  for (int i = 0; i < 9; ++i)
+    HeadlessInput::key(kKeyTab, kKeyShift);
+  ASSERT_TRUE(boxes[0]->hasKbdFocus());
+  EXPECT_EQ(panel->getScrollOffset(), 0);
 }
 
 } // namespace
