@@ -2,7 +2,10 @@
 // with its state, a picture scaled to its view, and a rubber band.
 #include "PageLayout.h"
 
+#include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/ColourData.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
@@ -39,6 +42,32 @@ Zo::Image::Surface sunset(int width, int height) {
   return image;
 }
 
+// A patch that shows whether the band picked it: a thick outline in the
+// selection colour.
+class Patch : public ColourSwatch {
+public:
+  using ColourSwatch::ColourSwatch;
+  void setPicked(bool picked) {
+    if (picked == picked_)
+      return;
+    picked_ = picked;
+    invalidate();
+  }
+  bool isPicked() const noexcept { return picked_; }
+  void draw(CanvasRenderer& renderer) override {
+    ColourSwatch::draw(renderer);
+    if (!picked_)
+      return;
+    Glib::RectDescription ring(Zo::Box<int>(0, 0, width(), height()), Colour::invalid());
+    ring.outline = getPalette().selection();
+    ring.outlineWidth = std::max(2, UifStd::getIndentWidth());
+    renderer.renderPrimitive(ring);
+  }
+
+private:
+  bool picked_ = false;
+};
+
 // Patches of colour to pick by dragging a rubber band over them.
 class PatchBoard : public Glob {
 public:
@@ -48,8 +77,8 @@ public:
     int const gap = UifStd::getWidgetGap();
     for (int i = 0; i < 6; ++i) {
       ColourData const colour(0.15 + 0.14 * i, 0.5, 0.9 - 0.12 * i);
-      patches_.push_back(createChild<ColourSwatch>(ColourSwatch::InitArgs(XY<int>(side, side), colour),
-                                                   i == 0 ? TopLeft(gap, gap) : RightOf(gap)));
+      patches_.push_back(createChild<Patch>(ColourSwatch::InitArgs(XY<int>(side, side), colour),
+                                            i == 0 ? TopLeft(gap, gap) : RightOf(gap)));
     }
     band_ = static_cast<SelectionRectangle*>(addWidget(new SelectionRectangle(SelectionRectangle::InitArgs())));
     band_->setVisible(false);
@@ -70,16 +99,18 @@ public:
 private:
   void report(Zo::Box<int> const& area) {
     int count = 0;
-    for (Glob* patch : patches_)
-      if (!area.intersect(Zo::Box<int>(patch->getX(), patch->getY(), patch->getX() + patch->width(),
-                                       patch->getY() + patch->height()))
-               .empty())
-        ++count;
+    for (Patch* patch : patches_) {
+      bool const picked = !area.intersect(Zo::Box<int>(patch->getX(), patch->getY(), patch->getX() + patch->width(),
+                                                       patch->getY() + patch->height()))
+                               .empty();
+      patch->setPicked(picked);
+      count += picked ? 1 : 0;
+    }
     onSelected_(count);
   }
 
   std::function<void(int)> onSelected_;
-  std::vector<Glob*> patches_;
+  std::vector<Patch*> patches_;
   SelectionRectangle* band_ = nullptr;
 };
 

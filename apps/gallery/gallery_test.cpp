@@ -16,14 +16,17 @@
 #include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/lists/TreeView.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
+#include <zowidgets/host/widgets/panels/TabbedDialogue.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
+#include <zowidgets/host/widgets/values/ColourSwatch.h>
 #include <zowidgets/textentry/LoginPanel.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -166,6 +169,37 @@ TEST_F(GalleryTest, BoxesBoundToOneValueFollowEachOtherWhenClicked) {
   settleWindows();
   EXPECT_FALSE(model.loop.get());
   EXPECT_FALSE(boxes[1]->isChecked());
+}
+
+TEST_F(GalleryTest, PatchesTheBandPicksShowThatTheyArePicked) {
+  std::vector<GalleryPage> const pages = allPages();
+  PageWindows const windows = openPage(*findPage(pages, "tabs"), context);
+  std::vector<TabbedDialogue*> tabs;
+  collect(*windows.main, tabs);
+  ASSERT_EQ(tabs.size(), 1u);
+  tabs[0]->setCurrentTab(2); // "Select"
+  settleWindows();
+  std::vector<ColourSwatch*> patches;
+  collect(*windows.main, patches);
+  ASSERT_EQ(patches.size(), 6u);
+  Colour const selection = patches[0]->getPalette().selection();
+  auto edgeIsSelection = [&selection](Glob const& patch) {
+    XY<int> const at = patch.screenPosition();
+    Zo::Image::Surface const shown = headlessScreen().grab(Zo::Box<int>(at.x, at.y, at.x + 1, at.y + patch.height()));
+    std::uint32_t const pixel = shown.pixel(0, patch.height() / 2);
+    auto channel = [](double value) { return static_cast<std::uint32_t>(std::lround(value * 255)); };
+    return ((pixel >> 16) & 0xff) == channel(selection.red()) && ((pixel >> 8) & 0xff) == channel(selection.green()) &&
+           (pixel & 0xff) == channel(selection.blue());
+  };
+  EXPECT_FALSE(edgeIsSelection(*patches[0]));
+  // A band from above the first patch's middle to the second's.
+  XY<int> const from = HeadlessInput::pointOn(*patches[0], XY<int>(patches[0]->width() / 2, -2));
+  XY<int> const to = HeadlessInput::pointOn(*patches[1], XY<int>(patches[1]->width() / 2, patches[1]->height() / 2));
+  HeadlessInput::drag(from, to);
+  settleWindows();
+  EXPECT_TRUE(edgeIsSelection(*patches[0]));
+  EXPECT_TRUE(edgeIsSelection(*patches[1]));
+  EXPECT_FALSE(edgeIsSelection(*patches[2]));
 }
 
 TEST_F(GalleryTest, TheStatusLineFollowsTheLoopSwitchAsWellAsItsBox) {
