@@ -1,6 +1,7 @@
 #include "Launcher.h"
 
 #include "PageLayout.h"
+#include "PageWindows.h"
 
 #include <zowidgets/host/display/DisplayScreen.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
@@ -47,13 +48,14 @@ void openLauncher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
   auto* launcher = new VerticalScrollingBase(args);
   GlobManager::realize(launcher);
   auto placer = std::make_shared<PagePlacer>(*launcher);
+  auto companions = std::make_shared<PageCompanions>();
   for (GalleryPage const& page : pages) {
     auto* button = launcher->createManagedWidget<PushButton>(
         PushButton::InitArgs(toWide(page.title), XY<int>(launcher->getView()->width(), 0)));
     // Deferred: the page opens after the click has been handled.
     button->setCallback(Broadcaster<ButtonEvent>::makeCallback(
-        [page, placer, &model](ButtonEvent const&) {
-          page.build(PageContext{model, placer->next()});
+        [page, placer, companions, &model](ButtonEvent const&) {
+          companions->open(page, PageContext{model, placer->next()});
         },
         1));
   }

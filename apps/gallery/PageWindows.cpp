@@ -3,6 +3,7 @@
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/values/notify/Callback.h>
 
 #include <algorithm>
 
@@ -45,4 +46,38 @@ void closePage(PageWindows const& windows) {
     if (std::find(open.begin(), open.end(), window) != open.end())
       GlobManager::requestDeletion(window);
   settleWindows();
+}
+
+PageCompanions::PageCompanions()
+    : guard_(GlobManager::notifier().addListener(
+          Zo::Ptr<iCallbackBase<int, GlobManagerEvent>>(
+              new MethodCallback<PageCompanions, GlobManagerEvent>(this, &PageCompanions::handleGlobEvents)),
+          NotifyMsgTypeDictionary::instance().anyType())) {}
+
+Glob* PageCompanions::open(GalleryPage const& page, PageContext const& context) {
+  std::vector<Glob*> const before = GlobManager::topLevelWindows();
+  Glob* main = page.build(context);
+  if (!main)
+    return nullptr;
+  Page opened{main, EventHandler::stampOf(main), {}};
+  for (Glob* window : windowsOpenedSince(before))
+    if (window != main)
+      opened.companions.emplace_back(window, EventHandler::stampOf(window));
+  if (!opened.companions.empty())
+    pages_.push_back(std::move(opened));
+  return main;
+}
+
+int PageCompanions::handleGlobEvents(GlobManagerEvent const& event) {
+  if (event.kind != GlobManagerEvent::kDeleted)
+    return 0;
+  auto const closed =
+      std::find_if(pages_.begin(), pages_.end(), [&event](Page const& page) { return page.stamp == event.id; });
+  if (closed == pages_.end())
+    return 0;
+  for (auto const& [window, stamp] : closed->companions)
+    if (EventHandler::valid(window, stamp))
+      GlobManager::requestDeletion(window);
+  pages_.erase(closed);
+  return 0;
 }

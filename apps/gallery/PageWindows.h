@@ -2,8 +2,11 @@
 
 #include "GalleryPage.h"
 
+#include <zowidgets/host/base/IdStamp.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 
+#include <utility>
 #include <vector>
 
 // The windows a page opened: its main window first, then any others it (or a
@@ -25,3 +28,24 @@ void settleWindows();
 Zo::Image::Surface capturePage(PageWindows const& windows);
 // Deletes the page's windows that are still open.
 void closePage(PageWindows const& windows);
+
+// The windows a page opens beside its main one (an inspector, the
+// announcements, an open menu) close with it: a page closed leaves nothing
+// of its own behind.
+class PageCompanions {
+public:
+  PageCompanions();
+  // Builds the page, noting the windows that came with it; the main window.
+  Glob* open(GalleryPage const& page, PageContext const& context);
+
+private:
+  struct Page {
+    Glob* main;
+    IdStamp stamp;
+    std::vector<std::pair<Glob*, IdStamp>> companions;
+  };
+  int handleGlobEvents(GlobManagerEvent const& event);
+
+  Zo::Ptr<Zo::Guard> guard_;
+  std::vector<Page> pages_;
+};

@@ -202,6 +202,21 @@ TEST_F(GalleryTest, PatchesTheBandPicksShowThatTheyArePicked) {
   EXPECT_FALSE(edgeIsSelection(*patches[2]));
 }
 
+TEST_F(GalleryTest, APageClosedTakesTheWindowsItOpenedWithIt) {
+  std::vector<GalleryPage> const pages = allPages();
+  for (char const* name : {"globprobe", "startup"}) {
+    std::vector<Glob*> const before = GlobManager::topLevelWindows();
+    PageCompanions companions;
+    Glob* main = companions.open(*findPage(pages, name), context);
+    settleWindows();
+    std::vector<Glob*> const opened = windowsOpenedSince(before);
+    ASSERT_GT(opened.size(), 1u) << name << " opens more than its main window";
+    GlobManager::requestDeletion(main);
+    settleWindows();
+    EXPECT_TRUE(windowsOpenedSince(before).empty()) << name;
+  }
+}
+
 TEST_F(GalleryTest, TheStatusLineFollowsTheLoopSwitchAsWellAsItsBox) {
   std::vector<Checkbox*> const boxes = widgetsOfPage<Checkbox>("buttons");
   std::vector<TextLabel*> const labels = widgetsOfPage<TextLabel>("buttons");
