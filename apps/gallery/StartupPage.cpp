@@ -47,7 +47,8 @@ WString bannerPicture(WString const& background) {
 }
 
 void openBeside(AnnouncementPanel::InitArgs args, XY<int> at) {
-  args.screenPosition = at;
+  // Moved back onto the screen where it would leave it.
+  args.screenPosition = GlobManager::getSafePosForGlob(nullptr, args.size, at);
   GlobManager::realize(new AnnouncementPanel(args));
 }
 

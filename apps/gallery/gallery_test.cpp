@@ -9,6 +9,7 @@
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
@@ -214,6 +215,21 @@ TEST_F(GalleryTest, APageClosedTakesTheWindowsItOpenedWithIt) {
     GlobManager::requestDeletion(main);
     settleWindows();
     EXPECT_TRUE(windowsOpenedSince(before).empty()) << name;
+  }
+}
+
+TEST_F(GalleryTest, AnnouncementsOpenedBesideAPageNearTheEdgeStayOnTheScreen) {
+  std::vector<GalleryPage> const pages = allPages();
+  XY<int> const screen = screenBackend().screenSize();
+  PageContext nearEdge{model, XY<int>(screen.x - 8 * UifStd::getRowHeight(), 300)};
+  PageWindows const windows = openPage(*findPage(pages, "startup"), nearEdge);
+  ASSERT_GT(windows.all.size(), 1u);
+  for (Glob* window : windows.all) {
+    if (window == windows.main)
+      continue;
+    XY<int> const at = window->screenPosition();
+    EXPECT_GE(at.x, 0);
+    EXPECT_LE(at.x + window->width(), screen.x) << window->idstring();
   }
 }
 
