@@ -59,12 +59,14 @@ public:
     TableColumnDescription number(UIString(L"Event"), 70);
     number.setAlignment(Glib::eTextAlignment::Right);
     int const timecodeWidth = TableColumnDescription::calcSizeFor(L"00:00:00:00");
+    // A hundred thousand events run to hundreds of hours of record time.
+    int const recordWidth = TableColumnDescription::calcSizeFor(L"000:00:00:00");
     return {number,
             TableColumnDescription(UIString(L"Clip"), UifStd::getRowHeight() * 5),
             TableColumnDescription(UIString(L"Reel"), 90),
             TableColumnDescription(UIString(L"Source in"), timecodeWidth),
             TableColumnDescription(UIString(L"Source out"), timecodeWidth),
-            TableColumnDescription(UIString(L"Record in"), timecodeWidth),
+            TableColumnDescription(UIString(L"Record in"), recordWidth),
             TableColumnDescription(UIString(L"Notes"), 130)};
   }
   CellData getCellData(XY<int> const& pos, Palette const& palette) override {

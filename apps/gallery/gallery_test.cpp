@@ -152,6 +152,19 @@ TEST_F(GalleryTest, TheTablePagesTimecodesLieBeyondTheViewAndEndBringsThemIn) {
   EXPECT_EQ(table.columnLeft(last) + table.getColumnWidth(last), table.getVisibleBox().width());
 }
 
+TEST_F(GalleryTest, TheEditListsRecordColumnHoldsItsLongestTimecode) {
+  std::vector<TableWidget*> const tables = widgetsOfPage<TableWidget>("table");
+  ASSERT_EQ(tables.size(), 1u);
+  TableWidget& table = *tables[0];
+  int const record = 5;
+  int const last = table.getAdaptor()->getSize() - 1;
+  Palette const palette;
+  LightweightString<wchar_t> const longest =
+      table.getAdaptor()->getCellData(XY<int>(record, last), palette).text.getString();
+  ASSERT_GT(longest.size(), 11u) << "past a hundred hours";
+  EXPECT_GE(table.getColumnWidth(record), TableColumnDescription::calcSizeFor(longest));
+}
+
 TEST_F(GalleryTest, TheTutorialsPageNamesAScreenCornerInWords) {
   std::vector<TreeView*> const trees = widgetsOfPage<TreeView>("tutorials");
   ASSERT_EQ(trees.size(), 1u);
