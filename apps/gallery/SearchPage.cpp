@@ -46,16 +46,18 @@ public:
   }
 };
 
+// Two lines, wrapped: what a search finds runs long.
 TextLabel* resultLine(StandardPanel* panel, PageMetrics const& m, int width, Glob* below) {
-  TextLabel::InitArgs args(GlobCreationInfo(XY<int>(width, m.row)));
+  TextLabel::InitArgs args(GlobCreationInfo(XY<int>(width, 2 * m.row)));
   args.text = L"Type, then press Return or the button";
+  args.wordWrap = true;
   return panel->createWidget<TextLabel>(args, Glob::Below(m.gap / 2, below));
 }
 
 Glob* buildSearchPage(PageContext const& context) {
   PageMetrics const m = PageMetrics::current();
   int const width = m.row * 20;
-  StandardPanel* panel = openPageWindow(context, XY<int>(width + 2 * m.gap, 6 * m.row + 6 * m.rowGap), L"Search");
+  StandardPanel* panel = openPageWindow(context, XY<int>(width + 2 * m.gap, 9 * m.row + 6 * m.rowGap), L"Search");
 
   auto* search = panel->createWidget<TextSearchWidget>(TextSearchWidget::InitArgs(XY<int>(width, m.row)),
                                                        Glob::UserTopLeft(m.gap, m.rowGap));
@@ -71,10 +73,14 @@ Glob* buildSearchPage(PageContext const& context) {
   filter->addListener(Broadcaster<TextSearchWidgetEvent>::makeCallback(
       [filterResult](TextSearchWidgetEvent const& event) { filterResult->setString(describeMatches(event.text)); }));
 
-  TextLabel::InitArgs legendArgs(GlobCreationInfo(XY<int>(width - m.row - m.gap, m.row)));
+  // The button at the right edge (as wide as its magnifier and arrow), the
+  // legend taking the rest of the line.
+  int const buttonWidth = DropDownSearchPanelButton::InitArgs(m.row, nullptr).size.x;
+  TextLabel::InitArgs legendArgs(GlobCreationInfo(XY<int>(width - buttonWidth - m.gap, m.row)));
   legendArgs.text = L"Search in a drop-down";
   auto* legend = panel->createWidget<TextLabel>(legendArgs, Glob::Below(m.rowGap, filterResult));
-  TextLabel::InitArgs droppedArgs(GlobCreationInfo(XY<int>(width, m.row)));
+  TextLabel::InitArgs droppedArgs(GlobCreationInfo(XY<int>(width, 2 * m.row)));
+  droppedArgs.wordWrap = true;
   auto* dropped = panel->createWidget<SearchResultLabel>(droppedArgs, Glob::Below(m.gap / 2, legend));
   panel->createWidget<DropDownSearchPanelButton>(DropDownSearchPanelButton::InitArgs(m.row, dropped),
                                                  Glob::RightOf(m.gap, legend));

@@ -22,6 +22,7 @@
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
 #include <zowidgets/host/widgets/values/ColourSwatch.h>
+#include <zowidgets/textentry/DropDownSearchPanel.h>
 #include <zowidgets/textentry/LoginPanel.h>
 
 #include <gtest/gtest.h>
@@ -163,6 +164,14 @@ TEST_F(GalleryTest, TheEditListsRecordColumnHoldsItsLongestTimecode) {
       table.getAdaptor()->getCellData(XY<int>(record, last), palette).text.getString();
   ASSERT_GT(longest.size(), 11u) << "past a hundred hours";
   EXPECT_GE(table.getColumnWidth(record), TableColumnDescription::calcSizeFor(longest));
+}
+
+TEST_F(GalleryTest, TheSearchPagesDropDownButtonLiesWithinThePanel) {
+  std::vector<DropDownSearchPanelButton*> const buttons = widgetsOfPage<DropDownSearchPanelButton>("search");
+  ASSERT_EQ(buttons.size(), 1u);
+  auto const* panel = dynamic_cast<StandardPanel const*>(buttons[0]->parent());
+  ASSERT_NE(panel, nullptr);
+  EXPECT_LE(buttons[0]->getX() + buttons[0]->width(), panel->getUserArea().x1);
 }
 
 TEST_F(GalleryTest, TheTutorialsPageNamesAScreenCornerInWords) {
