@@ -199,6 +199,7 @@
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/CursorCodes.h>
 #include <zowidgets/host/toolkit/Drawable.h>
+#include <zowidgets/host/toolkit/FocusReveal.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/GlobCreationInfo.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
