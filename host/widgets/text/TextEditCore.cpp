@@ -23,6 +23,9 @@ bool TextEditCore::isWordCharacter(wchar_t character) noexcept {
 void TextEditCore::setText(std::wstring_view text) {
   text_.assign(text);
   caret_ = anchor_ = text_.size();
+  undone_.clear();
+  redone_.clear();
+  lastEdit_ = eEdit::kNone;
 }
 
 std::wstring TextEditCore::selectedText() const {
@@ -33,7 +36,11 @@ void TextEditCore::setCaret(std::size_t position, bool extend) {
   caret_ = std::min(position, text_.size());
   if (!extend)
     anchor_ = caret_;
+  // A move ends a run of typing: what is typed next is a step of its own.
+  lastEdit_ = eEdit::kNone;
 }
+
+void TextEditCore::placeCaret(std::size_t position) { caret_ = anchor_ = std::min(position, text_.size()); }
 
 void TextEditCore::moveLeft(bool extend) {
   if (hasSelection() && !extend)
@@ -100,18 +107,29 @@ bool TextEditCore::insert(std::wstring_view typed) {
     accepted.resize(std::min(accepted.size(), sizeLimit_ > remaining ? sizeLimit_ - remaining : 0));
   if (accepted.empty())
     return false;
-  deleteSelection();
+  // A key's character runs on with the ones before; a paste is a step, and
+  // so is typing over a selection, which the next keys then run on from.
+  bool const keystroke = typed.size() == 1;
+  rememberBefore(keystroke && !hasSelection() ? eEdit::kTyping : eEdit::kOther);
+  if (keystroke)
+    lastEdit_ = eEdit::kTyping;
+  eraseSelection();
   text_.insert(caret_, accepted);
-  setCaret(caret_ + accepted.size());
+  placeCaret(caret_ + accepted.size());
   return true;
+}
+
+void TextEditCore::eraseSelection() {
+  std::size_t const start = selectionStart();
+  text_.erase(start, selectionEnd() - start);
+  placeCaret(start);
 }
 
 bool TextEditCore::deleteSelection() {
   if (!hasSelection())
     return false;
-  std::size_t const start = selectionStart();
-  text_.erase(start, selectionEnd() - start);
-  setCaret(start);
+  rememberBefore(eEdit::kOther);
+  eraseSelection();
   return true;
 }
 
@@ -120,8 +138,9 @@ bool TextEditCore::deleteBackward() {
     return true;
   if (caret_ == 0)
     return false;
+  rememberBefore(eEdit::kDeleting);
   text_.erase(caret_ - 1, 1);
-  setCaret(caret_ - 1);
+  placeCaret(caret_ - 1);
   return true;
 }
 
@@ -130,7 +149,46 @@ bool TextEditCore::deleteForward() {
     return true;
   if (caret_ >= text_.size())
     return false;
+  rememberBefore(eEdit::kDeleting);
   text_.erase(caret_, 1);
+  return true;
+}
+
+void TextEditCore::rememberBefore(eEdit edit) {
+  redone_.clear();
+  bool const runsOn = edit == lastEdit_ && edit != eEdit::kOther;
+  lastEdit_ = edit;
+  if (runsOn)
+    return;
+  // Enough for any one box; the oldest steps go first.
+  constexpr std::size_t kSteps = 100;
+  if (undone_.size() == kSteps)
+    undone_.erase(undone_.begin());
+  undone_.push_back(State{text_, caret_, anchor_});
+}
+
+void TextEditCore::restore(State const& state) {
+  text_ = state.text;
+  caret_ = state.caret;
+  anchor_ = state.anchor;
+  lastEdit_ = eEdit::kNone;
+}
+
+bool TextEditCore::undo() {
+  if (undone_.empty())
+    return false;
+  redone_.push_back(State{text_, caret_, anchor_});
+  restore(undone_.back());
+  undone_.pop_back();
+  return true;
+}
+
+bool TextEditCore::redo() {
+  if (redone_.empty())
+    return false;
+  undone_.push_back(State{text_, caret_, anchor_});
+  restore(redone_.back());
+  redone_.pop_back();
   return true;
 }
 
@@ -205,6 +263,15 @@ int TextEditCore::applyCommonKey(int key, bool editable, KeyActions const& actio
   case L'v':
     if (editable)
       actions.paste();
+    return 1;
+  case L'z':
+    // Ctrl+Z steps back; with Shift, forward again, as Ctrl+Y does.
+    if (editable && (extend ? redo() : undo()))
+      actions.textEdited();
+    return 1;
+  case L'y':
+    if (editable && redo())
+      actions.textEdited();
     return 1;
   default:
     return 0;

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // The editing model of a one-line text entry, with no drawing: the text, a
 // caret and an anchor (the selection lies between them), the moves a user
@@ -23,7 +24,8 @@ public:
   std::wstring const& text() const noexcept { return text_; }
   std::size_t size() const noexcept { return text_.size(); }
   // Replaces the text, puts the caret at its end and clears the selection.
-  // The text is kept as given, even past the size limit.
+  // The text is kept as given, even past the size limit. The edits before
+  // it can no longer be undone.
   void setText(std::wstring_view text);
 
   std::size_t caret() const noexcept { return caret_; }
@@ -60,6 +62,12 @@ public:
   bool deleteForward();
   bool deleteSelection();
 
+  // Steps back through the edits, and forward again, text, caret and
+  // selection together. A run of typing, or of deleting, with no caret move
+  // between is one step; a paste or a cut is one. True when a step was taken.
+  bool undo();
+  bool redo();
+
   void setCharacters(std::wstring_view characters, eCharacterRestriction restriction);
   bool accepts(wchar_t character) const noexcept;
   // 0: no limit.
@@ -85,9 +93,25 @@ public:
   static bool isWordCharacter(wchar_t character) noexcept;
 
 private:
+  enum class eEdit { kNone, kTyping, kDeleting, kOther };
+  struct State {
+    std::wstring text;
+    std::size_t caret;
+    std::size_t anchor;
+  };
+  // Keeps the state an edit of this kind is about to change, unless it
+  // goes on a run of the same kind.
+  void rememberBefore(eEdit edit);
+  void restore(State const& state);
+  void eraseSelection();
+  void placeCaret(std::size_t position);
+
   std::wstring text_;
   std::size_t caret_ = 0;
   std::size_t anchor_ = 0;
+  std::vector<State> undone_;
+  std::vector<State> redone_;
+  eEdit lastEdit_ = eEdit::kNone;
   std::wstring characters_;
   eCharacterRestriction restriction_ = kNoRestriction;
   std::size_t sizeLimit_ = 0;

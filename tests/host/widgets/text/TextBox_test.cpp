@@ -162,6 +162,23 @@ TEST_F(TextBoxTest, DoubleClickSelectsTheWord) {
   EXPECT_EQ(box->editor().selectedText(), L"second");
 }
 
+TEST_F(TextBoxTest, CtrlZTakesBackAPasteAndTheTypingBeforeItAndTellsTheListeners) {
+  OS().setClipboardText(L" interview");
+  typeInto(*box, "Reel 2");
+  HeadlessInput::key('v', kKeyCtrl);
+  ASSERT_EQ(box->getString().str(), L"Reel 2 interview");
+  events.clear();
+  HeadlessInput::key('z', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"Reel 2");
+  ASSERT_FALSE(events.empty());
+  EXPECT_EQ(events.back().kind, TextBoxEvent::kTextChanged);
+  HeadlessInput::key('z', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"");
+  HeadlessInput::key('y', kKeyCtrl);
+  HeadlessInput::key('y', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"Reel 2 interview");
+}
+
 TEST_F(TextBoxTest, CutCopyAndPasteUseTheClipboard) {
   OS().setClipboardText(L"");
   typeInto(*box, "hello world");

@@ -214,3 +214,78 @@ TEST(TextEditCorePress, ADoubleClickSelectsTheWordAndStartsNoDrag) {
 }
 
 } // namespace
+
+namespace {
+
+void typeKeys(TextEditCore& editor, std::wstring_view keys) {
+  for (wchar_t key : keys)
+    editor.insert(std::wstring_view(&key, 1));
+}
+
+TEST(TextEditCoreUndo, ARunOfTypingIsOneStepAndRedoTakesItAgain) {
+  TextEditCore editor = editorWith(L"clip", 4);
+  typeKeys(editor, L" two");
+  EXPECT_EQ(editor.text(), L"clip two");
+  ASSERT_TRUE(editor.undo());
+  EXPECT_EQ(editor.text(), L"clip");
+  EXPECT_EQ(editor.caret(), 4u);
+  EXPECT_FALSE(editor.undo()) << "set by the program: nothing before it";
+  ASSERT_TRUE(editor.redo());
+  EXPECT_EQ(editor.text(), L"clip two");
+  EXPECT_EQ(editor.caret(), 8u);
+  EXPECT_FALSE(editor.redo());
+}
+
+TEST(TextEditCoreUndo, ACaretMoveAPasteAndDeletingEachMakeSteps) {
+  TextEditCore editor = editorWith(L"", 0);
+  typeKeys(editor, L"ab");
+  editor.setCaret(0);
+  typeKeys(editor, L"X");
+  editor.setCaret(3);
+  editor.insert(L"pasted"); // more than a keystroke
+  editor.deleteBackward();
+  editor.deleteBackward();
+  EXPECT_EQ(editor.text(), L"Xabpast");
+  std::vector<std::wstring> seen;
+  while (editor.undo())
+    seen.push_back(editor.text());
+  EXPECT_EQ(seen, (std::vector<std::wstring>{L"Xabpasted", L"Xab", L"ab", L""}));
+}
+
+TEST(TextEditCoreUndo, TypingOverASelectionAndWhatFollowsIsOneStep) {
+  TextEditCore editor = editorWith(L"take 1", 6);
+  editor.setCaret(5, true);
+  typeKeys(editor, L"12");
+  EXPECT_EQ(editor.text(), L"take 12");
+  ASSERT_TRUE(editor.undo());
+  EXPECT_EQ(editor.text(), L"take 1");
+  EXPECT_EQ(editor.selectedText(), L"1") << "the selection comes back with the text";
+}
+
+TEST(TextEditCoreUndo, ANewEditAfterUndoDropsWhatCouldBeRedone) {
+  TextEditCore editor = editorWith(L"", 0);
+  typeKeys(editor, L"abc");
+  editor.undo();
+  typeKeys(editor, L"x");
+  EXPECT_FALSE(editor.redo());
+  editor.setText(L"from the data");
+  EXPECT_FALSE(editor.undo());
+}
+
+TEST_F(CommonKeys, CtrlZUndoesAndCtrlShiftZOrCtrlYRedoInAnEditableBoxOnly) {
+  editor.insert(L" three");
+  EXPECT_EQ(editor.applyCommonKey('z' | kKeyCtrl, false, actions), 1);
+  EXPECT_EQ(editor.text(), L"one two three");
+  EXPECT_EQ(editor.applyCommonKey('z' | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"one two");
+  EXPECT_EQ(editor.applyCommonKey(int('z') | kKeyCtrl | kKeyShift, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"one two three");
+  editor.undo();
+  EXPECT_EQ(editor.applyCommonKey('y' | kKeyCmd, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"one two three");
+  EXPECT_EQ(editor.applyCommonKey('z' | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.applyCommonKey('z' | kKeyCtrl, true, actions), 1); // nothing left: no edit told
+  EXPECT_EQ(done, (std::vector<std::string>{"edited", "edited", "edited", "edited"}));
+}
+
+} // namespace
