@@ -2,6 +2,7 @@
 #include <zowidgets/host/events/Timer.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/TabOrderManager.h>
 
 #include <zowidgets/host/toolkit/CursorCodes.h>
 #include <zowidgets/host/toolkit/detail/DrawingState.h>
@@ -151,6 +152,11 @@ void Glob::setActive(bool active, eRedrawFlag redraw) {
   active_ = active;
   if (redraw == kRedrawNow)
     invalidate();
+  // A widget put out of use hands the keyboard on, as Tab would (a wizard's
+  // Back on its first page gives it to Next), rather than keep keys no one
+  // will use.
+  if (!active && hasKbdFocus() && !TabOrderManager::incrementTabStop())
+    relinquishKbdFocus();
 }
 
 Palette const& Glob::getPalette() const {

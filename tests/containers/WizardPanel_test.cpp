@@ -321,6 +321,11 @@ TEST_F(WizardPanelTest, TabMovesFromNextToBack) {
   HeadlessInput::key(kKeyReturn);
   pump();
   EXPECT_EQ(wizard->getCurrentStage(), 0);
+  // Back, out of use on the first stage, has handed the keyboard to Next.
+  EXPECT_EQ(get_kbd_focus(), wizard->getNextButton());
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  EXPECT_EQ(wizard->getCurrentStage(), 1);
 }
 
 TEST_F(WizardPanelTest, GoldenFirstAndLastStage) {

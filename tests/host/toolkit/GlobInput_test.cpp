@@ -174,6 +174,17 @@ TEST_F(GlobInputTest, APressInAnotherPanelWithNothingToFocusSendsTheKeysToThatPa
   EXPECT_EQ(get_kbd_focus(), left);
 }
 
+TEST_F(GlobInputTest, AFocusedWidgetPutOutOfUseHandsTheKeyboardOnAsTabWould) {
+  left->setCanBeIt(true);
+  right->setCanBeIt(true);
+  HeadlessInput::clickOn(*left);
+  ASSERT_EQ(get_kbd_focus(), left);
+  left->setActive(false, kRedrawNow);
+  EXPECT_EQ(get_kbd_focus(), right);
+  right->setActive(false, kRedrawNow);
+  EXPECT_EQ(get_kbd_focus(), nullptr) << "nowhere left to go";
+}
+
 TEST_F(GlobInputTest, APanelTabOrderOverridesTreeOrder) {
   auto* third = static_cast<Probe*>(panel->addChild(new Probe(XY<int>(20, 20), log, "third", false), Glob::RightOf(5)));
   for (Probe* p : {left, right, third})
