@@ -28,6 +28,10 @@ void revealFocusedRow(Glob& focus) {
 
 [[maybe_unused]] bool const revealerAdded = (addFocusRevealer(&revealFocusedRow), true);
 
+// A step of the wheel or the bar's buttons: the rows' pitch, a row and the
+// gap after it, so rows a row high come and go whole.
+int rowPitch() { return UifStd::getRowHeight() + UifStd::getRowGap(); }
+
 } // namespace
 
 VerticalScrollingBase::VerticalScrollingBase(InitArgs const& args) : StandardPanel(args) {
@@ -118,7 +122,7 @@ void VerticalScrollingBase::resize(double width, double height) {
 int VerticalScrollingBase::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {
   if (sender != scrollBar_)
     return StandardPanel::handleMessageEvent(message, sender);
-  int const step = UifStd::getRowHeight();
+  int const step = rowPitch();
   int requested = 0;
   if (!scrollBar_->requestedOffset(message, offset_, step, maxOffset(), requested))
     return 0;
@@ -129,6 +133,6 @@ int VerticalScrollingBase::handleMessageEvent(LightweightString<char> const& mes
 int VerticalScrollingBase::handleMouseEvent(Event const& event) {
   if (event.type != Event::kMouseWheel || event.wheel == 0)
     return StandardPanel::handleMouseEvent(event);
-  setScrollOffset(offset_ - event.wheel * UifStd::getRowHeight());
+  setScrollOffset(offset_ - event.wheel * rowPitch());
   return 1;
 }

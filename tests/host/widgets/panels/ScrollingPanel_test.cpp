@@ -64,7 +64,8 @@ TEST_F(VerticalScrollingBaseTest, RevealWidgetScrollsJustEnough) {
 
 TEST_F(VerticalScrollingBaseTest, TheWheelScrollsARowPerNotchWithinTheRows) {
   HeadlessInput::wheel(HeadlessInput::pointOn(*rows[0]), -2);
-  EXPECT_EQ(panel->getScrollOffset(), 2 * row);
+  EXPECT_EQ(panel->getScrollOffset(), 2 * (row + rowGap)) << "a row and its gap: rows come and go whole";
+  EXPECT_EQ(topInView(rows[2]), 0);
   HeadlessInput::wheel(HeadlessInput::pointOn(*panel->getView()), 10);
   EXPECT_EQ(panel->getScrollOffset(), 0);
   HeadlessInput::wheel(HeadlessInput::pointOn(*panel->getView()), -1000);
@@ -81,7 +82,7 @@ TEST_F(VerticalScrollingBaseTest, DraggingTheScrollBarScrollsTheView) {
   EXPECT_EQ(panel->getScrollOffset(), panel->getWidgetsHeight() - panel->getView()->height());
   EXPECT_TRUE(fullyShown(rows.back()));
   HeadlessInput::clickOn(*bar, XY<int>(bar->width() / 2, bar->height() - 1 - ScrollBar::thickness() / 2));
-  EXPECT_EQ(panel->getScrollOffset(), panel->getWidgetsHeight() - panel->getView()->height() - row);
+  EXPECT_EQ(panel->getScrollOffset(), panel->getWidgetsHeight() - panel->getView()->height() - (row + rowGap));
 }
 
 TEST_F(VerticalScrollingBaseTest, HiddenRowsTakeNoRoom) {
