@@ -491,6 +491,12 @@ int FileBrowserBase::handleBrowserKey(int key) {
     openEntry(getCurrentRow());
     return 1;
   }
+  // A list of names has one column that matters: Home and End go to its
+  // first and last entries.
+  if ((bare == kKeyHome || bare == kKeyEnd) && !alt && table_ && !shown_.empty()) {
+    table_->setCurPos(XY<int>(0, bare == kKeyHome ? 0 : static_cast<int>(shown_.size()) - 1), TableWidget::kShowCell);
+    return 1;
+  }
   // Printable keys come back as text; keep the table from starting an edit.
   if (bare >= ' ' && bare < kKeySpecial && !ctrl && !alt)
     return 1;

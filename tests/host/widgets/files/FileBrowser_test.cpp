@@ -97,6 +97,16 @@ TEST_F(FileBrowserTest, ReturnOpensTheCurrentFolderAndBackspaceGoesBackToIt) {
   EXPECT_EQ(currentName(), "folder 2") << "the folder just left is current";
 }
 
+TEST_F(FileBrowserTest, HomeAndEndGoToTheFirstAndLastEntries) {
+  open();
+  HeadlessInput::click(pointOnRow(2));
+  key(kKeyEnd);
+  EXPECT_EQ(browser->getCurrentRow(), static_cast<int>(browser->entries().size()) - 1);
+  key(kKeyHome);
+  EXPECT_EQ(browser->getCurrentRow(), 0);
+  EXPECT_TRUE(browser->isCurrentPicked());
+}
+
 TEST_F(FileBrowserTest, AltUpGoesToTheParent) {
   open();
   ASSERT_TRUE(browser->setFolder(tree.wide("folder 2")));
