@@ -12,6 +12,7 @@
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
@@ -172,6 +173,29 @@ TEST_F(GalleryTest, TheSearchPagesDropDownButtonLiesWithinThePanel) {
   auto const* panel = dynamic_cast<StandardPanel const*>(buttons[0]->parent());
   ASSERT_NE(panel, nullptr);
   EXPECT_LE(buttons[0]->getX() + buttons[0]->width(), panel->getUserArea().x1);
+}
+
+TEST_F(GalleryTest, TheInspectorPagesHighlightLiesOverTheInspectedButton) {
+  std::vector<GalleryPage> const pages = allPages();
+  PageWindows const windows = openPage(*findPage(pages, "globprobe"), context);
+  std::vector<Button*> buttons;
+  collect(*windows.main, buttons);
+  Button* render = nullptr;
+  for (Button* button : buttons)
+    if (button->getLabel().str() == L"Render")
+      render = button;
+  ASSERT_NE(render, nullptr);
+  Glob* band = windows.main->getChildren().back();
+  ASSERT_TRUE(is_good_glob_ptr(band, "SelectionRectangle"));
+  EXPECT_EQ(band->screenPosition(), render->screenPosition());
+  EXPECT_EQ(band->getSize(), render->getSize());
+  // Nothing of it is left where it was first put: the panel's bottom-left
+  // corner shows the panel's own colour.
+  XY<int> const corner = windows.main->screenPosition() + XY<int>(12, 8);
+  Zo::Image::Surface const shown = headlessScreen().grab(Zo::Box<int>(corner.x, corner.y, corner.x + 1, corner.y + 1));
+  Zo::Image::Surface const inside =
+      headlessScreen().grab(Zo::Box<int>(corner.x, corner.y + 40, corner.x + 1, corner.y + 41));
+  EXPECT_EQ(shown.pixel(0, 0), inside.pixel(0, 0));
 }
 
 TEST_F(GalleryTest, TheTutorialsPageNamesAScreenCornerInWords) {

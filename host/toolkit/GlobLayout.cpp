@@ -5,6 +5,20 @@
 
 namespace {
 
+// After a widget moved or changed size: the box it left (canvas
+// coordinates) and the one it takes now are damaged. Damage may paint at
+// once, so the change comes first: damaged before, the widget would be
+// drawn again where it no longer is.
+void invalidateLeftAndTaken(Glob& widget, Zo::Box<int> const& left) {
+  if (Canvas* own = widget.canvas(); own && widget.isShowing())
+    own->addDamage(left);
+  widget.invalidate();
+}
+
+} // namespace
+
+namespace {
+
 int halfOf(int value) { return value >= 0 ? value / 2 : -((-value + 1) / 2); }
 
 } // namespace
@@ -158,10 +172,10 @@ void Glob::setWidgetDetails(WidgetPosition const& position, WidgetSurround const
 void Glob::setPosition(XY<int> position) {
   if (position == position_ && !placed_)
     return;
-  invalidate();
+  Zo::Box<int> const left = canvasBox();
   placed_ = false;
   position_ = position;
-  invalidate();
+  invalidateLeftAndTaken(*this, left);
 }
 
 void Glob::resize(double newWidth, double newHeight) {
@@ -170,14 +184,14 @@ void Glob::resize(double newWidth, double newHeight) {
   wanted.y = std::max(wanted.y, 0);
   if (wanted == size_)
     return;
-  invalidate();
+  Zo::Box<int> const left = canvasBox();
   oldSize_ = size_;
   size_ = wanted;
   layoutChildren();
   if (!parent_)
     if (Canvas* own = canvas())
       own->resize(size_);
-  invalidate();
+  invalidateLeftAndTaken(*this, left);
   notifyResized();
 }
 

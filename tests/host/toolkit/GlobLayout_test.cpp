@@ -1,5 +1,7 @@
 #include "support/WidgetTestSupport.h"
 
+#include <zowidgets/host/drawing/CanvasRenderer.h>
+#include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 namespace {
@@ -161,6 +163,39 @@ TEST_F(GlobLayoutTest, ChildrenOfANotPersistableWidgetAreNotSaved) {
   configb saved;
   parent.dump(saved);
   EXPECT_EQ(saved.findChild("a"), nullptr);
+}
+
+} // namespace
+
+namespace {
+
+// A plain block of colour, drawn over whatever is under it.
+class Block : public Glob {
+public:
+  explicit Block(XY<int> size) : Glob(GlobCreationInfo(size)) {}
+  void draw(CanvasRenderer& renderer) override {
+    renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), Colour(0.9, 0.2, 0.1)));
+  }
+};
+
+using GlobRedrawTest = HeadlessScreenTest;
+
+// Damage paints at once while redraws are not held: a widget moved or made
+// smaller must leave nothing of itself where it was.
+TEST_F(GlobRedrawTest, AWidgetMovedOrShrunkLeavesNoTraceWhereItWas) {
+  StandardPanel* panel = openPanel(XY<int>(300, 200), XY<int>(100, 100));
+  pump();
+  XY<int> const spot(12, 8);
+  std::uint32_t const background = widgetPixel(*panel, spot);
+  auto* block = static_cast<Block*>(panel->addWidget(new Block(XY<int>(90, 20))));
+  block->setPosition(XY<int>(150, 60));
+  EXPECT_EQ(widgetPixel(*panel, spot), background) << "drawn where it was first put";
+  EXPECT_NE(widgetPixel(*panel, XY<int>(160, 70)), background);
+  block->setPosition(XY<int>(5, 5));
+  ASSERT_NE(widgetPixel(*panel, spot), background);
+  block->resize(4, 4);
+  EXPECT_EQ(widgetPixel(*panel, spot), background) << "drawn where it no longer reaches";
+  EXPECT_EQ(widgetPixel(*panel, XY<int>(160, 70)), background);
 }
 
 } // namespace
