@@ -174,21 +174,16 @@ void TextEditCore::restore(State const& state) {
   lastEdit_ = eEdit::kNone;
 }
 
-bool TextEditCore::undo() {
-  if (undone_.empty())
-    return false;
-  redone_.push_back(State{text_, caret_, anchor_});
-  restore(undone_.back());
-  undone_.pop_back();
-  return true;
-}
+bool TextEditCore::undo() { return step(undone_, redone_); }
 
-bool TextEditCore::redo() {
-  if (redone_.empty())
+bool TextEditCore::redo() { return step(redone_, undone_); }
+
+bool TextEditCore::step(std::vector<State>& from, std::vector<State>& to) {
+  if (from.empty())
     return false;
-  undone_.push_back(State{text_, caret_, anchor_});
-  restore(redone_.back());
-  redone_.pop_back();
+  to.push_back(State{text_, caret_, anchor_});
+  restore(from.back());
+  from.pop_back();
   return true;
 }
 

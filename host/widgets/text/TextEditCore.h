@@ -103,6 +103,8 @@ private:
   // goes on a run of the same kind.
   void rememberBefore(eEdit edit);
   void restore(State const& state);
+  // Takes the last state off `from`, keeping the present one on `to`.
+  bool step(std::vector<State>& from, std::vector<State>& to);
   void eraseSelection();
   void placeCaret(std::size_t position);
 
