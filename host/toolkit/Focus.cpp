@@ -18,6 +18,16 @@ void collectFocusable(Glob* widget, std::vector<Glob*>& out) {
     return;
   if (widget->canBeIt())
     out.push_back(widget);
+  // A widget of several parts says in what order Tab visits them, which its
+  // children's order (kept for drawing) need not be.
+  if (auto* host = dynamic_cast<TabOrderableHost*>(widget)) {
+    std::vector<TabOrderable*> parts;
+    host->getTabOrderables(parts);
+    for (Glob* part : parts)
+      if (part)
+        collectFocusable(part, out);
+    return;
+  }
   for (Glob* child : widget->getChildren())
     collectFocusable(child, out);
 }

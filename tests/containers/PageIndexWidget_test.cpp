@@ -226,6 +226,21 @@ TEST_F(PageIndexWidgetTest, TabPassesThroughTheArrowsAndNumbersInOrder) {
   EXPECT_EQ(parts, expected);
 }
 
+TEST_F(PageIndexWidgetTest, WithoutAnOwnersOrderTabStillGoesArrowNumbersArrowAfterTheRunMoves) {
+  PageIndexWidget* index = openIndex(11, 40, 9);
+  HeadlessInput::clickOn(*index->getPrevButton()); // the run moves: new number buttons
+  pump();
+  ASSERT_EQ(index->getCurrentPage(), 10);
+  ASSERT_TRUE(index->getPrevButton()->hasKbdFocus());
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), index->getNumberButtons()[0]);
+  for (std::size_t i = 1; i < index->getNumberButtons().size(); ++i)
+    HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), index->getNumberButtons().back());
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), index->getNextButton());
+}
+
 TEST_F(PageIndexWidgetTest, TheEmptyLabelSpansTheWidgetAfterAResize) {
   PageIndexWidget* index = openIndex(0, 0, 10);
   index->resize(index->width() + 40, index->height());
