@@ -78,8 +78,13 @@ Glob* buildCredentialsPage(PageContext const& context) {
                                      : L"Fill in all three to enable Connect");
   };
   follow(connection->gatherUserData());
+  // Return in the address or the password box connects, as the button does.
   connection->addListener(Broadcaster<ServerConnectionWidgetEvent>::makeCallback(
-      [follow](ServerConnectionWidgetEvent const& event) { follow(event.request); }));
+      [follow, connect](ServerConnectionWidgetEvent const& event) {
+        follow(event.request);
+        if (event.kind == TextBoxEvent::kReturnPressed && connect->isActive())
+          connect->press();
+      }));
   connect->setCallback(Broadcaster<ButtonEvent>::makeCallback([connection, status](ButtonEvent const&) {
     LightweightString<wchar_t> const line = connection->gatherUserData().describe();
     LogBoth(line.toUTF8().view());

@@ -331,6 +331,17 @@ TEST_F(GalleryTest, TheCredentialsPageEnablesConnectAndRefusesALoginWithAnError)
   HeadlessInput::typeText("pw");
   settleWindows();
   EXPECT_TRUE(connect->isActive());
+  std::vector<TextLabel*> labels;
+  collect(*windows.main, labels);
+  auto statusStarts = [&labels](std::wstring const& start) {
+    return std::any_of(labels.begin(), labels.end(), [&start](TextLabel const* label) {
+      return label->getString().getString().str().starts_with(start);
+    });
+  };
+  EXPECT_FALSE(statusStarts(L"Connecting"));
+  HeadlessInput::key(kKeyReturn); // in the password box: connects as the button does
+  settleWindows();
+  EXPECT_TRUE(statusStarts(L"Connecting: editor at media.example.org"));
 
   HeadlessInput::clickOn(*openLogin);
   settleWindows();
