@@ -97,11 +97,3 @@ void SaveFileDialogue::handleDoIt(ButtonEvent const&) {
   broadcast(SaveFileDialogueEvent{nameBox_->getString(), folderButton_->getPath()});
   GlobManager::requestDeletion(this);
 }
-
-int SaveFileDialogue::handleKeyboardEvent(int key) {
-  if ((key & ~kKeyModifierMask) == kKeyEscape) {
-    GlobManager::requestDeletion(this);
-    return 1;
-  }
-  return StandardPanel::handleKeyboardEvent(key);
-}

@@ -42,8 +42,6 @@ public:
 
   // Return in the name saves, as the button does, once there is a name.
   void handleTextTyped(TextBoxEvent const& event);
-  // Escape closes the dialogue without saving.
-  int handleKeyboardEvent(int key) override;
   using StandardPanel::handleDoIt;
   void handleDoIt(ButtonEvent const& event);
 

@@ -147,11 +147,3 @@ int LoginPanel::handleMessageEvent(LightweightString<char> const& message, Glob*
 void LoginPanel::updateLoginButton() {
   login_->setActive(!name_->getString().empty() && !password_->getString().empty(), kRedrawNow);
 }
-
-int LoginPanel::handleKeyboardEvent(int key) {
-  if ((key & ~kKeyModifierMask) == kKeyEscape) {
-    handlePoot();
-    return 1;
-  }
-  return StandardPanel::handleKeyboardEvent(key);
-}

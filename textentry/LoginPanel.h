@@ -59,8 +59,6 @@ public:
   LinkAwareMultiLineTextBox* getMessageBox() const noexcept { return message_; }
 
   int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override;
-  // Escape closes the panel, as its close button does.
-  int handleKeyboardEvent(int key) override;
 
 private:
   // The button is active while both boxes hold text.

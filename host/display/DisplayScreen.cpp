@@ -230,7 +230,7 @@ void DisplayScreen::canvasMapped(Canvas& canvas) {
     flags |= SDL_WINDOW_POPUP_MENU | SDL_WINDOW_SKIP_TASKBAR;
   else if (kind == Glob::eWindowKind::kTip)
     flags |= SDL_WINDOW_TOOLTIP | SDL_WINDOW_SKIP_TASKBAR;
-  bool const popup = kind == Glob::eWindowKind::kPopupMenu || kind == Glob::eWindowKind::kTip;
+  bool const popup = canvas.root() && canvas.root()->isPopupWindow();
   SDL_Window* window = nullptr;
   state_->leavingTheKeyboard(
       popup, [&] { window = SDL_CreateWindow("", at.x, at.y, canvas.getSize().x, canvas.getSize().y, flags); });

@@ -97,12 +97,15 @@ void Canvas::popToTop() {
   auto found = std::find(list.begin(), list.end(), this);
   if (found == list.end())
     return;
-  if (found + 1 != list.end()) {
-    list.erase(found);
-    list.push_back(this);
-    if (mapped_)
-      screenBackend().canvasRaised(*this);
-  }
+  // In front already: last, or for a panel, behind nothing but dialogues
+  // (a press in the panel in front raises nothing).
+  bool const panel = root_ && root_->windowKind() == Glob::eWindowKind::kPanel;
+  if (std::all_of(found + 1, list.end(), [panel](Canvas const* after) { return panel && isDialogue(after); }))
+    return;
+  list.erase(found);
+  list.push_back(this);
+  if (mapped_)
+    screenBackend().canvasRaised(*this);
   keepDialoguesInFront();
 }
 

@@ -15,10 +15,6 @@ void invalidateLeftAndTaken(Glob& widget, Zo::Box<int> const& left) {
   widget.invalidate();
 }
 
-} // namespace
-
-namespace {
-
 int halfOf(int value) { return value >= 0 ? value / 2 : -((-value + 1) / 2); }
 
 } // namespace

@@ -252,7 +252,14 @@ int StandardPanel::handleDataMessageEvent(LightweightString<char> const& message
   return handleMessageEvent(message, sender);
 }
 
-int StandardPanel::handleKeyboardEvent(int) { return 0; }
+int StandardPanel::handleKeyboardEvent(int key) {
+  // Escape closes a dialogue shown as a window, as its close button does.
+  if ((key & ~kKeyModifierMask) == kKeyEscape && !parent() && windowKind() == eWindowKind::kDialogue) {
+    handlePoot();
+    return 1;
+  }
+  return 0;
+}
 
 int StandardPanel::handleKeyReleaseEvent(int) { return 0; }
 

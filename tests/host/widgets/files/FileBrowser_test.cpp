@@ -204,6 +204,21 @@ TEST_F(FileBrowserTest, ChoosingAFolderTakesTheFolderShownUnlessTheUserPickedARo
   EXPECT_EQ(chosen, tree.wide().str());
 }
 
+TEST_F(FileBrowserTest, EscapeClosesAChooserWithoutAChoice) {
+  bool chose = false;
+  FileChooserWindow::InitArgs args;
+  args.browser.folder = tree.wide();
+  args.chosen = [&chose](LightweightString<wchar_t> const&) { chose = true; };
+  FileChooserWindow* chooser = FileChooserWindow::open(args, nullptr);
+  browser = &chooser->getBrowser();
+  pump();
+  HeadlessInput::click(pointOnRow(2));
+  key(kKeyEscape);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(chooser));
+  EXPECT_FALSE(chose);
+}
+
 TEST_F(FileBrowserTest, AnUnreadableFolderShowsWhyAndTheBrowserStaysUsable) {
   std::filesystem::create_directory(tree / "locked");
   tree.write("locked/secret");
