@@ -97,6 +97,7 @@
 #include <zowidgets/host/base/AttribValuePair.h>
 #include <zowidgets/host/base/Box.h>
 #include <zowidgets/host/base/ByteSizes.h>
+#include <zowidgets/host/base/CachedCast.h>
 #include <zowidgets/host/base/CaselessText.h>
 #include <zowidgets/host/base/Cookie.h>
 #include <zowidgets/host/base/CriticalSection.h>

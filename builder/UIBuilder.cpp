@@ -2,6 +2,7 @@
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/TitledGlob.h>
 #include <zowidgets/builder/UIBuilderParams.h>
+#include <zowidgets/host/base/CachedCast.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
@@ -275,7 +276,7 @@ void UIBuilder::calcInitalWidgetVisibility() {
     if (!param)
       continue;
     initiallyVisible_[param->getID()] = true;
-    auto const* base = dynamic_cast<ParamBase const*>(param.get());
+    auto const* base = Zo::cachedDynamicCast<ParamBase const>(param.get());
     if (!base || base->getVisibleCondition().paramId.empty())
       continue;
     Condition const& condition = base->getVisibleCondition();
@@ -292,7 +293,7 @@ bool UIBuilder::isWidgetInitiallyVisible(Zo::Ptr<iParam> const& param) const {
 }
 
 void UIBuilder::wireRules(Zo::Ptr<iParam> const& param) {
-  auto const* base = dynamic_cast<ParamBase const*>(param.get());
+  auto const* base = Zo::cachedDynamicCast<ParamBase const>(param.get());
   if (!base)
     return;
   LightweightString<char> const id = param->getID();

@@ -2,6 +2,7 @@
 #include <zowidgets/builder/HostWidget.h>
 #include <zowidgets/builder/SliderParamHost.h>
 #include <zowidgets/builder/detail/ColourAdaptor.h>
+#include <zowidgets/host/base/CachedCast.h>
 #include <zowidgets/host/drawing/HTMLRenderer.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
@@ -17,13 +18,18 @@
 
 #include <algorithm>
 #include <type_traits>
+#include <typeinfo>
 
 using namespace GenericParam;
 
 namespace {
 
 // The makers are chosen by class, so the cast always holds.
-template <class P> P& as(Zo::Ptr<iParam> const& param) { return dynamic_cast<P&>(*param); }
+template <class P> P& as(Zo::Ptr<iParam> const& param) {
+  if (P* typed = Zo::cachedDynamicCast<P>(param.get()))
+    return *typed;
+  throw std::bad_cast();
+}
 
 unsigned short narrower(unsigned short width, int by) {
   return static_cast<unsigned short>(std::max(static_cast<int>(width) - by, 0));
@@ -134,8 +140,8 @@ template <class T> static SliderParamHost* makeSliderHost(UIBuilder& builder, Pa
 
 Glob* UIBuilder::makeSliderRow(Zo::Ptr<iParam> const& param, WidgetPosition const& position,
                                WidgetSurround const& surround) {
-  auto* intParam = dynamic_cast<IntParam*>(param.get());
-  auto* doubleParam = dynamic_cast<DoubleParam*>(param.get());
+  auto* intParam = Zo::cachedDynamicCast<IntParam>(param.get());
+  auto* doubleParam = Zo::cachedDynamicCast<DoubleParam>(param.get());
   bool const withBox = intParam || (param->getPresentationHints() & kHintSliderOnly) == 0;
   bool const visible = isWidgetInitiallyVisible(param);
   int const roomBesideLegend = width_ - legendWidth_ - UifStd::getWidgetGap();
