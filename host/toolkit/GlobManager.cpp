@@ -8,16 +8,12 @@
 
 #include <algorithm>
 #include <map>
-#include <unordered_map>
 #include <unordered_set>
 
 namespace {
 
 struct Registry {
   std::unordered_set<Glob const*> live;
-  // The same widgets by their event-handler part, for callers that hold only
-  // that (a command's origin).
-  std::unordered_map<EventHandler const*, Glob*> byHandler;
   std::vector<Glob*> pendingDeletion;
   std::vector<Glob*> modal;
   // (window, the modal window it belongs beside)
@@ -53,20 +49,19 @@ void GlobRegistry::announce(GlobManagerEvent::eKind kind, Glob* widget) {
                                             NotifyMsgTypeDictionary::instance().anyType());
 }
 
-void GlobRegistry::enrol(Glob* widget) {
-  registry().live.insert(widget);
-  registry().byHandler.emplace(widget, widget);
-}
+void GlobRegistry::enrol(Glob* widget) { registry().live.insert(widget); }
 
 Glob* GlobRegistry::liveGlobOf(EventHandler const* handler) {
-  auto const found = registry().byHandler.find(handler);
-  return found == registry().byHandler.end() ? nullptr : found->second;
+  // Asked rarely (a command's origin), so the handlers' own registry says
+  // whether it lives before the cast looks at it.
+  if (EventHandler::stampOf(handler) == IdStamp::null())
+    return nullptr;
+  return dynamic_cast<Glob*>(const_cast<EventHandler*>(handler));
 }
 
 void GlobRegistry::withdraw(Glob* widget) {
   Registry& r = registry();
   r.live.erase(widget);
-  r.byHandler.erase(widget);
   std::erase(r.pendingDeletion, widget);
   std::erase(r.modal, widget);
   std::erase_if(r.besideModal, [widget](auto const& pair) { return pair.first == widget || pair.second == widget; });
