@@ -1,11 +1,12 @@
 #include <zowidgets/builder/ChoiceParamHost.h>
 
+#include <algorithm>
+
 ChoiceParamHost::ChoiceParamHost(InitArgs const& args) : Glob(args) {
   std::vector<MenuItem> items;
   items.reserve(args.choices.size());
+  valueAt_.reserve(args.choices.size());
   for (GenericParam::ChoiceParam::Choice const& choice : args.choices) {
-    auto const index = static_cast<unsigned int>(items.size());
-    valueToIndex_.emplace(choice.value, index); // a number used twice shows its first row
     valueAt_.push_back(choice.value);
     MenuItem item(choice.label, Colour::invalid(), Colour::invalid(), choice.tooltip);
     item.active = choice.enabled;
@@ -17,8 +18,8 @@ ChoiceParamHost::ChoiceParamHost(InitArgs const& args) : Glob(args) {
 }
 
 int ChoiceParamHost::menuIndexOf(unsigned int value) const {
-  auto const found = valueToIndex_.find(value);
-  return found == valueToIndex_.end() ? -1 : static_cast<int>(found->second);
+  auto const found = std::find(valueAt_.begin(), valueAt_.end(), value);
+  return found == valueAt_.end() ? -1 : static_cast<int>(found - valueAt_.begin());
 }
 
 void ChoiceParamHost::setNewWidgetValue(unsigned int& value, eRedrawFlag redraw) {

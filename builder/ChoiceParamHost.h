@@ -6,7 +6,6 @@
 #include <zowidgets/values/notify/ValClient.h>
 #include <zowidgets/values/params/ChoiceParam.h>
 
-#include <map>
 #include <vector>
 
 // The row of a choice parameter: a titled menu button with one row per
@@ -41,8 +40,10 @@ private:
   void handleChoice(int menuIndex);
 
   TitleMenuButton* button_ = nullptr;
-  std::map<unsigned int, unsigned int> valueToIndex_;
-  std::vector<unsigned int> valueAt_; // by menu row
+  // By menu row; a value is found by a walk from the top, so a number used
+  // twice shows its first row (lists are short, and a map cost more to
+  // make than every look-up it saved).
+  std::vector<unsigned int> valueAt_;
   unsigned int shown_ = 0;
 };
 

@@ -7,6 +7,7 @@
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/panels/WidgetGroup.h>
+#include <zowidgets/host/widgets/popups/DropDownMenuButton.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
@@ -189,6 +190,23 @@ TEST_F(UIBuilderRows, ADoubleStepIsUsedOnlyWithARange) {
   unranged->step = 0.1;
   Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(ParamList{Zo::Ptr<iParam>(unranged)}, panel, 0);
   EXPECT_DOUBLE_EQ(rowWidget<SliderParamHost>(*built, "gain")->getSlider()->getIncrement(), 0.0);
+}
+
+TEST_F(UIBuilderRows, AChoiceValueListedTwiceShowsItsFirstRowAndAnUnlistedOneLeavesTheRow) {
+  using Choice = ChoiceParam::Choice;
+  std::vector<Choice> const choices{{L"Low", {}, 5}, {L"Mid", {}, 7}, {L"Also low", {}, 5}, {L"High", {}, 9}};
+  auto* choice = new ChoiceParam(L"Level", "level", {}, 7, choices);
+  Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(ParamList{Zo::Ptr<iParam>(choice)}, panel, 0);
+  ChoiceParamHost* row = rowWidget<ChoiceParamHost>(*built, "level");
+  ASSERT_NE(row, nullptr);
+  DropDownMenuButton& menu = row->getMenuButton()->getBtn();
+  EXPECT_EQ(menu.getSelectedItemNameW(), L"Mid");
+  choice->setValue(5);
+  EXPECT_EQ(menu.getSelectedItemNameW(), L"Low");
+  choice->setValue(9);
+  EXPECT_EQ(menu.getSelectedItemNameW(), L"High");
+  choice->setValue(4); // carried by no row: the menu keeps what it showed
+  EXPECT_EQ(menu.getSelectedItemNameW(), L"High");
 }
 
 TEST_F(UIBuilderRows, AddWithADuplicateIdKeepsTheFirstWidget) {
