@@ -318,6 +318,11 @@ public:
   // What the tooltip says when the pointer rests here (empty: none).
   void setContextString(struct TooltipDetails const& details);
   virtual UIString getTooltip() const { return tooltip_; }
+  // What the tooltip says with the pointer at `position`: in the widget's own
+  // coordinates when `client` is true, on the screen otherwise. The widget's
+  // one tooltip, unless parts of it say different things (a title bar's
+  // buttons, drawn by their panel).
+  virtual UIString getTooltip(XY<int> position, bool client) const;
 
   // --- Persistence ----------------------------------------------------------
   virtual void dump(configb& into) const;

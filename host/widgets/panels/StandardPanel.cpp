@@ -23,6 +23,17 @@ StandardPanel::StandardPanel(InitArgs const& args)
   addStandardWidgets(args.standardWidgets | (args.title.empty() ? 0u : unsigned(kTitle)));
 }
 
+UIString StandardPanel::getTooltip(XY<int> position, bool client) const {
+  XY<int> const at = client ? position : position - screenPosition();
+  if (getStandardWidgetBox(kPoot).contains(at))
+    return UIString(L"Close");
+  if (getStandardWidgetBox(kPin).contains(at))
+    return UIString(pinned_ ? L"Unpin" : L"Pin");
+  if (getStandardWidgetBox(kCogs).contains(at))
+    return UIString(L"Menu");
+  return MenuGlob::getTooltip(position, client);
+}
+
 Border StandardPanel::getDefaultBorder() { return Border(2, 1, UifStd::getWidgetGap()); }
 
 int StandardPanel::titleBarHeight() const {

@@ -36,6 +36,9 @@ public:
   char const* idstring() const override { return "StandardPanel"; }
   // The panel's title, which its window carries on a real display.
   LightweightString<wchar_t> windowTitle() const override { return title_.getString(); }
+  // The title bar's buttons, drawn here rather than widgets, say what they do.
+  using MenuGlob::getTooltip;
+  UIString getTooltip(XY<int> position, bool client) const override;
 
   template <class T>
   T* createWidget(typename T::InitArgs const& args, WidgetPosition const& position, WidgetSurround surround = {}) {

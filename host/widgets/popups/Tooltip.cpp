@@ -13,6 +13,7 @@ struct TooltipState {
   bool enabled = true;
   Glob* resting = nullptr; // the widget under the pointer while the timer runs
   IdStamp restingStamp;
+  LightweightString<wchar_t> restingText; // what it says where the pointer rests
   XY<int> pointer;
   Timer rest;
   TooltipWindow* window = nullptr;
@@ -23,18 +24,24 @@ TooltipState& state() {
   return *instance;
 }
 
-Glob* withTooltip(Glob* widget) {
+struct Found {
+  Glob* owner = nullptr;
+  LightweightString<wchar_t> text;
+};
+
+// The nearest widget from `widget` up with a tooltip where the pointer is.
+Found withTooltip(Glob* widget, XY<int> screen) {
   for (Glob* w = widget; w; w = w->parent())
-    if (!w->getTooltip().empty())
-      return w;
-  return nullptr;
+    if (LightweightString<wchar_t> text = w->getTooltip(screen, false).getString(); !text.empty())
+      return Found{w, text};
+  return {};
 }
 
 void show() {
   TooltipState& s = state();
   if (!s.enabled || !EventHandler::valid(s.resting, s.restingStamp))
     return;
-  LightweightString<wchar_t> text = s.resting->getTooltip().getString();
+  LightweightString<wchar_t> text = s.resting->getTooltip(s.pointer, false).getString();
   if (text.empty())
     return;
   XY<int> size = TooltipWindow::calcSize(text);
@@ -81,14 +88,17 @@ void TooltipWindow::draw(CanvasRenderer& renderer) {
 void Tooltips::pointerMoved(Glob* under, XY<int> screen) {
   TooltipState& s = state();
   s.pointer = screen;
-  Glob* owner = withTooltip(under);
-  if (owner == s.resting && (owner == nullptr || s.window || s.rest.isActive()))
+  auto const [owner, text] = withTooltip(under, screen);
+  // Within one widget a tip stays while it says the same: parts that say
+  // different things (a title bar's buttons) each get their own.
+  if (owner == s.resting && text == s.restingText && (owner == nullptr || s.window || s.rest.isActive()))
     return;
   dismiss();
   if (!owner || !s.enabled)
     return;
   s.resting = owner;
   s.restingStamp = owner->handlerStamp();
+  s.restingText = text;
   s.rest = Timer::oneShot(kRestMs, &show);
 }
 
@@ -96,6 +106,7 @@ void Tooltips::dismiss() {
   TooltipState& s = state();
   s.rest.cancel();
   s.resting = nullptr;
+  s.restingText = {};
   if (is_good_glob_ptr(s.window))
     GlobManager::requestDeletion(s.window);
   s.window = nullptr;
@@ -115,3 +126,5 @@ void ZoTooltipsEnable(bool enable) {
 bool ZoTooltipsEnabled() { return state().enabled; }
 
 void Glob::setContextString(TooltipDetails const& details) { tooltip_ = details.text; }
+
+UIString Glob::getTooltip(XY<int>, bool) const { return getTooltip(); }

@@ -63,6 +63,61 @@ TEST_F(TooltipTest, APressDismissesIt) {
   EXPECT_EQ(Tooltips::showing(), nullptr);
 }
 
+// Says one thing over its left half and another over its right.
+struct TwoHalves : Glob {
+  TwoHalves() : Glob(GlobCreationInfo(XY<int>(80, 30))) {}
+  UIString getTooltip(XY<int> position, bool client) const override {
+    XY<int> const at = client ? position : position - screenPosition();
+    return UIString(at.x < width() / 2 ? L"Left half" : L"Right half");
+  }
+};
+
+XY<int> middleOf(Zo::Box<int> const& box) { return XY<int>((box.x0 + box.x1) / 2, (box.y0 + box.y1) / 2); }
+
+TEST_F(TooltipTest, APartThatSaysSomethingElseGetsItsOwnTooltip) {
+  auto* halves = panel->addChild(new TwoHalves, Glob::RightOf(20));
+  HeadlessInput::moveTo(HeadlessInput::pointOn(*halves, XY<int>(10, 15)));
+  rest(Tooltips::kRestMs + 1);
+  ASSERT_NE(Tooltips::showing(), nullptr);
+  EXPECT_EQ(Tooltips::showing()->text(), L"Left half");
+  HeadlessInput::moveTo(HeadlessInput::pointOn(*halves, XY<int>(15, 15)));
+  pump();
+  ASSERT_NE(Tooltips::showing(), nullptr); // the same words: the tip stays
+  HeadlessInput::moveTo(HeadlessInput::pointOn(*halves, XY<int>(70, 15)));
+  pump();
+  EXPECT_EQ(Tooltips::showing(), nullptr); // other words wait for the pointer to rest
+  rest(Tooltips::kRestMs + 1);
+  ASSERT_NE(Tooltips::showing(), nullptr);
+  EXPECT_EQ(Tooltips::showing()->text(), L"Right half");
+}
+
+TEST_F(TooltipTest, TheTitleBarButtonsSayWhatTheyDo) {
+  StandardPanel* titled =
+      openPanel(XY<int>(300, 120), XY<int>(100, 600), StandardPanel::kPoot | StandardPanel::kPin | StandardPanel::kCogs,
+                UIString(L"Titled"));
+  pump();
+  auto tipOver = [&](StandardPanel::eStandardWidget which) -> LightweightString<wchar_t> {
+    Tooltips::dismiss();
+    HeadlessInput::moveTo(HeadlessInput::pointOn(*titled, middleOf(titled->getStandardWidgetBox(which))));
+    rest(Tooltips::kRestMs + 1);
+    TooltipWindow* tip = Tooltips::showing();
+    return tip ? tip->text() : LightweightString<wchar_t>(L"(none)");
+  };
+  EXPECT_EQ(tipOver(StandardPanel::kPoot), L"Close");
+  EXPECT_EQ(tipOver(StandardPanel::kCogs), L"Menu");
+  EXPECT_EQ(tipOver(StandardPanel::kPin), L"Pin");
+  HeadlessInput::press();
+  HeadlessInput::release();
+  pump();
+  ASSERT_TRUE(titled->isPinned());
+  EXPECT_EQ(tipOver(StandardPanel::kPin), L"Unpin");
+  // The title itself has nothing to say.
+  Tooltips::dismiss();
+  HeadlessInput::moveTo(HeadlessInput::pointOn(*titled, XY<int>(20, titled->height() - 8)));
+  rest(Tooltips::kRestMs * 3);
+  EXPECT_EQ(Tooltips::showing(), nullptr);
+}
+
 TEST_F(TooltipTest, AWidgetWithoutATooltipShowsNone) {
   HeadlessInput::moveTo(HeadlessInput::pointOn(*without));
   rest(Tooltips::kRestMs * 3);
