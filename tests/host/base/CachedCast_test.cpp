@@ -1,3 +1,5 @@
+#include "CachedCastClasses.h"
+
 #include <zowidgets/host/base/CachedCast.h>
 
 #include <gtest/gtest.h>
@@ -7,32 +9,7 @@
 
 namespace {
 
-// The shape of the parameters: an interface reached through virtual
-// inheritance from more than one side, so bases lie at offsets that differ
-// from one complete type to the next.
-struct Root {
-  virtual ~Root() = default;
-  int root = 1;
-};
-struct Left : virtual Root {
-  int left = 2;
-};
-struct Right : virtual Root {
-  int right = 3;
-};
-struct Padding {
-  virtual ~Padding() = default;
-  char bytes[40] = {};
-};
-struct Both : Left, Right {
-  int both = 4;
-};
-struct PaddedBoth : Padding, Both {
-  int padded = 5;
-};
-struct LeftOnly : Padding, Left {
-  int only = 6;
-};
+using namespace CastTest;
 
 template <class To> To* byRuntime(Root* from) { return dynamic_cast<To*>(from); }
 

@@ -1,3 +1,5 @@
+#include "CachedCastClasses.h"
+
 #include <zowidgets/host/base/CachedCast.h>
 
 #include <gtest/gtest.h>
@@ -8,22 +10,7 @@
 
 namespace {
 
-struct Root {
-  virtual ~Root() = default;
-};
-struct Left : virtual Root {
-  int left = 2;
-};
-struct Right : virtual Root {
-  int right = 3;
-};
-struct Padding {
-  virtual ~Padding() = default;
-  char bytes[40] = {};
-};
-struct Both : Left, Right {};
-struct PaddedBoth : Padding, Both {};
-struct LeftOnly : Padding, Left {};
+using namespace CastTest;
 
 TEST(CachedCast, EachThreadFindsTheSameAnswers) {
   std::vector<std::unique_ptr<Root>> objects;
