@@ -167,6 +167,20 @@ struct DisplayScreen::State {
     if (at.x != known.x || at.y != known.y)
       InputRouter::mouseMoved(at, modifiers);
   }
+  // A window moved by something else (a window manager placing, decorating
+  // or dragging it; another program): the canvas is put where X says, so
+  // the pointer finds the widgets where they show. Reports of our own moves
+  // while a title bar is dragged lag behind the drag, and are left alone.
+  void followWindow(Canvas& canvas, XY<int> xPosition, int modifiers) const {
+    if (InputRouter::buttonsHeld())
+      return;
+    XY<int> const at(xPosition.x, x11->size().y - xPosition.y - canvas.getSize().y);
+    if (at == canvas.getPosition())
+      return;
+    canvas.movedOnScreen(at);
+    // The pointer stays, the widgets under it changed.
+    InputRouter::mouseMoved(pointer(), modifiers);
+  }
   void showCursor(SDL_Window* window) const {
     if (unsigned long const native = nativeX11Window(window))
       x11->setCursor(native, cursor);
@@ -360,6 +374,12 @@ bool DisplayScreen::pumpEvents() {
         state_->followPointer(modifiers);
       InputRouter::mouseButton(state_->eventPoint(*canvas, event.button.x, event.button.y), button, pressed, modifiers,
                                event.button.clicks);
+      // A drag of the title bar ended where X put the window last.
+      if (!pressed && state_->windows.count(canvas)) {
+        XY<int> at;
+        SDL_GetWindowPosition(state_->windows.at(canvas).window, &at.x, &at.y);
+        state_->followWindow(*canvas, at, modifiers);
+      }
       break;
     }
     case SDL_MOUSEWHEEL: {
@@ -399,6 +419,8 @@ bool DisplayScreen::pumpEvents() {
           GlobManager::requestDeletion(canvas->root());
         else if (event.window.event == SDL_WINDOWEVENT_FOCUS_GAINED)
           state_->workedIn(canvas);
+        else if (event.window.event == SDL_WINDOWEVENT_MOVED)
+          state_->followWindow(*canvas, XY<int>(event.window.data1, event.window.data2), modifiers);
       }
       break;
     default:

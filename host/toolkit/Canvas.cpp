@@ -61,6 +61,13 @@ void Canvas::move(XY<int> screenPosition) {
   GlobRegistry::announce(GlobManagerEvent::kMoved, root_);
 }
 
+void Canvas::movedOnScreen(XY<int> screenPosition) {
+  if (screenPosition == position_)
+    return;
+  position_ = screenPosition;
+  GlobRegistry::announce(GlobManagerEvent::kMoved, root_);
+}
+
 void Canvas::resize(XY<int> size) {
   if (size == size_)
     return;

@@ -26,6 +26,10 @@ public:
   XY<int> getSize() const noexcept { return size_; }
   Zo::Box<int> screenBox() const;
   void move(XY<int> screenPosition);
+  // Where the screen says the window is after something else moved it (a
+  // window manager, another program): its widgets hear of the move as of
+  // any, and the screen is not asked to move it again.
+  void movedOnScreen(XY<int> screenPosition);
   void resize(XY<int> size);
   bool isMapped() const noexcept { return mapped_; }
   void map();

@@ -16,6 +16,7 @@ screenshot) needed+=(import compare) ;;
 titles) needed+=(xprop) ;;
 form_menu_keys) needed+=(xwininfo) ;;
 form_menu_wm | form_tip_wm) needed+=(openbox xwininfo xmessage) ;;
+moved_wm) needed+=(openbox) ;;
 scale) needed+=(identify) ;;
 ipaddress) needed+=(xclip) ;;
 export) needed+=(ffprobe) ;;
@@ -273,6 +274,33 @@ click)
   xdotool click --repeat 3 --delay 30 4 click 5
   sleep 0.3
   expect "wheel steps" "$(number "$(ask state)" wheel)" 2
+  ;;
+moved | moved_wm)
+  # A window that something else moves (another program here; the window
+  # manager in moved_wm) takes the pointer where it now shows.
+  window=$(xdotool search --name '^e2e$' | head -n1)
+  [ -n "$window" ] || fail "no e2e window"
+  xdotool windowmove --sync "$window" 600 330
+  sleep 0.3
+  eval "$(xdotool getwindowgeometry --shell "$window")"
+  for _ in $(seq 40); do
+    read -r shown_x shown_y _ _ <<<"$(box "$(ask state)" window)"
+    [ "$shown_x $shown_y" = "$X $Y" ] && break
+    sleep 0.05
+  done
+  expect "where the program has its window" "$shown_x $shown_y" "$X $Y"
+  state=$(ask state)
+  read -r probe_x probe_y probe_w probe_h <<<"$(box "$state" probe)"
+  xdotool mousemove $((probe_x + probe_w / 2)) $((probe_y + probe_h / 2)) click 1
+  sleep 0.3
+  state=$(ask state)
+  expect "presses on the moved window" "$(number "$state" downs)" 1
+  expect "press position" "$(sed -E 's/.*"lastDown":\[(-?[0-9]+),(-?[0-9]+)\].*/\1 \2/' <<<"$state")" \
+    "$((probe_w / 2)) $((probe_h - 1 - probe_h / 2))"
+  # The wheel goes where the pointer is, which the program knows only from X.
+  xdotool click 5
+  sleep 0.3
+  expect "wheel steps on the moved window" "$(number "$(ask state)" wheel)" -1
   ;;
 text)
   xdotool mousemove "$centre_x" "$centre_y" click 1

@@ -73,6 +73,17 @@ TEST_F(GlobManagerEvents, MovingResizingAndHidingAWindowAreTold) {
   EXPECT_EQ(recorder.heard, expected);
 }
 
+TEST_F(GlobManagerEvents, AWindowMovedByTheScreenIsToldAndTakesThePointerWhereItNowIs) {
+  StandardPanel* panel = openPanel(XY<int>(100, 100), XY<int>(100, 100));
+  Glob* child = panel->createChild<Glob>(GlobCreationInfo(XY<int>(40, 40)), Glob::Centre(0, 0));
+  EventRecorder recorder;
+  panel->canvas()->movedOnScreen(XY<int>(500, 300));
+  panel->canvas()->movedOnScreen(XY<int>(500, 300)); // not a move
+  EXPECT_EQ(recorder.of(GlobManagerEvent::kMoved), std::vector<Glob*>{panel});
+  EXPECT_EQ(panel->canvas()->getPosition(), XY<int>(500, 300));
+  EXPECT_EQ(HeadlessInput::pointOn(*child), XY<int>(500 + child->getX() + 20, 300 + child->getY() + 20));
+}
+
 TEST_F(GlobManagerEvents, EveryWidgetDeletedIsToldWhileItsChildrenAreWhole) {
   StandardPanel* panel = openPanel(XY<int>(100, 100));
   Glob* group = panel->createChild<Glob>(GlobCreationInfo(XY<int>(60, 60)), Glob::Centre(0, 0));
