@@ -5,6 +5,7 @@
 #include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/detail/FocusRing.h>
 
 #include <algorithm>
 #include <cmath>
@@ -20,11 +21,12 @@ bool insideSize(XY<int> point, XY<int> size) {
 // Room on each side of the label: a row's worth of breathing space.
 int labelPadding() { return UifStd::getWidgetGap() * 2; }
 
-// The ring round a button that holds the keyboard.
-void drawFocusRing(CanvasRenderer& renderer, Zo::Box<double> const& box, Glob const& button) {
+// The ring round a button that holds the keyboard, over its face (the
+// window's colour for a button without one).
+void drawFocusRing(CanvasRenderer& renderer, Zo::Box<double> const& box, Glob const& button, Colour const& face) {
   if (button.hasKbdFocus())
     renderer.renderPrimitive(Glib::RoundedRectDescription(box, UifStd::getIndentWidth() * 1.5, Colour::invalid(),
-                                                          button.getPalette().selection()));
+                                                          FocusRing::colourOver(button.getPalette(), face)));
 }
 
 } // namespace
@@ -269,7 +271,7 @@ void Button::drawFace(CanvasRenderer& renderer) const {
   // A flat button at rest and a link show no face, but still the ring
   // that tells the keyboard is on them.
   if (style_ == kStyleLink || (style_ == kStyleFlat && !down && !tracker_.isHovered())) {
-    drawFocusRing(renderer, box, *this);
+    drawFocusRing(renderer, box, *this, getPalette().window());
     return;
   }
   Colour face = faceColour_.use() ? faceColour_ : buttonPalette.window();
@@ -283,7 +285,7 @@ void Button::drawFace(CanvasRenderer& renderer) const {
     face = Palette::shaded(face, 2);
   Colour const outline = Palette::shaded(face, down ? -2 : 2);
   renderer.renderPrimitive(Glib::RoundedRectDescription(box, UifStd::getIndentWidth() * 1.5, face, outline));
-  drawFocusRing(renderer, box, *this);
+  drawFocusRing(renderer, box, *this, face);
 }
 
 void Button::drawLabel(CanvasRenderer& renderer, Zo::Box<int> const& box) const {

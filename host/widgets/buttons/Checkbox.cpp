@@ -4,6 +4,7 @@
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/detail/FocusRing.h>
 
 #include <algorithm>
 #include <cmath>
@@ -125,7 +126,8 @@ void Checkbox::draw(CanvasRenderer& renderer) {
   renderer.renderPrimitive(Glib::TextDescription(label_, labelArea, UifStd::getFont(), text));
   if (hasKbdFocus()) {
     Zo::Box<double> const ring(box.x0 - 0.5, box.y0 - 0.5, box.x1 + 0.5, box.y1 + 0.5);
-    renderer.renderPrimitive(
-        Glib::RoundedRectDescription(ring, UifStd::getIndentWidth(), Colour::invalid(), palette.selection()));
+    renderer.renderPrimitive(Glib::RoundedRectDescription(
+        ring, UifStd::getIndentWidth(), Colour::invalid(),
+        FocusRing::colourOver(palette, checked_ ? palette.selection() : palette.window())));
   }
 }

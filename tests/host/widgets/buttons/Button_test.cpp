@@ -11,6 +11,8 @@
 
 #include "host/drawing/IconTestSupport.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <string>
 #include <utility>
@@ -41,6 +43,26 @@ struct ButtonTest : HeadlessScreenTest {
     args.screenPosition = XY<int>(200, 200);
     panel = new MessageLog(args);
     GlobManager::realize(panel);
+  }
+
+  // The most any pixel of the widget changes, channels added, between its
+  // look without the keyboard and with it.
+  int largestChangeOnFocus(Glob& widget) {
+    std::vector<Rgb> before;
+    for (int y = 0; y < widget.height(); ++y)
+      for (int x = 0; x < widget.width(); ++x)
+        before.push_back(rgbOf(widgetPixel(widget, XY<int>(x, y))));
+    widget.claimKbdFocus();
+    pump();
+    int largest = 0;
+    std::size_t at = 0;
+    for (int y = 0; y < widget.height(); ++y)
+      for (int x = 0; x < widget.width(); ++x, ++at) {
+        Rgb const now = rgbOf(widgetPixel(widget, XY<int>(x, y)));
+        largest = std::max(largest, std::abs(now.r - before[at].r) + std::abs(now.g - before[at].g) +
+                                        std::abs(now.b - before[at].b));
+      }
+    return largest;
   }
 
   template <class T> T* add(typename T::InitArgs const& args) {
@@ -249,6 +271,22 @@ TEST_F(ButtonTest, AFlatButtonAndALinkShowTheKeyboardRingThoughTheyHaveNoFace) {
     // selection colour: well towards the latter.
     EXPECT_LT(distance(rgbOf(widgetPixel(*button, edge))), before / 2) << button->getLabel().str();
   }
+}
+
+TEST_F(ButtonTest, TheKeyboardRingShowsOverAFaceOfTheSelectionColour) {
+  Button* plain = addButton(Button::InitArgs(UIString(L"Plain"), XY<int>(80, 0)));
+  Button* blue = panel->createWidget<Button>(Button::InitArgs(UIString(L"OK"), XY<int>(80, 0)),
+                                             Glob::Below(UifStd::getRowGap(), plain));
+  blue->setFaceColour(panel->getPalette().selection());
+  Checkbox::InitArgs tickedArgs(L"Loop", XY<int>());
+  tickedArgs.checked = true;
+  auto* ticked = panel->createWidget<Checkbox>(tickedArgs, Glob::Below(UifStd::getRowGap(), blue));
+  pump();
+  int const onPlain = largestChangeOnFocus(*plain);
+  EXPECT_GT(onPlain, 50);
+  // At least as plain to see over the selection colour as over a plain face.
+  EXPECT_GE(largestChangeOnFocus(*blue), onPlain);
+  EXPECT_GE(largestChangeOnFocus(*ticked), onPlain);
 }
 
 TEST_F(ButtonTest, ATrailingIconFollowsTheLabel) {
