@@ -158,6 +158,38 @@ struct DisplayScreen::State {
     XY<int> const at = x11->pointer();
     return XY<int>(at.x, x11->size().y - 1 - at.y);
   }
+  // Presses on the desktop or on another program's window are reported to
+  // that window alone. While a menu or a drop-down is open, buttons seen held
+  // with the pointer in none of our windows reach the router as a press
+  // there, which closes the popup as a press on another of our windows does
+  // (and does nothing else). Polled, so a press shorter than a pump is missed.
+  void noticePressesOutside(int modifiers) {
+    X11Screen::PointerState const now = x11->pointerState();
+    int const held = (now.left ? kMouseLeft : 0) | (now.middle ? kMouseMiddle : 0) | (now.right ? kMouseRight : 0);
+    XY<int> const at(now.at.x, x11->size().y - 1 - now.at.y);
+    if (pressedOutside == 0) {
+      if (held == 0 || SDL_GetMouseFocus() || !aMenuIsOpen())
+        return;
+      pressedOutside = held;
+      for (int button : {kMouseLeft, kMouseMiddle, kMouseRight})
+        if (held & button)
+          InputRouter::mouseButton(at, button, true, modifiers, 1);
+      return;
+    }
+    int const letGo = pressedOutside & ~held;
+    pressedOutside &= held;
+    for (int button : {kMouseLeft, kMouseMiddle, kMouseRight})
+      if (letGo & button)
+        InputRouter::mouseButton(at, button, false, modifiers, 1);
+  }
+  bool aMenuIsOpen() const {
+    for (auto const& [canvas, shown] : windows)
+      if (shown.popup && canvas->root() && canvas->root()->windowKind() == Glob::eWindowKind::kPopupMenu)
+        return true;
+    return false;
+  }
+  int pressedOutside = 0; // the buttons held outside our windows, as told
+
   // The window library reports nothing outside our windows, nor a move that
   // leaves the pointer where it was in a window that moved with it (a title
   // bar drag): the router is told of any move it missed.
@@ -429,6 +461,7 @@ bool DisplayScreen::pumpEvents() {
   }
   Canvas::paintAllPending();
   state_->followPointer(modifierBits(SDL_GetModState()));
+  state_->noticePressesOutside(modifierBits(SDL_GetModState()));
   return !state_->quit;
 }
 

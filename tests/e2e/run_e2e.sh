@@ -15,7 +15,7 @@ root_colour | eyedropper | magnifier | picker) needed+=(xsetroot) ;;
 screenshot) needed+=(import compare) ;;
 titles) needed+=(xprop) ;;
 form_menu_keys) needed+=(xwininfo) ;;
-form_menu_wm | form_tip_wm) needed+=(openbox xwininfo xmessage) ;;
+form_menu_wm | form_tip_wm | form_menu_outside_wm) needed+=(openbox xwininfo xmessage) ;;
 moved_wm) needed+=(openbox) ;;
 scale) needed+=(identify) ;;
 ipaddress) needed+=(xclip) ;;
@@ -469,6 +469,40 @@ form_menu_keys | form_menu_wm)
   xdotool key space
   sleep 0.4
   [ -n "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$(ask form)")" ] || fail "Space after the menu closed did not reach the panel"
+  ;;
+form_menu_outside | form_menu_outside_wm)
+  # An open menu closes on a press on the desktop or, under a window manager,
+  # on another program's window: presses the program is not told of.
+  if [ "$case_name" = form_menu_outside_wm ]; then
+    xmessage -geometry +900+500 'another program' &
+    pids+=($!)
+    for _ in $(seq 100); do
+      other=$(xdotool search --onlyvisible --name '^xmessage$' | head -n1 || true)
+      [ -n "$other" ] && break
+      sleep 0.1
+    done
+    [ -n "$other" ] || fail "the other program's window did not appear"
+    eval "$(xdotool getwindowgeometry --shell "$other")"
+    outside_x=$((X + WIDTH / 2))
+    outside_y=$((Y + HEIGHT / 2))
+  else
+    outside_x=1270
+    outside_y=790
+  fi
+  form=$(ask form)
+  mode=$(field "$form" mode)
+  read -r x y <<<"$(centre "$form" menubutton)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  [ -n "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$(ask form)")" ] || fail "the menu did not open"
+  # Held as a hand holds it, longer than the program takes to look.
+  xdotool mousemove "$outside_x" "$outside_y" mousedown 1
+  sleep 0.15
+  xdotool mouseup 1
+  sleep 0.4
+  form=$(ask form)
+  expect "the menu after a press outside the program" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
+  expect "the mode, which the press did not choose" "$(field "$form" mode)" "$mode"
   ;;
 form_tip_wm)
   # A tip shown as the pointer rests on a row does not take the keyboard

@@ -193,13 +193,20 @@ Zo::Image::Surface X11Screen::grab(Zo::Box<int> const& area) const {
   return out;
 }
 
-XY<int> X11Screen::pointer() const {
+XY<int> X11Screen::pointer() const { return pointerState().at; }
+
+X11Screen::PointerState X11Screen::pointerState() const {
   Window root = 0, child = 0;
   int rootX = 0, rootY = 0, windowX = 0, windowY = 0;
   unsigned mask = 0;
   XQueryPointer(state_->display, DefaultRootWindow(state_->display), &root, &child, &rootX, &rootY, &windowX, &windowY,
                 &mask);
-  return XY<int>(rootX, rootY);
+  PointerState pointer;
+  pointer.at = XY<int>(rootX, rootY);
+  pointer.left = (mask & Button1Mask) != 0;
+  pointer.middle = (mask & Button2Mask) != 0;
+  pointer.right = (mask & Button3Mask) != 0;
+  return pointer;
 }
 
 void X11Screen::setWindowClass(unsigned long window, std::string const& name, std::string const& className) {

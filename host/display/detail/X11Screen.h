@@ -25,6 +25,16 @@ public:
   // screen read as black.
   Zo::Image::Surface grab(Zo::Box<int> const& area) const;
   XY<int> pointer() const;
+  // The pointer with the buttons held, whichever window they were pressed
+  // on: a press on the desktop or another program's window is reported to
+  // that window alone.
+  struct PointerState {
+    XY<int> at;
+    bool left = false;
+    bool middle = false;
+    bool right = false;
+  };
+  PointerState pointerState() const;
   // Shows the shape for a cursor id (see docs/host-display.md) on an X window.
   void setCursor(unsigned long window, int cursorId);
   // The window's WM_CLASS: the program's name and class, by which window
