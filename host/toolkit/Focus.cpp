@@ -172,8 +172,11 @@ Glob* TabOrderManager::next(Glob const* current, bool forward) const {
 
 Glob* TabOrderManager::nextFor(Glob* focus, bool forward) {
   for (Glob* panel = focus ? focus->parent() : nullptr; panel; panel = panel->parent())
-    if (TabOrderManager* order = panel->getTabOrder(); order && order->contains(focus))
-      return order->next(focus, forward);
+    if (TabOrderManager* order = panel->getTabOrder(); order && order->contains(focus)) {
+      if (Glob* next = order->next(focus, forward))
+        return next;
+      break; // its panel's only stop: Tab goes on through the window
+    }
   if (!focus)
     return nullptr;
   std::vector<Glob*> all;

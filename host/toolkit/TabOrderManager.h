@@ -28,7 +28,8 @@ public:
   Glob* next(Glob const* current, bool forward) const;
 
   // The widget Tab moves to from `focus`: by the tab order of the nearest
-  // panel that has one and holds `focus`, else by tree order in its window.
+  // panel that has one and holds `focus`, else (or when `focus` is that
+  // order's only stop) by tree order in its window.
   static Glob* nextFor(Glob* focus, bool forward);
   // Move the keyboard focus as Tab and Shift-Tab do; true when it moved.
   static bool incrementTabStop();

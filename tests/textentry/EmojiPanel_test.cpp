@@ -133,6 +133,24 @@ TEST_F(EmojiPanelTest, TheSelectionIsClearedAfterEachClickSoTheSameCellWorksAgai
   EXPECT_EQ(picked[0].text, picked[1].text);
 }
 
+TEST_F(EmojiPanelTest, TabLeadsFromTheSearchToTheCategoriesAndOnToTheGrid) {
+  HeadlessInput::clickOn(*panel->getFilter()->getTextBox());
+  HeadlessInput::key(kKeyTab);
+  ASSERT_TRUE(get_kbd_focus() && isParentedTo(get_kbd_focus(), panel->getTabs()));
+  HeadlessInput::key(kKeyRight);
+  pump();
+  EXPECT_EQ(panel->getTabs()->getCurrentTab(), 1);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), panel->getGrid());
+  HeadlessInput::key(kKeyRight); // the first cell of the second category
+  HeadlessInput::key(kKeyReturn);
+  ASSERT_EQ(picked.size(), 1u);
+  EXPECT_EQ(picked.front().text, gridTexts().front());
+  HeadlessInput::key(kKeyTab, kKeyShift);
+  HeadlessInput::key(kKeyTab, kKeyShift);
+  EXPECT_EQ(get_kbd_focus(), panel->getFilter()->getTextBox());
+}
+
 TEST_F(EmojiPanelTest, TheKeyboardPicksTooFromTheFocusedGrid) {
   EmojiPanel::Grid* grid = panel->getGrid();
   grid->claimKbdFocus();

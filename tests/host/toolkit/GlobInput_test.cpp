@@ -204,6 +204,21 @@ TEST_F(GlobInputTest, APanelTabOrderOverridesTreeOrder) {
   EXPECT_EQ(get_kbd_focus(), left); // hidden stops are skipped
 }
 
+TEST_F(GlobInputTest, APanelsOnlyTabStopLetsTabGoOnThroughTheWindow) {
+  StandardPanel::InitArgs args(XY<int>(40, 40));
+  auto* inner = panel->createWidget<StandardPanel>(args, Glob::RightOf(5));
+  auto* only = static_cast<Probe*>(inner->addChild(new Probe(XY<int>(20, 20), log, "only", false), Glob::Centre(0, 0)));
+  for (Probe* p : {left, right, only})
+    p->setCanBeIt(true);
+  inner->tabOrder().addTabStop(*only, 1);
+  set_kbd_focus(only);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), left); // past the window's last, its first
+  set_kbd_focus(only);
+  HeadlessInput::key(kKeyTab, kKeyShift);
+  EXPECT_EQ(get_kbd_focus(), right);
+}
+
 // A widget of two focusable parts that lends them to its owner's order.
 class TwoPartHost : public Glob, public TabOrderableHost {
 public:
