@@ -46,7 +46,10 @@ Glob* buildButtonsPage(PageContext const& context) {
   push->setCallback(report);
   auto* cycle = panel->createWidget<CycleButton>(CycleButton::InitArgs({L"Fit", L"Fill", L"Stretch"}, buttonSize),
                                                  Glob::RightOf(m.gap));
-  cycle->setCallback(report);
+  // A cycle button has moved on to its next label by the time it tells.
+  cycle->setCallback(Broadcaster<ButtonEvent>::makeCallback([status](ButtonEvent const& event) {
+    status->setString(LightweightString<wchar_t>(L"Cycled on to " + event.button->getLabel().str()));
+  }));
   panel->createWidget<LinkButton>(LinkButton::InitArgs(L"https://example.org/zowidgets", L"Project page"),
                                   Glob::RightOf(m.gap, nullptr, kAlignCentre));
 
@@ -57,13 +60,15 @@ Glob* buildButtonsPage(PageContext const& context) {
   Checkbox::InitArgs loopSwitch(L"Loop", XY<int>());
   loopSwitch.appearance = Checkbox::kSwitch;
   auto* loopToggle = bindTo<bool>(panel->createWidget<Checkbox>(loopSwitch, Glob::RightOf(m.gap)), context.model.loop);
-  bindTo<bool>(panel->createWidget<Checkbox>(Checkbox::InitArgs(L"Snap", XY<int>()), Glob::RightOf(m.gap)),
-               context.model.snap);
+  auto* snapBox = bindTo<bool>(
+      panel->createWidget<Checkbox>(Checkbox::InitArgs(L"Snap", XY<int>()), Glob::RightOf(m.gap)), context.model.snap);
   // Whichever the user flips, the status line follows.
   auto reportLoop = Broadcaster<CheckboxEvent>::makeCallback(
       [status](CheckboxEvent const& event) { status->setString(event.checked ? L"Loop on" : L"Loop off"); });
   loopBox->setCallback(reportLoop);
   loopToggle->setCallback(reportLoop);
+  snapBox->setCallback(Broadcaster<CheckboxEvent>::makeCallback(
+      [status](CheckboxEvent const& event) { status->setString(event.checked ? L"Snap on" : L"Snap off"); }));
   return panel;
 }
 

@@ -14,6 +14,7 @@
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
+#include <zowidgets/host/widgets/buttons/CycleButton.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/lists/TreeView.h>
@@ -294,6 +295,25 @@ TEST_F(GalleryTest, TheStatusLineFollowsTheLoopSwitchAsWellAsItsBox) {
   HeadlessInput::clickOn(*boxes[1]);
   settleWindows();
   EXPECT_TRUE(statusReads(L"Loop on"));
+}
+
+TEST_F(GalleryTest, TheStatusLineNamesTheCycleButtonsNewLabelAndFollowsSnap) {
+  std::vector<CycleButton*> const cycles = widgetsOfPage<CycleButton>("buttons");
+  std::vector<Checkbox*> const boxes = widgetsOfPage<Checkbox>("buttons");
+  std::vector<TextLabel*> const labels = widgetsOfPage<TextLabel>("buttons");
+  ASSERT_EQ(cycles.size(), 1u);
+  ASSERT_EQ(boxes.size(), 3u);
+  auto statusReads = [&labels](wchar_t const* text) {
+    return std::any_of(labels.begin(), labels.end(),
+                       [text](TextLabel const* label) { return label->getString().getString().str() == text; });
+  };
+  HeadlessInput::clickOn(*cycles[0]); // from "Fit"
+  settleWindows();
+  EXPECT_TRUE(statusReads(L"Cycled on to Fill"));
+  bool const snapped = boxes[2]->isChecked();
+  HeadlessInput::clickOn(*boxes[2]);
+  settleWindows();
+  EXPECT_TRUE(statusReads(snapped ? L"Snap off" : L"Snap on"));
 }
 
 TEST_F(GalleryTest, TheCredentialsPageEnablesConnectAndRefusesALoginWithAnError) {
