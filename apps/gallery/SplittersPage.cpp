@@ -39,7 +39,11 @@ Glob* buildSplittersPage(PageContext const& context) {
   auto* status = panel->createWidget<TextLabel>(statusArgs, Glob::UserBottomLeft(m.gap, m.rowGap));
   auto report = Splitter::makeCallback([status](SplitterEvent const& event) {
     static wchar_t const* const kKinds[] = {L"Moved to ", L"Began at ", L"Ended at "};
-    status->setString(LightweightString<wchar_t>(kKinds[event.kind] + std::to_wstring(event.position)));
+    // Positions count from the parent's left, or from its bottom for a bar
+    // between stacked boxes: the status says which.
+    bool const stacked = event.splitter && event.splitter->getOrientation() == kStacked;
+    status->setString(LightweightString<wchar_t>(kKinds[event.kind] + std::to_wstring(event.position) +
+                                                 (stacked ? L" from the bottom" : L" from the left")));
   });
 
   // Side by side, a standard bar that resizes the boxes itself.

@@ -18,6 +18,7 @@
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/lists/TreeView.h>
+#include <zowidgets/host/widgets/panels/Splitter.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/TabbedDialogue.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
@@ -67,13 +68,19 @@ struct GalleryTest : ::testing::Test {
     return found == pages.end() ? nullptr : &*found;
   }
 
-  // The widgets of type T in the main window of the named page, opened.
-  template <class T> std::vector<T*> widgetsOfPage(std::string const& name) {
+  // The main window of the named page, opened (again at each call).
+  Glob& openedPage(std::string const& name) {
     std::vector<GalleryPage> const pages = allPages();
+    return *openPage(*findPage(pages, name), context).main;
+  }
+  // The widgets of type T under `root`.
+  template <class T> static std::vector<T*> widgetsIn(Glob& root) {
     std::vector<T*> found;
-    collect(*openPage(*findPage(pages, name), context).main, found);
+    collect(root, found);
     return found;
   }
+  // The widgets of type T in the main window of the named page, opened.
+  template <class T> std::vector<T*> widgetsOfPage(std::string const& name) { return widgetsIn<T>(openedPage(name)); }
 
   GalleryModel model;
   PageContext context{model, XY<int>(40, 300)};
@@ -298,9 +305,10 @@ TEST_F(GalleryTest, TheStatusLineFollowsTheLoopSwitchAsWellAsItsBox) {
 }
 
 TEST_F(GalleryTest, TheStatusLineNamesTheCycleButtonsNewLabelAndFollowsSnap) {
-  std::vector<CycleButton*> const cycles = widgetsOfPage<CycleButton>("buttons");
-  std::vector<Checkbox*> const boxes = widgetsOfPage<Checkbox>("buttons");
-  std::vector<TextLabel*> const labels = widgetsOfPage<TextLabel>("buttons");
+  Glob& page = openedPage("buttons");
+  std::vector<CycleButton*> const cycles = widgetsIn<CycleButton>(page);
+  std::vector<Checkbox*> const boxes = widgetsIn<Checkbox>(page);
+  std::vector<TextLabel*> const labels = widgetsIn<TextLabel>(page);
   ASSERT_EQ(cycles.size(), 1u);
   ASSERT_EQ(boxes.size(), 3u);
   auto statusReads = [&labels](wchar_t const* text) {
@@ -314,6 +322,35 @@ TEST_F(GalleryTest, TheStatusLineNamesTheCycleButtonsNewLabelAndFollowsSnap) {
   HeadlessInput::clickOn(*boxes[2]);
   settleWindows();
   EXPECT_TRUE(statusReads(snapped ? L"Snap off" : L"Snap on"));
+}
+
+TEST_F(GalleryTest, TheSplittersStatusSaysFromWhichSideItsPositionCounts) {
+  Glob& page = openedPage("splitters");
+  std::vector<Splitter*> const bars = widgetsIn<Splitter>(page);
+  std::vector<TextLabel*> const labels = widgetsIn<TextLabel>(page);
+  auto statusEndsWith = [&labels](std::wstring const& end) {
+    return std::any_of(labels.begin(), labels.end(), [&end](TextLabel const* label) {
+      std::wstring const text = label->getString().getString().str();
+      return text.size() > end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+    });
+  };
+  auto barOf = [&bars](Orientation orientation) {
+    auto found = std::find_if(bars.begin(), bars.end(),
+                              [orientation](Splitter const* bar) { return bar->getOrientation() == orientation; });
+    return found == bars.end() ? nullptr : *found;
+  };
+  Splitter* stacked = barOf(kStacked);
+  Splitter* sideBySide = barOf(kSideBySide);
+  ASSERT_NE(stacked, nullptr);
+  ASSERT_NE(sideBySide, nullptr);
+  stacked->claimKbdFocus();
+  HeadlessInput::key(kKeyDown);
+  settleWindows();
+  EXPECT_TRUE(statusEndsWith(L" from the bottom"));
+  sideBySide->claimKbdFocus();
+  HeadlessInput::key(kKeyRight);
+  settleWindows();
+  EXPECT_TRUE(statusEndsWith(L" from the left"));
 }
 
 TEST_F(GalleryTest, TheCredentialsPageEnablesConnectAndRefusesALoginWithAnError) {
