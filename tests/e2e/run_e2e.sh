@@ -236,6 +236,20 @@ click_to_type() {
   xdotool windowfocus --sync "$WINDOW"
   sleep 0.3
 }
+# Starts another program's window (xmessage) at GEOMETRY and sets `other` to
+# it once it shows: a window made but not yet mapped cannot be activated.
+another_program() {
+  xmessage -geometry "$1" 'another program' &
+  pids+=($!)
+  for _ in $(seq 100); do
+    other=$(xdotool search --onlyvisible --name '^xmessage$' | head -n1 || true)
+    [ -n "$other" ] && return
+    sleep 0.1
+  done
+  fail "the other program's window did not appear"
+}
+# The rows of the open menu in a form's state line; empty when none is open.
+menu_rows() { sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$1"; }
 # LABEL VALUE LOW HIGH: the value lies from LOW to HIGH.
 expect_within() {
   [ "$2" -ge "$3" ] && [ "$2" -le "$4" ] || fail "$1: expected $3 to $4, got $2"
@@ -430,7 +444,7 @@ form_menu | jsonform_menu)
   xdotool mousemove "$x" "$y" click 1
   sleep 0.4
   form=$(ask form)
-  rows=$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")
+  rows=$(menu_rows "$form")
   [ -n "$rows" ] || fail "the menu did not open: $form"
   third=$(sed -E 's/\},\{/}\n{/g' <<<"$rows" | sed -n 3p)
   [ -n "$third" ] || fail "the menu has fewer than three rows: $rows"
@@ -439,7 +453,7 @@ form_menu | jsonform_menu)
   sleep 0.4
   form=$(ask form)
   expect "mode" "$(field "$form" mode)" 3
-  expect "menu closed" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
+  expect "menu closed" "$(menu_rows "$form")" ""
   ;;
 form_menu_keys | form_menu_wm)
   # A menu leaves the keyboard with its panel, as a window manager gave it,
@@ -452,7 +466,7 @@ form_menu_keys | form_menu_wm)
   read -r x y <<<"$(centre "$form" menubutton)"
   xdotool mousemove "$x" "$y" click 1
   sleep 0.4
-  [ -n "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$(ask form)")" ] || fail "the menu did not open"
+  [ -n "$(menu_rows "$(ask form)")" ] || fail "the menu did not open"
   expect "the keyboard's window while the menu is open" "$(xdotool getwindowfocus)" "$form_window"
   menu_window=$(xdotool search --name "^$(basename "$program")\$" | head -n1)
   expect "the menu is left to itself by window managers" \
@@ -461,27 +475,20 @@ form_menu_keys | form_menu_wm)
   sleep 0.4
   form=$(ask form)
   [ "$(field "$form" mode)" != "$mode" ] || fail "Down and Return in the menu left the mode at $mode"
-  expect "menu closed" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
+  expect "menu closed" "$(menu_rows "$form")" ""
   # With the pointer away from the program, which does not decide it here.
   xdotool mousemove 1270 790
   sleep 0.2
   # The menu button keeps the focus: Space opens its menu again.
   xdotool key space
   sleep 0.4
-  [ -n "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$(ask form)")" ] || fail "Space after the menu closed did not reach the panel"
+  [ -n "$(menu_rows "$(ask form)")" ] || fail "Space after the menu closed did not reach the panel"
   ;;
 form_menu_outside | form_menu_outside_wm)
   # An open menu closes on a press on the desktop or, under a window manager,
   # on another program's window: presses the program is not told of.
   if [ "$case_name" = form_menu_outside_wm ]; then
-    xmessage -geometry +900+500 'another program' &
-    pids+=($!)
-    for _ in $(seq 100); do
-      other=$(xdotool search --onlyvisible --name '^xmessage$' | head -n1 || true)
-      [ -n "$other" ] && break
-      sleep 0.1
-    done
-    [ -n "$other" ] || fail "the other program's window did not appear"
+    another_program +900+500
     eval "$(xdotool getwindowgeometry --shell "$other")"
     outside_x=$((X + WIDTH / 2))
     outside_y=$((Y + HEIGHT / 2))
@@ -494,28 +501,20 @@ form_menu_outside | form_menu_outside_wm)
   read -r x y <<<"$(centre "$form" menubutton)"
   xdotool mousemove "$x" "$y" click 1
   sleep 0.4
-  [ -n "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$(ask form)")" ] || fail "the menu did not open"
+  [ -n "$(menu_rows "$(ask form)")" ] || fail "the menu did not open"
   # Held as a hand holds it, longer than the program takes to look.
   xdotool mousemove "$outside_x" "$outside_y" mousedown 1
   sleep 0.15
   xdotool mouseup 1
   sleep 0.4
   form=$(ask form)
-  expect "the menu after a press outside the program" "$(sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$form")" ""
+  expect "the menu after a press outside the program" "$(menu_rows "$form")" ""
   expect "the mode, which the press did not choose" "$(field "$form" mode)" "$mode"
   ;;
 form_tip_wm)
   # A tip shown as the pointer rests on a row does not take the keyboard
   # from another program.
-  xmessage -geometry +900+60 'another program' &
-  pids+=($!)
-  # Found once it shows: a window made but not yet mapped cannot be activated.
-  for _ in $(seq 100); do
-    other=$(xdotool search --onlyvisible --name '^xmessage$' | head -n1 || true)
-    [ -n "$other" ] && break
-    sleep 0.1
-  done
-  [ -n "$other" ] || fail "the other program's window did not appear"
+  another_program +900+60
   for _ in $(seq 100); do
     xdotool windowactivate "$other" 2>/dev/null || true
     [ "$(xdotool getwindowfocus)" = "$other" ] && break
