@@ -250,6 +250,17 @@ another_program() {
 }
 # The rows of the open menu in a form's state line; empty when none is open.
 menu_rows() { sed -E 's/.*"menu":\[(.*)\]\}$/\1/' <<<"$1"; }
+# Opens the form's menu with the pointer, leaving in `form` and `mode` the
+# form's state and mode from before.
+open_form_menu() {
+  local x y
+  form=$(ask form)
+  mode=$(field "$form" mode)
+  read -r x y <<<"$(centre "$form" menubutton)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  [ -n "$(menu_rows "$(ask form)")" ] || fail "the menu did not open"
+}
 # LABEL VALUE LOW HIGH: the value lies from LOW to HIGH.
 expect_within() {
   [ "$2" -ge "$3" ] && [ "$2" -le "$4" ] || fail "$1: expected $3 to $4, got $2"
@@ -461,12 +472,7 @@ form_menu_keys | form_menu_wm)
   # once it has closed Space opens it again.
   form_window=$(xdotool search --name '^Form$')
   xdotool windowactivate --sync "$form_window" 2>/dev/null || xdotool windowfocus --sync "$form_window"
-  form=$(ask form)
-  mode=$(field "$form" mode)
-  read -r x y <<<"$(centre "$form" menubutton)"
-  xdotool mousemove "$x" "$y" click 1
-  sleep 0.4
-  [ -n "$(menu_rows "$(ask form)")" ] || fail "the menu did not open"
+  open_form_menu
   expect "the keyboard's window while the menu is open" "$(xdotool getwindowfocus)" "$form_window"
   menu_window=$(xdotool search --name "^$(basename "$program")\$" | head -n1)
   expect "the menu is left to itself by window managers" \
@@ -496,12 +502,7 @@ form_menu_outside | form_menu_outside_wm)
     outside_x=1270
     outside_y=790
   fi
-  form=$(ask form)
-  mode=$(field "$form" mode)
-  read -r x y <<<"$(centre "$form" menubutton)"
-  xdotool mousemove "$x" "$y" click 1
-  sleep 0.4
-  [ -n "$(menu_rows "$(ask form)")" ] || fail "the menu did not open"
+  open_form_menu
   # Held as a hand holds it, longer than the program takes to look.
   xdotool mousemove "$outside_x" "$outside_y" mousedown 1
   sleep 0.15
