@@ -160,6 +160,8 @@ Glob* buildTutorialsPage(PageContext const& context) {
   for (unsigned short i = 0; i < tutorial->getNumPhases(); ++i)
     tree->expand(WString(L"phases/" + std::to_wstring(i)));
   tree->setSelectedItem(L"phases/1/action");
+  // The keys walk the tree from the start, as on the other list pages.
+  tree->claimKbdFocus();
   return panel;
 }
 

@@ -215,6 +215,12 @@ TEST_F(GalleryTest, TheTutorialsPageNamesAScreenCornerInWords) {
             L"Message \u201CDone: the gap closed by itself\u201D at the screen's bottom right");
 }
 
+TEST_F(GalleryTest, TheTutorialsPagesTreeTakesTheKeysFromTheStart) {
+  std::vector<TreeView*> const trees = widgetsOfPage<TreeView>("tutorials");
+  ASSERT_EQ(trees.size(), 1u);
+  EXPECT_EQ(get_kbd_focus(), trees[0]);
+}
+
 TEST_F(GalleryTest, BoxesBoundToOneValueFollowEachOtherWhenClicked) {
   std::vector<Checkbox*> const boxes = widgetsOfPage<Checkbox>("buttons");
   ASSERT_GE(boxes.size(), 2u);
