@@ -110,6 +110,8 @@ EmojiPanel::EmojiPanel(InitArgs const& args) : StandardPanel(args), categories_(
   tabs_->addListener(Broadcaster<TabbedDialogueEvent>::makeCallback(this, &EmojiPanel::handleTabEvents));
 
   grid_ = createWidget<Grid>(Grid::InitArgs(GlobCreationInfo(calcGridSize())), Glob::Below(gap, tabs_));
+  // Only a search that found nothing leaves the grid empty.
+  grid_->setEmptyText(UIString(L"No emoji matches the search"));
   showCategory(0);
 }
 

@@ -111,6 +111,29 @@ TEST_F(EmojiPanelTest, ASearchThatMatchesNothingLeavesNoTabsAndAnEmptyGridUntilI
   EXPECT_EQ(gridTexts(), textsOf(Emoji::getEmojis(Emoji::getCategories().front())));
 }
 
+TEST_F(EmojiPanelTest, AGridLeftEmptyByTheSearchSaysSo) {
+  EmojiPanel::Grid* grid = panel->getGrid();
+  EXPECT_FALSE(grid->getEmptyText().empty());
+  auto pixels = [this, grid] {
+    std::vector<std::uint32_t> all;
+    for (int y = 0; y < grid->height(); ++y)
+      for (int x = 0; x < grid->width(); ++x)
+        all.push_back(widgetPixel(*grid, XY<int>(x, y)));
+    return all;
+  };
+  searchFor("zzqx no such emoji");
+  ASSERT_EQ(grid->getItemCount(), 0);
+  std::vector<std::uint32_t> const saying = pixels();
+  grid->setEmptyText(UIString());
+  pump();
+  std::vector<std::uint32_t> const bare = pixels();
+  ASSERT_EQ(saying.size(), bare.size());
+  int differing = 0;
+  for (std::size_t i = 0; i < saying.size(); ++i)
+    differing += saying[i] != bare[i] ? 1 : 0;
+  EXPECT_GT(differing, 50) << "the words are drawn over the empty grid";
+}
+
 TEST_F(EmojiPanelTest, AClickReportsTheCharacterShownInTheCell) {
   searchFor("heart");
   clickTab(1);

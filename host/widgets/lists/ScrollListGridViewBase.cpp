@@ -216,3 +216,24 @@ void ScrollListGridViewBase::forgetGridContents() {
   itemRows_.clear();
   selected_ = -1;
 }
+
+void ScrollListGridViewBase::setEmptyText(UIString const& text) {
+  emptyText_ = text;
+  if (items_.empty())
+    invalidate();
+}
+
+void ScrollListGridViewBase::draw(CanvasRenderer& renderer) {
+  VerticalScrollingBase::draw(renderer);
+  if (!items_.empty() || emptyText_.empty())
+    return;
+  Palette const& palette = getPalette();
+  Zo::Box<int> const area = getUserArea();
+  int const gap = UifStd::getWidgetGap();
+  Glib::TextDescription text(emptyText_.getString(), Zo::Box<double>(area.x0 + gap, area.y0, area.x1 - gap, area.y1),
+                             UifStd::getFont(), Palette::inactive(palette.text(), palette.window()),
+                             Glib::eTextAlignment::Centre);
+  text.verticalAlignment = Glib::eTextVerticalAlignment::Centre;
+  text.wordWrap = true;
+  renderer.renderPrimitive(text);
+}

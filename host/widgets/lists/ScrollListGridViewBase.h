@@ -73,10 +73,16 @@ public:
 
   int handleKeyboardEvent(int key) override;
 
+  // What the grid says while it holds no items (a search that found
+  // nothing, say); empty, the default, says nothing.
+  void setEmptyText(UIString const& text);
+  UIString const& getEmptyText() const noexcept { return emptyText_; }
+
 protected:
   // Forgets rows, items and separators: for subclasses that have just
   // deleted every managed widget (unmanageAllWidgets(true)) to refill.
   void forgetGridContents();
+  void draw(CanvasRenderer& renderer) override;
 
 private:
   int rowOf(int item) const;
@@ -89,4 +95,5 @@ private:
   std::vector<Glob*> separators_;
   std::vector<int> itemRows_; // the row of each item
   int selected_ = -1;
+  UIString emptyText_;
 };
