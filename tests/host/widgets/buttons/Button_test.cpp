@@ -6,6 +6,7 @@
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/buttons/CycleButton.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/buttons/detail/FocusRing.h>
 #include <zowidgets/values/binding/ValAdaptor.h>
 #include <zowidgets/values/notify/ValServer.h>
 
@@ -45,24 +46,29 @@ struct ButtonTest : HeadlessScreenTest {
     GlobManager::realize(panel);
   }
 
-  // The most any pixel of the widget changes, channels added, between its
-  // look without the keyboard and with it.
-  int largestChangeOnFocus(Glob& widget) {
-    std::vector<Rgb> before;
-    for (int y = 0; y < widget.height(); ++y)
-      for (int x = 0; x < widget.width(); ++x)
-        before.push_back(rgbOf(widgetPixel(widget, XY<int>(x, y))));
+  // How many of the widget's pixels come nearer `colour` (by more than 30,
+  // channels added) once it holds the keyboard: the ring's, for the ring's
+  // colour. The ring is a line a pixel wide, smoothed, so its pixels lie
+  // between it and what is under it.
+  int pixelsTowardsOnFocus(Glob& widget, Colour const& colour) {
+    Rgb const towards = rgbOf(colour);
+    auto distances = [&] {
+      std::vector<int> all;
+      for (int y = 0; y < widget.height(); ++y)
+        for (int x = 0; x < widget.width(); ++x) {
+          Rgb const at = rgbOf(widgetPixel(widget, XY<int>(x, y)));
+          all.push_back(std::abs(at.r - towards.r) + std::abs(at.g - towards.g) + std::abs(at.b - towards.b));
+        }
+      return all;
+    };
+    std::vector<int> const before = distances();
     widget.claimKbdFocus();
     pump();
-    int largest = 0;
-    std::size_t at = 0;
-    for (int y = 0; y < widget.height(); ++y)
-      for (int x = 0; x < widget.width(); ++x, ++at) {
-        Rgb const now = rgbOf(widgetPixel(widget, XY<int>(x, y)));
-        largest = std::max(largest, std::abs(now.r - before[at].r) + std::abs(now.g - before[at].g) +
-                                        std::abs(now.b - before[at].b));
-      }
-    return largest;
+    std::vector<int> const after = distances();
+    int nearer = 0;
+    for (std::size_t i = 0; i < before.size(); ++i)
+      nearer += before[i] - after[i] > 30 ? 1 : 0;
+    return nearer;
   }
 
   template <class T> T* add(typename T::InitArgs const& args) {
@@ -282,11 +288,22 @@ TEST_F(ButtonTest, TheKeyboardRingShowsOverAFaceOfTheSelectionColour) {
   tickedArgs.checked = true;
   auto* ticked = panel->createWidget<Checkbox>(tickedArgs, Glob::Below(UifStd::getRowGap(), blue));
   pump();
-  int const onPlain = largestChangeOnFocus(*plain);
-  EXPECT_GT(onPlain, 50);
-  // At least as plain to see over the selection colour as over a plain face.
-  EXPECT_GE(largestChangeOnFocus(*blue), onPlain);
-  EXPECT_GE(largestChangeOnFocus(*ticked), onPlain);
+  // Over a plain face the ring is the selection colour; over that colour
+  // itself it takes the text colour, or it would not show.
+  EXPECT_GT(pixelsTowardsOnFocus(*plain, plain->getPalette().selection()), 20);
+  EXPECT_GT(pixelsTowardsOnFocus(*blue, blue->getPalette().text()), 20);
+  // The box's ring half lies over the panel, where either colour shows: the
+  // colour it takes is checked below; here, that it is drawn.
+  EXPECT_GT(pixelsTowardsOnFocus(*ticked, ticked->getPalette().text()), 10);
+}
+
+TEST(FocusRingColour, TheSelectionColourUnlessTheFaceIsNearlyThatColour) {
+  Palette palette = makeWindowPalette(UifStd::getColourScheme());
+  Colour const selection = palette.selection();
+  EXPECT_EQ(FocusRing::colourOver(palette, palette.window()), selection);
+  EXPECT_EQ(FocusRing::colourOver(palette, selection), palette.text());
+  Colour const nearly(selection.red() + 0.1, selection.green() - 0.1, selection.blue());
+  EXPECT_EQ(FocusRing::colourOver(palette, nearly), palette.text());
 }
 
 TEST_F(ButtonTest, ATrailingIconFollowsTheLabel) {
