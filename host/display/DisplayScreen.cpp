@@ -154,19 +154,17 @@ struct DisplayScreen::State {
     return XY<int>(canvas.getPosition().x + x, canvas.getPosition().y + canvas.getSize().y - 1 - y);
   }
   // Where the pointer is now, on our bottom-up screen.
-  XY<int> pointer() const {
-    XY<int> const at = x11->pointer();
-    return XY<int>(at.x, x11->size().y - 1 - at.y);
-  }
+  XY<int> pointer() const { return bottomUp(x11->pointer()); }
+  // A point of X's top-down screen on ours.
+  XY<int> bottomUp(XY<int> x) const { return XY<int>(x.x, x11->size().y - 1 - x.y); }
   // Presses on the desktop or on another program's window are reported to
   // that window alone. While a menu or a drop-down is open, buttons seen held
   // with the pointer in none of our windows reach the router as a press
   // there, which closes the popup as a press on another of our windows does
   // (and does nothing else). Polled, so a press shorter than a pump is missed.
-  void noticePressesOutside(int modifiers) {
-    X11Screen::PointerState const now = x11->pointerState();
+  void noticePressesOutside(X11Screen::PointerState const& now, int modifiers) {
     int const held = (now.left ? kMouseLeft : 0) | (now.middle ? kMouseMiddle : 0) | (now.right ? kMouseRight : 0);
-    XY<int> const at(now.at.x, x11->size().y - 1 - now.at.y);
+    XY<int> const at = bottomUp(now.at);
     if (pressedOutside == 0) {
       if (held == 0 || SDL_GetMouseFocus() || !aMenuIsOpen())
         return;
@@ -193,8 +191,8 @@ struct DisplayScreen::State {
   // The window library reports nothing outside our windows, nor a move that
   // leaves the pointer where it was in a window that moved with it (a title
   // bar drag): the router is told of any move it missed.
-  void followPointer(int modifiers) const {
-    XY<int> const at = pointer();
+  void followPointer(int modifiers) const { followPointerTo(pointer(), modifiers); }
+  void followPointerTo(XY<int> at, int modifiers) const {
     XY<int> const known = InputRouter::mousePosition();
     if (at.x != known.x || at.y != known.y)
       InputRouter::mouseMoved(at, modifiers);
@@ -407,9 +405,9 @@ bool DisplayScreen::pumpEvents() {
       InputRouter::mouseButton(state_->eventPoint(*canvas, event.button.x, event.button.y), button, pressed, modifiers,
                                event.button.clicks);
       // A drag of the title bar ended where X put the window last.
-      if (!pressed && state_->windows.count(canvas)) {
+      if (auto shown = state_->windows.find(canvas); !pressed && shown != state_->windows.end()) {
         XY<int> at;
-        SDL_GetWindowPosition(state_->windows.at(canvas).window, &at.x, &at.y);
+        SDL_GetWindowPosition(shown->second.window, &at.x, &at.y);
         state_->followWindow(*canvas, at, modifiers);
       }
       break;
@@ -460,8 +458,12 @@ bool DisplayScreen::pumpEvents() {
     }
   }
   Canvas::paintAllPending();
-  state_->followPointer(modifierBits(SDL_GetModState()));
-  state_->noticePressesOutside(modifierBits(SDL_GetModState()));
+  // One look at the pointer a pump, for the moves and the presses the window
+  // library does not report.
+  int const modifiers = modifierBits(SDL_GetModState());
+  X11Screen::PointerState const now = state_->x11->pointerState();
+  state_->followPointerTo(state_->bottomUp(now.at), modifiers);
+  state_->noticePressesOutside(now, modifiers);
   return !state_->quit;
 }
 
