@@ -294,8 +294,9 @@ TEST_F(GalleryTest, AnnouncementsOpenedBesideAPageNearTheEdgeStayOnTheScreen) {
 }
 
 TEST_F(GalleryTest, TheStatusLineFollowsTheLoopSwitchAsWellAsItsBox) {
-  std::vector<Checkbox*> const boxes = widgetsOfPage<Checkbox>("buttons");
-  std::vector<TextLabel*> const labels = widgetsOfPage<TextLabel>("buttons");
+  Glob& page = openedPage("buttons");
+  std::vector<Checkbox*> const boxes = widgetsIn<Checkbox>(page);
+  std::vector<TextLabel*> const labels = widgetsIn<TextLabel>(page);
   ASSERT_GE(boxes.size(), 2u);
   auto statusReads = [&labels](wchar_t const* text) {
     return std::any_of(labels.begin(), labels.end(),
