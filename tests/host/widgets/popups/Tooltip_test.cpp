@@ -104,6 +104,9 @@ TEST_F(TooltipTest, TheTitleBarButtonsSayWhatTheyDo) {
     return tip ? tip->text() : LightweightString<wchar_t>(L"(none)");
   };
   EXPECT_EQ(tipOver(StandardPanel::kPoot), L"Close");
+  // Asked in the panel's own coordinates, the same.
+  EXPECT_EQ(titled->getTooltip(middleOf(titled->getStandardWidgetBox(StandardPanel::kCogs)), true).getString(),
+            L"Menu");
   EXPECT_EQ(tipOver(StandardPanel::kCogs), L"Menu");
   EXPECT_EQ(tipOver(StandardPanel::kPin), L"Pin");
   HeadlessInput::press();
