@@ -116,6 +116,7 @@ public:
   }
 
 protected:
+  bool opensOnDownArrow() const override { return !host_.isLive(); }
   // Makes and shows the panel; null when there is none to show.
   virtual Glob* generateDropDown() = 0;
   // A message from inside the panel; true closes the panel.

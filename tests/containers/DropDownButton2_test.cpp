@@ -170,6 +170,22 @@ TEST_F(DropDownButton2Test, AClickOnTheOpenButtonClosesItAndAThirdReopens) {
   EXPECT_EQ(button->getState(), 1);
 }
 
+TEST_F(DropDownButton2Test, DownOnTheButtonOpensThePanelAndASecondDownKeepsItOpen) {
+  ColourButton* button = openButton();
+  button->claimKbdFocus();
+  HeadlessInput::key(kKeyDown);
+  pump();
+  Glob* host = button->getDropDownHost();
+  ASSERT_NE(host, nullptr);
+  EXPECT_EQ(button->getState(), 1);
+  button->claimKbdFocus();
+  HeadlessInput::key(kKeyDown);
+  pump();
+  EXPECT_TRUE(is_good_glob_ptr(host));
+  EXPECT_EQ(button->getDropDownHost(), host);
+  EXPECT_EQ(button->getState(), 1);
+}
+
 TEST_F(DropDownButton2Test, EscapeDismissesThePanel) {
   ColourButton* button = openButton();
   press(*button);

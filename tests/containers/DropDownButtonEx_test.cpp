@@ -175,6 +175,20 @@ TEST_F(DropDownButtonExTest, APressOutsideClosesThePanelAndTheButtonHearsOfIt) {
   EXPECT_EQ(button->getState(), 0);
 }
 
+TEST_F(DropDownButtonExTest, DownOnTheButtonOpensThePanelAndASecondDownKeepsItOpen) {
+  StyleButton* button = openButton(StyleButton::kAttached);
+  button->claimKbdFocus();
+  HeadlessInput::key(kKeyDown);
+  pump();
+  Panel* panel = panelOf(*button);
+  ASSERT_NE(panel, nullptr);
+  button->claimKbdFocus();
+  HeadlessInput::key(kKeyDown);
+  pump();
+  EXPECT_TRUE(is_good_glob_ptr(panel));
+  EXPECT_EQ(panelOf(*button), panel);
+}
+
 TEST_F(DropDownButtonExTest, EscapeClosesThePanel) {
   StyleButton* button = openButton(StyleButton::kAttached);
   press(*button);

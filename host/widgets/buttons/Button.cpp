@@ -244,6 +244,11 @@ int Button::react(Event const& event) {
     return Glob::react(event);
   if (ignoresClicks_)
     return 0;
+  if (event.type == Event::kKeyDown && (event.key & ~kKeyModifierMask) == kKeyDown &&
+      ((event.key | event.modifiers) & kKeyModifierMask & ~kKeyAlt) == 0 && opensOnDownArrow()) {
+    press();
+    return 1;
+  }
   PressTracker::Reaction const reaction = tracker_.react(event, getSize());
   if (reaction.lookChanged)
     invalidate();

@@ -136,6 +136,9 @@ public:
 protected:
   // What this kind of button does on a press, before anyone is told.
   virtual void performAction() {}
+  // A button that opens something below itself opens it on the Down arrow
+  // too, with or without Alt, while it is closed: true then.
+  virtual bool opensOnDownArrow() const { return false; }
   void draw(CanvasRenderer& renderer) override;
   // The label area; menu buttons keep room for their arrow.
   virtual Zo::Box<int> labelBox() const;

@@ -65,6 +65,7 @@ protected:
   GlobHandle& previousDropDown() noexcept { return previousHost_; }
 
   void performAction() override;
+  bool opensOnDownArrow() const override { return getDropDownHost() == nullptr; }
   // The label leaves room at the right for a chevron that points to where
   // the drop-down opens.
   Zo::Box<int> labelBox() const override;

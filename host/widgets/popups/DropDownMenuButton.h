@@ -59,6 +59,7 @@ public:
 
 protected:
   void performAction() override;
+  bool opensOnDownArrow() const override { return getMenuWindow() == nullptr; }
   Zo::Box<int> labelBox() const override;
   void draw(CanvasRenderer& renderer) override;
 

@@ -103,6 +103,26 @@ TEST_F(MenuTest, ArrowKeysSkipHeadingsSeparatorsAndInactiveRowsAndReturnChooses)
   EXPECT_FALSE(is_good_glob_ptr(window));
 }
 
+TEST_F(MenuTest, DownOrAltDownOnTheButtonOpensTheMenuAndThenMovesInIt) {
+  button->claimKbdFocus();
+  HeadlessInput::key(kKeyDown, kKeyCtrl);
+  EXPECT_EQ(button->getMenuWindow(), nullptr) << "Ctrl+Down is not for the button";
+  HeadlessInput::key(kKeyDown);
+  MenuWindow* window = button->getMenuWindow();
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(get_kbd_focus(), window);
+  EXPECT_EQ(window->getHighlighted(), 2);
+  HeadlessInput::key(kKeyDown);
+  EXPECT_EQ(button->getMenuWindow(), window) << "a second Down moves in the open menu";
+  EXPECT_EQ(window->getHighlighted(), 5);
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  ASSERT_EQ(get_kbd_focus(), button);
+  HeadlessInput::key(kKeyDown, kKeyAlt);
+  EXPECT_NE(button->getMenuWindow(), nullptr);
+  EXPECT_EQ(button->getSelectedItem(), 2) << "opening chooses nothing";
+}
+
 TEST_F(MenuTest, MovingTheHighlightRepaintsTheRowItLeft) {
   MenuWindow* window = openByClick();
   ASSERT_NE(window, nullptr);
