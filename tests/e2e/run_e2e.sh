@@ -489,6 +489,13 @@ form_menu_keys | form_menu_wm)
   xdotool key space
   sleep 0.4
   [ -n "$(menu_rows "$(ask form)")" ] || fail "Space after the menu closed did not reach the panel"
+  # Escape closes it and leaves the button the keys; Down opens it again.
+  xdotool key Escape
+  sleep 0.4
+  expect "menu closed by Escape" "$(menu_rows "$(ask form)")" ""
+  xdotool key Down
+  sleep 0.4
+  [ -n "$(menu_rows "$(ask form)")" ] || fail "Down on the closed menu button did not open its menu"
   ;;
 form_menu_outside | form_menu_outside_wm)
   # An open menu closes on a press on the desktop or, under a window manager,
