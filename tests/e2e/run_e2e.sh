@@ -14,6 +14,7 @@ case $case_name in
 root_colour | eyedropper | magnifier | picker) needed+=(xsetroot) ;;
 screenshot) needed+=(import compare) ;;
 titles) needed+=(xprop) ;;
+wm_late) needed+=(xprop openbox) ;;
 form_menu_keys) needed+=(xwininfo) ;;
 form_menu_wm | form_tip_wm | form_menu_outside_wm) needed+=(openbox xwininfo xmessage) ;;
 moved_wm) needed+=(openbox) ;;
@@ -394,6 +395,23 @@ resize)
   expect "desktop right of the window" "$(ask "pixel $((new_x + new_w)) $((new_y + new_h / 2))")" "$black"
   expect "desktop above the window" "$(ask "pixel $((new_x + new_w / 2)) $((new_y - 1))")" "$black"
   echo "ok: the window grew from ${w}x$h to ${new_w}x$new_h"
+  ;;
+wm_late)
+  # A window manager started after the program leaves its windows as they
+  # are, drawing their own title bars: no frame of its own round them.
+  openbox --sm-disable >"$work/wm.log" 2>&1 &
+  pids+=($!)
+  for _ in $(seq 50); do
+    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
+    sleep 0.1
+  done
+  window=$(xdotool search --name '^e2e$')
+  for _ in $(seq 50); do
+    xprop -id "$window" _NET_FRAME_EXTENTS 2>/dev/null | grep -q '=' && break
+    sleep 0.1
+  done
+  expect "the window's frame from the late window manager" "$(xprop -id "$window" _NET_FRAME_EXTENTS)" \
+    "_NET_FRAME_EXTENTS(CARDINAL) = 0, 0, 0, 0"
   ;;
 titles)
   # Each window carries its panel's title and the program's class, so that

@@ -105,6 +105,10 @@ std::unique_ptr<X11Screen> X11Screen::open() {
   ourConnection = display;
   if (XErrorHandler const previous = XSetErrorHandler(&ignoreVanishedWindows); previous != &ignoreVanishedWindows)
     previousErrorHandler = previous;
+  // The window library marks a borderless window for window managers only
+  // when this atom already exists, which it does once a manager runs: made
+  // here, our windows stay undecorated under a manager started after them.
+  XInternAtom(display, "_MOTIF_WM_HINTS", False);
   auto state = std::make_unique<State>();
   state->display = display;
   state->sharedMemory = XShmQueryExtension(display) == True;
