@@ -3,9 +3,11 @@
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/ScrollBar.h>
 
 #include <algorithm>
 #include <cmath>
@@ -52,7 +54,22 @@ int Menu::nextSelectable(int from, int step) const {
 MenuWindow::MenuWindow(InitArgs const& args)
     : Glob(args), menu_(args.menu), onChange_(args.onChange), highlighted_(args.menu.getSelected()) {
   setCanBeIt(true);
-  resize(calcSize(menu_, args.minWidth).x, calcSize(menu_, args.minWidth).y);
+  XY<int> const needed = calcSize(menu_, args.minWidth);
+  contentHeight_ = needed.y;
+  if (args.maxHeight <= 0 || needed.y <= args.maxHeight) {
+    resize(needed.x, needed.y);
+    return;
+  }
+  // The bar takes its own strip, so that no row's text lies under it.
+  resize(needed.x + ScrollBar::thickness(), args.maxHeight);
+  ScrollBar::InitArgs bar(GlobCreationInfo(XY<int>(ScrollBar::thickness(), args.maxHeight)));
+  bar.thumbSize = static_cast<double>(args.maxHeight) / contentHeight_;
+  bar_ = createChild<ScrollBar>(bar, UserTopRight(0, 0));
+  if (highlighted_ >= 0) {
+    // The chosen row opens in the middle of the window.
+    Zo::Box<int> const row = rowBox(highlighted_);
+    setScrollOffset(offset_ + height() / 2 - (row.y0 + row.y1) / 2);
+  }
 }
 
 int MenuWindow::rowHeight(MenuItem const& item) {
@@ -91,7 +108,10 @@ MenuWindow* MenuWindow::open(Menu const& menu, XY<int> topLeft, ChangeHandler on
   args.menu = menu;
   args.onChange = std::move(onChange);
   args.minWidth = minWidth;
+  args.maxHeight = screenBackend().screenSize().y;
   args.size = calcSize(menu, minWidth);
+  if (args.size.y > args.maxHeight)
+    args.size = XY<int>(args.size.x + ScrollBar::thickness(), args.maxHeight);
   args.setPalette(makePopupPalette(palette ? *palette : UifStd::getColourScheme()));
   args.screenPosition = GlobManager::getSafePosForGlob(near, args.size, XY<int>(topLeft.x, topLeft.y - args.size.y));
   auto* window = new MenuWindow(args);
@@ -114,15 +134,49 @@ void MenuWindow::close(MenuData::Change const& change) {
     tell(change);
 }
 
+int MenuWindow::rowsWidth() const { return bar_ ? width() - bar_->width() : width(); }
+
 Zo::Box<int> MenuWindow::rowBox(int index) const {
-  int top = height() - verticalPadding();
+  int top = height() - verticalPadding() + offset_;
   for (int row = 0; row < index; ++row)
     top -= rowHeight(menu_.item(row));
-  return Zo::Box<int>(0, top - rowHeight(menu_.item(index)), width(), top);
+  return Zo::Box<int>(0, top - rowHeight(menu_.item(index)), rowsWidth(), top);
+}
+
+void MenuWindow::setScrollOffset(int offset) {
+  offset = std::clamp(offset, 0, maxScrollOffset());
+  if (offset == offset_)
+    return;
+  offset_ = offset;
+  if (bar_)
+    bar_->setThumbPosition(static_cast<double>(offset_) / maxScrollOffset());
+  invalidate();
+}
+
+void MenuWindow::scrollToShow(int index) {
+  if (!bar_ || index < 0)
+    return;
+  // The first and the last row bring the padding beyond them along.
+  int const above = index == 0 ? verticalPadding() : 0;
+  int const below = index == menu_.size() - 1 ? verticalPadding() : 0;
+  Zo::Box<int> const row = rowBox(index);
+  if (row.y1 + above > height())
+    setScrollOffset(offset_ - (row.y1 + above - height()));
+  else if (row.y0 - below < 0)
+    setScrollOffset(offset_ - (row.y0 - below));
+}
+
+bool MenuWindow::takeBarMessage(Event const& event) {
+  int requested = 0;
+  if (!bar_ || event.sourceWidget != bar_ ||
+      !bar_->requestedOffset(event.message, offset_, UifStd::getRowHeight(), maxScrollOffset(), requested))
+    return false;
+  setScrollOffset(requested);
+  return true;
 }
 
 int MenuWindow::rowAt(XY<int> point) const {
-  if (point.x < 0 || point.x >= width())
+  if (point.x < 0 || point.x >= rowsWidth() || point.y < 0 || point.y >= height())
     return -1;
   for (int index = 0; index < menu_.size(); ++index)
     if (rowBox(index).contains(point))
@@ -130,12 +184,14 @@ int MenuWindow::rowAt(XY<int> point) const {
   return -1;
 }
 
-void MenuWindow::setHighlighted(int index) {
+void MenuWindow::setHighlighted(int index, bool reveal) {
   if (index == highlighted_)
     return;
   // Painting may happen at once, so the new state comes before the damage.
   int const previous = highlighted_;
   highlighted_ = index;
+  if (reveal)
+    scrollToShow(highlighted_);
   if (previous >= 0)
     invalidate(rowBox(previous));
   if (highlighted_ >= 0)
@@ -179,12 +235,18 @@ int MenuWindow::react(Event const& event) {
     return 1;
   if (event.type == Event::kKeyDown)
     return reactToKey(event.key);
+  if (event.isMessage() && takeBarMessage(event))
+    return 1;
   if (!event.isMouse())
     return Glob::react(event);
+  if (event.type == Event::kMouseWheel)
+    setScrollOffset(offset_ - event.wheel * UifStd::getRowHeight());
+  // The pointer highlights what lies under it, also as rows scroll under it,
+  // without scrolling a row it only half shows.
   int const row = rowAt(event.position);
   bool const choosable = row >= 0 && menu_.item(row).isSelectable();
-  if (event.type == Event::kMouseMove || event.type == Event::kMouseEnter)
-    setHighlighted(choosable ? row : -1);
+  if (event.type == Event::kMouseMove || event.type == Event::kMouseEnter || event.type == Event::kMouseWheel)
+    setHighlighted(choosable ? row : -1, false);
   else if (event.type == Event::kMouseUp && mouse_left_event(event) && choosable)
     close(MenuData::Change{MenuData::Change::kChosen, row});
   return 1;
@@ -237,8 +299,13 @@ void MenuWindow::drawRow(CanvasRenderer& renderer, int index) const {
 }
 
 void MenuWindow::draw(CanvasRenderer& renderer) {
-  for (int index = 0; index < menu_.size(); ++index)
-    drawRow(renderer, index);
+  int top = height() - verticalPadding() + offset_;
+  for (int index = 0; index < menu_.size() && top > 0; ++index) {
+    int const rowTop = top;
+    top -= rowHeight(menu_.item(index));
+    if (top < height() && rowTop > 0)
+      drawRow(renderer, index);
+  }
   Zo::Box<double> const edge(0.5, 0.5, width() - 0.5, height() - 0.5);
   renderer.renderPrimitive(Glib::RoundedRectDescription(edge, 0.0, Colour::invalid(), getPalette().window(5)));
 }

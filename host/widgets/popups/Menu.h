@@ -5,6 +5,7 @@
 #include <zowidgets/host/drawing/Fonts.h>
 #include <zowidgets/host/toolkit/Glob.h>
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -84,10 +85,14 @@ private:
   int selected_ = -1;
 };
 
+class ScrollBar;
+
 // A menu shown as a popup window. It takes the keyboard focus while open:
 // Up and Down move the highlight over choosable rows, Return chooses, Escape
 // cancels. A click on a row chooses it; a press anywhere outside the window
 // cancels. Either way the window tells its owner once and deletes itself.
+// Rows that do not fit in `maxHeight` scroll, by a scroll bar at the right,
+// the wheel, and the highlight kept in view.
 class ZO_API MenuWindow : public Glob {
 public:
   using ChangeHandler = std::function<void(MenuData::Change const&)>;
@@ -96,6 +101,7 @@ public:
     Menu menu;
     ChangeHandler onChange;
     int minWidth = 0;
+    int maxHeight = 0; // 0: as tall as the rows
   };
 
   explicit MenuWindow(InitArgs const& args);
@@ -105,7 +111,8 @@ public:
   // The size the menu's rows need, at least `minWidth` wide.
   static XY<int> calcSize(Menu const& menu, int minWidth = 0);
   // Opens a menu window whose top-left corner is at `topLeft` on the screen,
-  // moved as needed to keep it all on the screen near `near`.
+  // moved as needed to keep it all on the screen near `near`; a menu taller
+  // than the screen is the screen's height and scrolls.
   static MenuWindow* open(Menu const& menu, XY<int> topLeft, ChangeHandler onChange, int minWidth = 0,
                           Canvas* near = nullptr, Palette const* palette = nullptr);
 
@@ -119,6 +126,11 @@ public:
   // The row's box in this window, and the row at a point (-1 for none).
   Zo::Box<int> rowBox(int index) const;
   int rowAt(XY<int> point) const;
+  // How far the rows are scrolled up, in pixels; 0 shows the first row.
+  int getScrollOffset() const noexcept { return offset_; }
+  int maxScrollOffset() const noexcept { return std::max(0, contentHeight_ - height()); }
+  void setScrollOffset(int offset);
+  ScrollBar* getScrollBar() const noexcept { return bar_; }
 
   int react(Event const& event) override;
   int intercept(Event const& event) override;
@@ -128,12 +140,19 @@ protected:
 
 private:
   static int rowHeight(MenuItem const& item);
-  void setHighlighted(int index);
+  // `reveal` scrolls the row into view.
+  void setHighlighted(int index, bool reveal = true);
+  void scrollToShow(int index);
+  bool takeBarMessage(Event const& event);
   int reactToKey(int key);
   void drawRow(CanvasRenderer& renderer, int index) const;
+  int rowsWidth() const;
 
   Menu menu_;
   ChangeHandler onChange_;
   int highlighted_ = -1;
+  int contentHeight_ = 0;
+  int offset_ = 0;
+  ScrollBar* bar_ = nullptr;
   bool closing_ = false;
 };
