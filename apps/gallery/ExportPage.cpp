@@ -10,6 +10,7 @@
 #include <zowidgets/host/shell/MediaWriters.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <filesystem>
@@ -38,8 +39,13 @@ public:
     statusArgs.text = L"Choose a file type, a format and its options, then Encode.";
     status_ = createWidget<TextLabel>(statusArgs, Below(m.gap, fileButton_));
     status_->setName("export-status");
-    CompressionWidget::InitArgs compressionArgs(Compression::kVideoExport, static_cast<unsigned short>(width()));
-    compression_ = createWidget<CompressionWidget>(compressionArgs, Below(m.gap, status_));
+    // An encoder may have dozens of options: they scroll under the controls.
+    StandardPanel::InitArgs scrollerArgs(GlobCreationInfo(width(), height() - 2 * m.row - 2 * m.gap));
+    scrollerArgs.setBorder(Border(0, 0, 0));
+    options_ = createWidget<VerticalScrollingBase>(scrollerArgs, Below(m.gap, status_));
+    CompressionWidget::InitArgs compressionArgs(Compression::kVideoExport,
+                                                static_cast<unsigned short>(options_->getView()->width()));
+    compression_ = options_->createManagedWidget<CompressionWidget>(compressionArgs);
     showFileType();
   }
   char const* idstring() const override { return "ExportBench"; }
@@ -89,6 +95,7 @@ private:
   FileFormatButton* fileButton_ = nullptr;
   FrameRateButton* rateButton_ = nullptr;
   TextLabel* status_ = nullptr;
+  VerticalScrollingBase* options_ = nullptr;
   CompressionWidget* compression_ = nullptr;
 };
 

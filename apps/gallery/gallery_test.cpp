@@ -5,6 +5,7 @@
 #include "HtmlIndex.h"
 #include "PageWindows.h"
 
+#include <zowidgets/export/CompressionWidget.h>
 #include <zowidgets/hints/HintWindow.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
@@ -358,6 +359,27 @@ TEST_F(GalleryTest, TheSplittersStatusSaysFromWhichSideItsPositionCounts) {
   HeadlessInput::key(kKeyRight);
   settleWindows();
   EXPECT_TRUE(statusEndsWith(L" from the left"));
+}
+
+TEST_F(GalleryTest, TheExportPagesOptionsScrollInsideItsWindow) {
+  Glob& page = openedPage("export");
+  std::vector<VerticalScrollingBase*> const scrollers = widgetsIn<VerticalScrollingBase>(page);
+  std::vector<CompressionWidget*> const compression = widgetsIn<CompressionWidget>(page);
+  ASSERT_EQ(scrollers.size(), 1u);
+  ASSERT_EQ(compression.size(), 1u);
+  VerticalScrollingBase& options = *scrollers.front();
+  EXPECT_EQ(options.getWidgetsHeight(), compression.front()->height());
+  auto screenBoxOf = [](Glob const& widget) {
+    XY<int> const at = widget.screenPosition();
+    return Zo::Box<int>(at.x, at.y, at.x + widget.width(), at.y + widget.height());
+  };
+  Zo::Box<int> const window = screenBoxOf(page);
+  Zo::Box<int> const shown = screenBoxOf(options);
+  EXPECT_GE(shown.y0, window.y0);
+  EXPECT_LE(shown.y1, window.y1);
+  // Whatever the encoder, its last option can be scrolled into the window.
+  options.setScrollOffset(options.getWidgetsHeight());
+  EXPECT_GE(screenBoxOf(*compression.front()).y0, screenBoxOf(*options.getView()).y0);
 }
 
 TEST_F(GalleryTest, TheCredentialsPageEnablesConnectAndRefusesALoginWithAnError) {

@@ -9,10 +9,17 @@
 
 namespace {
 // The view draws nothing of its own: the panel shows through between rows.
+// A row that changes its height (options rebuilt for another format, say)
+// has the rows restacked under it.
 class ScrollingView : public Glob {
 public:
   using Glob::Glob;
   char const* idstring() const override { return "ScrollingView"; }
+  void handleChildResize(Glob* child) override {
+    Glob::handleChildResize(child);
+    if (auto* owner = dynamic_cast<VerticalScrollingBase*>(parent()))
+      owner->recalcWidgetsHeight();
+  }
 
 protected:
   void drawBackground(CanvasRenderer&) override {}

@@ -92,6 +92,14 @@ TEST_F(VerticalScrollingBaseTest, HiddenRowsTakeNoRoom) {
   EXPECT_EQ(topInView(rows[2]), row + rowGap);
 }
 
+TEST_F(VerticalScrollingBaseTest, ARowThatChangesItsHeightHasTheRowsRestackedUnderIt) {
+  rows[3]->resize(rows[3]->width(), 3 * row);
+  EXPECT_EQ(panel->getWidgetsHeight(), 22 * row + 19 * rowGap);
+  EXPECT_EQ(topInView(rows[4]), topInView(rows[3]) + 3 * row + rowGap);
+  EXPECT_NEAR(panel->getScrollBar()->getThumbSize(),
+              static_cast<double>(panel->getView()->height()) / panel->getWidgetsHeight(), 1e-9);
+}
+
 TEST_F(VerticalScrollingBaseTest, UnmanagingForgetsOrDeletesTheRows) {
   panel->unmanageAllWidgets(false);
   EXPECT_TRUE(panel->getManagedWidgets().empty());
