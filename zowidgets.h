@@ -245,7 +245,7 @@
 #include <zowidgets/host/widgets/panels/DiscreetSplitter.h>
 #include <zowidgets/host/widgets/panels/HorizontalScroller.h>
 #include <zowidgets/host/widgets/panels/Message.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/Splitter.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/TabbedDialogue.h>

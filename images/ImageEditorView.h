@@ -1,7 +1,7 @@
 #pragma once
 
 #include <zowidgets/host/drawing/NormalisedRGB.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/images/ImageViewEx.h>
 

@@ -12,7 +12,7 @@
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/SystemWatchdog.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/logging/LogFiles.h>
 #include <zowidgets/logging/LogItemFields.h>

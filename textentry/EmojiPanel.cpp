@@ -4,7 +4,7 @@
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/Palette.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/popups/Tooltip.h>
 #include <zowidgets/textentry/TextFilterWidget.h>
 #include <zowidgets/values/notify/Callback.h>

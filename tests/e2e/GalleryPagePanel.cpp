@@ -5,7 +5,7 @@
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/panels/Message.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/popups/Menu.h>
 #include <zowidgets/host/widgets/popups/StatusMessage.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>

@@ -5,7 +5,7 @@
 #include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <algorithm>
 #include <utility>

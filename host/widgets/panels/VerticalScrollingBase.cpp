@@ -2,7 +2,7 @@
 
 #include <zowidgets/host/toolkit/FocusReveal.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <algorithm>
 #include <vector>

@@ -7,7 +7,7 @@
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <algorithm>
 #include <cmath>

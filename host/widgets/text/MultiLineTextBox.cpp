@@ -5,7 +5,7 @@
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <algorithm>
 #include <cmath>

@@ -4,7 +4,7 @@
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/lists/ScrollList.h>
 #include <zowidgets/host/widgets/lists/ScrollListItemWidget.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <string>
 #include <vector>

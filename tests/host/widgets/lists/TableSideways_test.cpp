@@ -6,7 +6,7 @@
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <string>
 #include <vector>

@@ -8,7 +8,7 @@
 #include <zowidgets/host/widgets/lists/TableCellEditor.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/lists/WStringEditor.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 
 #include <climits>

@@ -2,7 +2,7 @@
 
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/panels/HorizontalScroller.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 namespace {
 

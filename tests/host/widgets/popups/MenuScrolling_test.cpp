@@ -1,7 +1,7 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/popups/Menu.h>
 
 #include <string>

@@ -4,7 +4,7 @@
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/ScrollBar.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
 
