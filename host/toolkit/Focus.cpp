@@ -56,13 +56,8 @@ std::vector<FocusRevealer>& revealers() {
   return list;
 }
 
-bool stepFocus(bool forward) {
-  Glob* focus = get_kbd_focus();
-  if (!focus)
-    return false;
-  Glob* next = TabOrderManager::nextFor(focus, forward);
-  if (!next || next == focus)
-    return false;
+// Gives `next` the keyboard as Tab does, and brings it into view.
+bool tabTo(Glob* next, bool forward) {
   keyMovingFocus() = forward ? int{kKeyTab} : int{kKeyTab} | kKeyShift;
   bool const moved = set_kbd_focus(next);
   keyMovingFocus() = 0;
@@ -70,6 +65,16 @@ bool stepFocus(bool forward) {
     for (FocusRevealer const revealer : revealers())
       revealer(*next);
   return moved;
+}
+
+bool stepFocus(bool forward) {
+  Glob* focus = get_kbd_focus();
+  if (!focus)
+    return false;
+  Glob* next = TabOrderManager::nextFor(focus, forward);
+  if (!next || next == focus)
+    return false;
+  return tabTo(next, forward);
 }
 
 } // namespace
@@ -187,3 +192,15 @@ Glob* TabOrderManager::nextFor(Glob* focus, bool forward) {
 bool TabOrderManager::incrementTabStop() { return stepFocus(true); }
 
 bool TabOrderManager::decrementTabStop() { return stepFocus(false); }
+
+bool TabOrderManager::enterWindow(Glob& window, bool forward) {
+  Glob* first = nullptr;
+  if (TabOrderManager const* order = window.getTabOrder(); order && !order->empty())
+    first = order->next(nullptr, forward);
+  if (!first) {
+    std::vector<Glob*> all;
+    collectFocusable(&window, all);
+    first = stepThrough(all, nullptr, forward);
+  }
+  return first && tabTo(first, forward);
+}

@@ -208,8 +208,13 @@ void deliverKeyEvent(Event const& event) {
   if (bubble(target, event) || event.type != Event::kKeyDown)
     return;
   int const bare = event.key & ~kKeyModifierMask;
-  if (bare == kKeyTab)
-    InputRouter::moveFocus((event.modifiers & kKeyShift) == 0);
+  if (bare != kKeyTab)
+    return;
+  bool const forward = (event.modifiers & kKeyShift) == 0;
+  if (!get_kbd_focus() && target)
+    TabOrderManager::enterWindow(*target->getRootParent(), forward);
+  else
+    InputRouter::moveFocus(forward);
 }
 
 } // namespace

@@ -34,6 +34,10 @@ public:
   // Move the keyboard focus as Tab and Shift-Tab do; true when it moved.
   static bool incrementTabStop();
   static bool decrementTabStop();
+  // Tab or Shift-Tab in `window` while nothing has the keyboard: the focus
+  // goes to its first (last) stop, by the window's tab order when it has
+  // one, else by tree order; true when it moved.
+  static bool enterWindow(Glob& window, bool forward);
 
 private:
   struct Stop {

@@ -155,6 +155,24 @@ TEST_F(GlobInputTest, KeysGoToTheFocusAndTabMovesIt) {
   EXPECT_EQ(get_kbd_focus(), left);
 }
 
+TEST_F(GlobInputTest, TabWithNothingFocusedEntersTheFrontWindowAtItsFirstOrLastStop) {
+  left->setCanBeIt(true);
+  right->setCanBeIt(true);
+  ASSERT_EQ(get_kbd_focus(), nullptr);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), left);
+  EXPECT_NE(std::find(log.begin(), log.end(), "left focus in"), log.end());
+  set_kbd_focus(nullptr);
+  HeadlessInput::key(kKeyTab, kKeyShift);
+  EXPECT_EQ(get_kbd_focus(), right);
+  // A panel's own tab order decides where Tab enters.
+  set_kbd_focus(nullptr);
+  panel->tabOrder().addTabStop(*right, 1);
+  panel->tabOrder().addTabStop(*left, 2);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), right);
+}
+
 TEST_F(GlobInputTest, APressInAnotherPanelWithNothingToFocusSendsTheKeysToThatPanel) {
   left->setCanBeIt(true);
   HeadlessInput::clickOn(*left);
