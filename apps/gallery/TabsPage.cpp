@@ -124,7 +124,7 @@ public:
     int const width = getUserArea().width();
     TextLabel::InitArgs statusArgs(XY<int>(width, m.row));
     status_ = createWidget<TextLabel>(statusArgs, UserBottomLeft(0, 0));
-    PushButton::InitArgs moveArgs(L"Take out the notes", XY<int>(m.row * 8, 0));
+    PushButton::InitArgs moveArgs(L"Remove the Notes tab", XY<int>(m.row * 8, 0));
     move_ = createWidget<PushButton>(moveArgs, Above(m.gap, status_));
     move_->setCallback(Broadcaster<ButtonEvent>::makeCallback([this](ButtonEvent const&) { moveNotes(); }));
 
@@ -187,10 +187,10 @@ private:
       tabs_->addPageForTab(TabbedDialogue::Page(L"Notes", {}, Colour(0.5, 0.36, 0.12)), takenOut_);
       tabs_->setCurrentPage(takenOut_);
       takenOut_ = nullptr;
-      move_->setLabel(L"Take out the notes");
+      move_->setLabel(L"Remove the Notes tab");
     } else {
       takenOut_ = tabs_->removePage(tabs_->findPage(notes_));
-      move_->setLabel(L"Put the notes back");
+      move_->setLabel(L"Put the Notes tab back");
     }
   }
 
