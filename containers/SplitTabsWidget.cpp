@@ -110,6 +110,8 @@ void SplitTabsWidget::mergeGroups() {
 void SplitTabsWidget::splitGroups() {
   handleTabsSplit();
   Drawable::Suspender holdRedraws;
+  // A right page chosen in the one row stays the one shown on its side.
+  Glob const* const chosen = left_->getCurrentPage();
   for (Page const& page : rightPages_)
     if (int const index = left_->findPage(page.widget); index >= 0)
       left_->removePage(index);
@@ -126,6 +128,8 @@ void SplitTabsWidget::splitGroups() {
   for (Page const& page : rightPages_)
     if (page.widget)
       right_->addPageForTab(TabbedDialogue::Page(page.title), page.widget);
+  if (chosen && right_->findPage(chosen) >= 0)
+    right_->setCurrentPage(chosen);
 }
 
 Palette SplitTabsWidget::rightPalette() const {

@@ -123,6 +123,19 @@ TEST_F(SplitTabsWidgetTest, InTheMergedRowAClickShowsARightPage) {
   EXPECT_FALSE(tabs->getLeftPages()[0].widget->isVisible());
 }
 
+TEST_F(SplitTabsWidgetTest, ARightPageChosenInTheOneRowIsTheOneShownOnItsSideWhenWidened) {
+  make(kMinSplitWidth - 20);
+  ASSERT_TRUE(tabs->isCoalesced());
+  HeadlessInput::click(tabCentre(*tabs->getLeftTabs(), 3));
+  Glob* rightTwo = tabs->getRightPages()[1].widget;
+  ASSERT_EQ(tabs->getLeftTabs()->getCurrentPage(), rightTwo);
+  tabs->resize(700, 200);
+  ASSERT_FALSE(tabs->isCoalesced());
+  EXPECT_EQ(tabs->getRightTabs()->getCurrentPage(), rightTwo);
+  EXPECT_TRUE(rightTwo->isVisible());
+  EXPECT_FALSE(tabs->getRightPages()[0].widget->isVisible());
+}
+
 TEST_F(SplitTabsWidgetTest, ARightPageAddedWhileCoalescedGoesInTheOneRowButCountsAsRight) {
   make(kMinSplitWidth - 20, false);
   tabs->addRightPage<TextLabel>(L"R1", label(L"Right One"));
