@@ -42,8 +42,14 @@ public:
     show(WString(L"Scene 12, take 3\nSound: wind noise on the boom"));
   }
 
-  // The editor, beside the page, on the note as it stands.
+  // The editor, beside the page, on the note as it stands; the one already
+  // open comes to the front instead, so that two edits never race.
   void openEditor() {
+    if (EventHandler::valid(editor_, editorStamp_)) {
+      if (Canvas* window = editor_->canvas())
+        window->popToTop();
+      return;
+    }
     PageMetrics const m = PageMetrics::current();
     MultiLineTextBoxPanel::InitArgs args(XY<int>(m.row * 16, m.row * 9), text_,
                                          Broadcaster<MultiLineTextBoxPanelEvent>::makeCallback(
@@ -54,7 +60,9 @@ public:
       Zo::Box<int> const page = canvas()->screenBox();
       args.screenPosition = XY<int>(page.x1 + m.gap, page.y1 - args.size.y);
     }
-    GlobManager::realize(new MultiLineTextBoxPanel(args));
+    editor_ = new MultiLineTextBoxPanel(args);
+    editorStamp_ = EventHandler::stampOf(editor_);
+    GlobManager::realize(editor_);
   }
 
 private:
@@ -65,6 +73,8 @@ private:
 
   TextLabel* note_ = nullptr;
   Button* edit_ = nullptr;
+  Glob* editor_ = nullptr;
+  IdStamp editorStamp_;
   WString text_;
 };
 

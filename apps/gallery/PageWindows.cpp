@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
+#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/values/notify/Callback.h>
 
@@ -63,12 +64,39 @@ Glob* PageCompanions::open(GalleryPage const& page, PageContext const& context) 
   for (Glob* window : windowsOpenedSince(before))
     if (window != main)
       opened.companions.emplace_back(window, EventHandler::stampOf(window));
-  if (!opened.companions.empty())
-    pages_.push_back(std::move(opened));
+  pages_.push_back(std::move(opened));
   return main;
 }
 
+PageCompanions::Page* PageCompanions::pageShowing(Glob const* window) {
+  for (Page& page : pages_) {
+    if (page.main == window && EventHandler::valid(page.main, page.stamp))
+      return &page;
+    for (auto const& [companion, stamp] : page.companions)
+      if (companion == window && EventHandler::valid(companion, stamp))
+        return &page;
+  }
+  return nullptr;
+}
+
+// A window opened later from a page's window (a message, an editor) is one
+// of the page's companions too: it opens in front of the window it came from.
+void PageCompanions::adoptNewWindow(Glob* window) {
+  std::vector<Canvas*> const& stack = Canvas::stack();
+  for (auto behind = stack.rbegin(); behind != stack.rend(); ++behind) {
+    if ((*behind)->root() == window || !(*behind)->isMapped())
+      continue;
+    if (Page* page = pageShowing((*behind)->root()))
+      page->companions.emplace_back(window, EventHandler::stampOf(window));
+    return;
+  }
+}
+
 int PageCompanions::handleGlobEvents(GlobManagerEvent const& event) {
+  if (event.kind == GlobManagerEvent::kRealized && event.glob && !event.glob->parent()) {
+    adoptNewWindow(event.glob);
+    return 0;
+  }
   if (event.kind != GlobManagerEvent::kDeleted)
     return 0;
   auto const closed =

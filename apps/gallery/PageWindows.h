@@ -30,8 +30,8 @@ Zo::Image::Surface capturePage(PageWindows const& windows);
 void closePage(PageWindows const& windows);
 
 // The windows a page opens beside its main one (an inspector, the
-// announcements, an open menu) close with it: a page closed leaves nothing
-// of its own behind.
+// announcements, an open menu), as it opens or later from its windows, close
+// with it: a page closed leaves nothing of its own behind.
 class PageCompanions {
 public:
   PageCompanions();
@@ -45,6 +45,9 @@ private:
     std::vector<std::pair<Glob*, IdStamp>> companions;
   };
   int handleGlobEvents(GlobManagerEvent const& event);
+  // The page whose main window or companion `window` is; null for none.
+  Page* pageShowing(Glob const* window);
+  void adoptNewWindow(Glob* window);
 
   Zo::Ptr<Zo::Guard> guard_;
   std::vector<Page> pages_;

@@ -279,6 +279,29 @@ TEST_F(GalleryTest, APageClosedTakesTheWindowsItOpenedWithIt) {
   }
 }
 
+TEST_F(GalleryTest, AWindowOpenedLaterFromAPageClosesWithItAndIsNotOpenedTwice) {
+  std::vector<GalleryPage> const pages = allPages();
+  std::vector<Glob*> const before = GlobManager::topLevelWindows();
+  PageCompanions companions;
+  Glob* main = companions.open(*findPage(pages, "multiline"), context);
+  settleWindows();
+  std::vector<Button*> const edit = widgetsIn<Button>(*main);
+  auto found = std::find_if(edit.begin(), edit.end(), [](Button* button) {
+    return button->getLabel() == LightweightString<wchar_t>(L"Edit note");
+  });
+  ASSERT_NE(found, edit.end());
+  HeadlessInput::clickOn(**found);
+  settleWindows();
+  ASSERT_EQ(windowsOpenedSince(before).size(), 2u) << "the page and its editor";
+  HeadlessInput::clickOn(**found);
+  settleWindows();
+  EXPECT_EQ(windowsOpenedSince(before).size(), 2u) << "a second click raises the editor open already";
+  EXPECT_EQ(GlobManager::topLevelWindows().back(), windowsOpenedSince(before).back());
+  GlobManager::requestDeletion(main);
+  settleWindows();
+  EXPECT_TRUE(windowsOpenedSince(before).empty()) << "the editor closed with its page";
+}
+
 TEST_F(GalleryTest, AnnouncementsOpenedBesideAPageNearTheEdgeStayOnTheScreen) {
   std::vector<GalleryPage> const pages = allPages();
   XY<int> const screen = screenBackend().screenSize();
