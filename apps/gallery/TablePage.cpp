@@ -2,6 +2,7 @@
 // scroll sideways to the columns beyond the view.
 #include "PageLayout.h"
 
+#include <zowidgets/host/shell/FolderEntries.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
@@ -18,7 +19,8 @@ constexpr int kFramesPerSecond = 25;
 std::wstring timecode(int frames) {
   wchar_t text[16];
   int const seconds = frames / kFramesPerSecond;
-  std::swprintf(text, 16, L"%02d:%02d:%02d:%02d", seconds / 3600, seconds / 60 % 60, seconds % 60,
+  // A day's timecode: the hours wrap at 24, as on a tape.
+  std::swprintf(text, 16, L"%02d:%02d:%02d:%02d", seconds / 3600 % 24, seconds / 60 % 60, seconds % 60,
                 frames % kFramesPerSecond);
   return text;
 }
@@ -99,11 +101,24 @@ public:
     return true;
   }
   bool sort(int column, bool ascending) override {
-    std::stable_sort(events_.begin(), events_.end(), [&](Event const& a, Event const& b) {
-      if (column == 0)
-        return ascending ? a.id < b.id : b.id < a.id;
-      return ascending ? a.cells[column] < b.cells[column] : b.cells[column] < a.cells[column];
+    if (column == 0) {
+      std::stable_sort(events_.begin(), events_.end(),
+                       [&](Event const& a, Event const& b) { return ascending ? a.id < b.id : b.id < a.id; });
+      return true;
+    }
+    // Names with numbers in them sort as people read them, "Reel 2" before
+    // "Reel 10": by keys made once per event.
+    std::vector<std::pair<std::string, Event>> keyed;
+    keyed.reserve(events_.size());
+    for (Event& event : events_)
+      keyed.emplace_back(naturalSortKey(LightweightString<wchar_t>(event.cells[column]).toUTF8().view()),
+                         std::move(event));
+    std::stable_sort(keyed.begin(), keyed.end(), [ascending](auto const& a, auto const& b) {
+      return ascending ? a.first < b.first : b.first < a.first;
     });
+    events_.clear();
+    for (auto& [key, event] : keyed)
+      events_.push_back(std::move(event));
     return true;
   }
 
