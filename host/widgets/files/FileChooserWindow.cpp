@@ -13,7 +13,10 @@ FileChooserWindow::FileChooserWindow(InitArgs const& args)
   chooseButton_->setCallback(Broadcaster<ButtonEvent>::makeCallback([this](ButtonEvent const&) { handleDoIt(); }));
   FileBrowserBase::InitArgs browserArgs = args.browser;
   browserArgs.size = XY<int>(area.width(), std::max(row, area.height() - row - UifStd::getRowGap()));
-  browser_ = createWidget<FileBrowser>(browserArgs, UserTopLeft(0, 0));
+  browserArgs.setParent(this);
+  // Choosing a folder lists folders alone: a file there could not be chosen.
+  browser_ = static_cast<FileBrowser*>(
+      addChild(new FileBrowser(browserArgs, chooseFolder_ ? FileBrowserBase::kFoldersOnly : 0u), UserTopLeft(0, 0)));
   browser_->setName("browser");
   browser_->addListener(Broadcaster<FileBrowserEvent>::makeCallback([this](FileBrowserEvent const& event) {
     if (event.kind == FileBrowserEvent::kFileChosen && !chooseFolder_)

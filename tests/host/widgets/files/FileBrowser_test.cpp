@@ -204,6 +204,24 @@ TEST_F(FileBrowserTest, ChoosingAFolderTakesTheFolderShownUnlessTheUserPickedARo
   EXPECT_EQ(chosen, tree.wide().str());
 }
 
+TEST_F(FileBrowserTest, AFolderChooserListsFoldersAlone) {
+  FileChooserWindow::InitArgs args;
+  args.browser.folder = tree.wide();
+  args.chooseFolder = true;
+  FileChooserWindow* chooser = FileChooserWindow::open(args, nullptr);
+  browser = &chooser->getBrowser();
+  pump();
+  ASSERT_FALSE(browser->entries().empty());
+  for (FolderEntry const& entry : browser->entries())
+    EXPECT_TRUE(entry.isFolder) << entry.name;
+  args.chooseFolder = false;
+  FileChooserWindow* files = FileChooserWindow::open(args, nullptr);
+  pump();
+  auto const& all = files->getBrowser().entries();
+  EXPECT_TRUE(std::any_of(all.begin(), all.end(), [](FolderEntry const& entry) { return !entry.isFolder; }))
+      << "a file chooser lists the files too";
+}
+
 TEST_F(FileBrowserTest, EscapeClosesAChooserWithoutAChoice) {
   bool chose = false;
   FileChooserWindow::InitArgs args;
