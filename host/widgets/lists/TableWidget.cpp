@@ -579,7 +579,11 @@ int TableWidget::handleKeyboardEvent(int key) {
     moveTo(XY<int>(ctrl ? at.x : numColumns() - 1, ctrl ? rowCount_ - 1 : at.y));
     return 1;
   case kKeyTab: {
-    // Past the first or last cell, Tab leaves the table.
+    // A table that edits nothing (a file list) is one stop: Tab goes on to
+    // the next widget. Otherwise Tab walks the cells, and past the first or
+    // last one leaves the table.
+    if (textEntryHidden_)
+      return 0;
     XY<int> const next = curPos_.y < 0 ? XY<int>(0, 0) : neighbour(curPos_, shift ? -1 : 1);
     if (next.x < 0)
       return 0;

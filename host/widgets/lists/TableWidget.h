@@ -103,7 +103,8 @@ public:
   void setCurPos(XY<int> cell, int flags = kShowCell);
   void setHighlightCurrentRow(bool highlight);
   bool highlightsCurrentRow() const noexcept { return highlightCurrentRow_; }
-  // Hidden, no cell is ever edited: the table is for reading.
+  // Hidden, no cell is ever edited: the table is for reading, and Tab
+  // passes it by instead of walking its cells.
   void hideTextEntryBox(bool hide);
   bool isTextEntryHidden() const noexcept { return textEntryHidden_; }
   // Whole rows the view shows.

@@ -222,6 +222,18 @@ TEST_F(FileBrowserTest, AFolderChooserListsFoldersAlone) {
       << "a file chooser lists the files too";
 }
 
+TEST_F(FileBrowserTest, TabLeavesTheFileListForTheChooseButtonInOneStep) {
+  FileChooserWindow::InitArgs args;
+  args.browser.folder = tree.wide();
+  FileChooserWindow* chooser = FileChooserWindow::open(args, nullptr);
+  browser = &chooser->getBrowser();
+  pump();
+  HeadlessInput::click(pointOnRow(1));
+  ASSERT_EQ(get_kbd_focus(), browser->getTable());
+  key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), &chooser->getChooseButton());
+}
+
 TEST_F(FileBrowserTest, EscapeClosesAChooserWithoutAChoice) {
   bool chose = false;
   FileChooserWindow::InitArgs args;
