@@ -211,6 +211,18 @@ struct DisplayScreen::State {
     // The pointer stays, the widgets under it changed.
     InputRouter::mouseMoved(pointer(), modifiers);
   }
+  // A window resized by something else (a window manager tiling it, another
+  // program): the canvas and its root take the size, the top-left corner
+  // staying where X has it. Left alone while a button is held, as moves are.
+  void followSize(Canvas& canvas, SDL_Window* window, XY<int> size, int modifiers) const {
+    if (InputRouter::buttonsHeld() || size == canvas.getSize())
+      return;
+    int left = 0;
+    int top = 0;
+    SDL_GetWindowPosition(window, &left, &top);
+    canvas.resizedOnScreen(XY<int>(left, x11->size().y - top - size.y), size);
+    InputRouter::mouseMoved(pointer(), modifiers);
+  }
   void showCursor(SDL_Window* window) const {
     if (unsigned long const native = nativeX11Window(window))
       x11->setCursor(native, cursor);
@@ -451,6 +463,9 @@ bool DisplayScreen::pumpEvents() {
           state_->workedIn(canvas);
         else if (event.window.event == SDL_WINDOWEVENT_MOVED)
           state_->followWindow(*canvas, XY<int>(event.window.data1, event.window.data2), modifiers);
+        else if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED)
+          state_->followSize(*canvas, SDL_GetWindowFromID(event.window.windowID),
+                             XY<int>(event.window.data1, event.window.data2), modifiers);
       }
       break;
     default:

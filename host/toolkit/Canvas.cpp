@@ -75,9 +75,27 @@ void Canvas::resize(XY<int> size) {
   surface_ = Zo::Image::Surface(size.x, size.y);
   damage_ = Zo::Box<int>();
   addDamage(Zo::Box<int>(0, 0, size.x, size.y));
-  if (mapped_)
+  if (mapped_ && !adoptingSize_)
     screenBackend().canvasResized(*this);
   GlobRegistry::announce(GlobManagerEvent::kResized, root_);
+}
+
+void Canvas::resizedOnScreen(XY<int> screenPosition, XY<int> size) {
+  if (size == size_) {
+    movedOnScreen(screenPosition);
+    return;
+  }
+  adoptingSize_ = true;
+  position_ = screenPosition;
+  if (root_)
+    root_->resize(size.x, size.y);
+  else
+    resize(size);
+  adoptingSize_ = false;
+  GlobRegistry::announce(GlobManagerEvent::kMoved, root_);
+  // A root with limits of its own keeps them: the window goes back to it.
+  if (size_ != size && mapped_)
+    screenBackend().canvasResized(*this);
 }
 
 void Canvas::map() {

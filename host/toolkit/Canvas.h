@@ -31,6 +31,10 @@ public:
   // any, and the screen is not asked to move it again.
   void movedOnScreen(XY<int> screenPosition);
   void resize(XY<int> size);
+  // Where and how large the screen says the window is after something else
+  // resized it (a window manager): the root widget is resized to it, and the
+  // screen is told only if the root would not take that size.
+  void resizedOnScreen(XY<int> screenPosition, XY<int> size);
   bool isMapped() const noexcept { return mapped_; }
   void map();
   void unmap();
@@ -75,4 +79,6 @@ private:
   bool mapped_ = false;
   int paintCount_ = 0;
   bool painting_ = false;
+  // Taking a size the screen already shows.
+  bool adoptingSize_ = false;
 };

@@ -396,6 +396,20 @@ resize)
   expect "desktop above the window" "$(ask "pixel $((new_x + new_w / 2)) $((new_y - 1))")" "$black"
   echo "ok: the window grew from ${w}x$h to ${new_w}x$new_h"
   ;;
+resized)
+  # A window resized by another program, as a tiling window manager would:
+  # the panel takes the size with its top-left corner where X has it, and
+  # paints its new parts.
+  read -r x y w h <<<"$(box "$state" window)"
+  xdotool windowsize "$(xdotool search --name '^e2e$')" $((w + 80)) $((h + 60))
+  sleep 0.5
+  read -r new_x new_y new_w new_h <<<"$(box "$(ask state)" window)"
+  expect "the panel's size" "$new_w $new_h" "$((w + 80)) $((h + 60))"
+  expect "its top-left corner" "$new_x $new_y" "$x $y"
+  black='{"pixel":"#000000"}'
+  [ "$(ask "pixel $((new_x + new_w - 3)) $((new_y + new_h - 3))")" != "$black" ] || fail "the new corner is not painted"
+  expect "desktop right of the window" "$(ask "pixel $((new_x + new_w)) $((new_y + new_h / 2))")" "$black"
+  ;;
 wm_late)
   # A window manager started after the program leaves its windows as they
   # are, drawing their own title bars: no frame of its own round them.

@@ -84,6 +84,22 @@ TEST_F(GlobManagerEvents, AWindowMovedByTheScreenIsToldAndTakesThePointerWhereIt
   EXPECT_EQ(HeadlessInput::pointOn(*child), XY<int>(500 + child->getX() + 20, 300 + child->getY() + 20));
 }
 
+TEST_F(GlobManagerEvents, AWindowResizedOnTheScreenResizesItsRootAndLaysItOutAgain) {
+  StandardPanel* panel = openPanel(XY<int>(100, 100), XY<int>(100, 100));
+  Glob* corner = panel->createChild<Glob>(GlobCreationInfo(XY<int>(10, 10)), Glob::UserTopRight(0, 0));
+  EventRecorder recorder;
+  panel->canvas()->resizedOnScreen(XY<int>(100, 60), XY<int>(160, 140));
+  EXPECT_EQ(panel->getSize(), XY<int>(160, 140));
+  EXPECT_EQ(panel->canvas()->getSize(), XY<int>(160, 140));
+  EXPECT_EQ(panel->canvas()->getPosition(), XY<int>(100, 60));
+  EXPECT_EQ(corner->getX() + corner->width(), panel->getUserArea().x1) << "laid out for the new size";
+  EXPECT_EQ(recorder.of(GlobManagerEvent::kResized), std::vector<Glob*>{panel});
+  EXPECT_EQ(recorder.of(GlobManagerEvent::kMoved), std::vector<Glob*>{panel});
+  // The whole new picture is painted.
+  EXPECT_TRUE(panel->canvas()->pendingDamage().empty());
+  EXPECT_EQ(HeadlessInput::pointOn(*corner).x, 100 + corner->getX() + corner->width() / 2);
+}
+
 TEST_F(GlobManagerEvents, EveryWidgetDeletedIsToldWhileItsChildrenAreWhole) {
   StandardPanel* panel = openPanel(XY<int>(100, 100));
   Glob* group = panel->createChild<Glob>(GlobCreationInfo(XY<int>(60, 60)), Glob::Centre(0, 0));
