@@ -69,15 +69,18 @@ done
 [ -s "$work/display" ] || fail "Xvfb did not start: $(cat "$work/xvfb.log")"
 DISPLAY=":$(head -n1 "$work/display")"
 export DISPLAY
-if [[ $case_name == *_wm ]]; then
-  # A window manager, as on a desktop: it places, focuses and decorates the
-  # windows it manages, and leaves popups alone.
+# A window manager, as on a desktop: it places, focuses and decorates the
+# windows it manages, and leaves popups alone. Returns once it runs.
+start_window_manager() {
   openbox --sm-disable >"$work/wm.log" 2>&1 &
   pids+=($!)
   for _ in $(seq 50); do
     xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
     sleep 0.1
   done
+}
+if [[ $case_name == *_wm ]]; then
+  start_window_manager
 fi
 
 mkfifo "$work/commands"
@@ -413,12 +416,7 @@ resized)
 wm_late)
   # A window manager started after the program leaves its windows as they
   # are, drawing their own title bars: no frame of its own round them.
-  openbox --sm-disable >"$work/wm.log" 2>&1 &
-  pids+=($!)
-  for _ in $(seq 50); do
-    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
-    sleep 0.1
-  done
+  start_window_manager
   window=$(xdotool search --name '^e2e$')
   for _ in $(seq 50); do
     xprop -id "$window" _NET_FRAME_EXTENTS 2>/dev/null | grep -q '=' && break
