@@ -85,6 +85,7 @@ void Canvas::resizedOnScreen(XY<int> screenPosition, XY<int> size) {
     movedOnScreen(screenPosition);
     return;
   }
+  bool const moved = screenPosition != position_;
   adoptingSize_ = true;
   position_ = screenPosition;
   if (root_)
@@ -92,7 +93,8 @@ void Canvas::resizedOnScreen(XY<int> screenPosition, XY<int> size) {
   else
     resize(size);
   adoptingSize_ = false;
-  GlobRegistry::announce(GlobManagerEvent::kMoved, root_);
+  if (moved)
+    GlobRegistry::announce(GlobManagerEvent::kMoved, root_);
   // A root with limits of its own keeps them: the window goes back to it.
   if (size_ != size && mapped_)
     screenBackend().canvasResized(*this);

@@ -54,16 +54,13 @@ int Menu::nextSelectable(int from, int step) const {
 MenuWindow::MenuWindow(InitArgs const& args)
     : Glob(args), menu_(args.menu), onChange_(args.onChange), highlighted_(args.menu.getSelected()) {
   setCanBeIt(true);
-  XY<int> const needed = calcSize(menu_, args.minWidth);
-  contentHeight_ = needed.y;
-  if (args.maxHeight <= 0 || needed.y <= args.maxHeight) {
-    resize(needed.x, needed.y);
+  contentHeight_ = calcSize(menu_, args.minWidth).y;
+  XY<int> const shown = calcShownSize(menu_, args.minWidth, args.maxHeight);
+  resize(shown.x, shown.y);
+  if (shown.y == contentHeight_)
     return;
-  }
-  // The bar takes its own strip, so that no row's text lies under it.
-  resize(needed.x + ScrollBar::thickness(), args.maxHeight);
-  ScrollBar::InitArgs bar(GlobCreationInfo(XY<int>(ScrollBar::thickness(), args.maxHeight)));
-  bar.thumbSize = static_cast<double>(args.maxHeight) / contentHeight_;
+  ScrollBar::InitArgs bar(GlobCreationInfo(XY<int>(ScrollBar::thickness(), shown.y)));
+  bar.thumbSize = static_cast<double>(shown.y) / contentHeight_;
   bar_ = createChild<ScrollBar>(bar, UserTopRight(0, 0));
   if (highlighted_ >= 0) {
     // The chosen row opens in the middle of the window.
@@ -102,6 +99,14 @@ XY<int> MenuWindow::calcSize(Menu const& menu, int minWidth) {
   return XY<int>(std::max(minWidth, markGutter() + textWidth + textEndPadding()), height);
 }
 
+XY<int> MenuWindow::calcShownSize(Menu const& menu, int minWidth, int maxHeight) {
+  XY<int> const needed = calcSize(menu, minWidth);
+  if (maxHeight <= 0 || needed.y <= maxHeight)
+    return needed;
+  // The bar takes its own strip, so that no row's text lies under it.
+  return XY<int>(needed.x + ScrollBar::thickness(), maxHeight);
+}
+
 MenuWindow* MenuWindow::open(Menu const& menu, XY<int> topLeft, ChangeHandler onChange, int minWidth, Canvas* near,
                              Palette const* palette) {
   InitArgs args;
@@ -109,9 +114,7 @@ MenuWindow* MenuWindow::open(Menu const& menu, XY<int> topLeft, ChangeHandler on
   args.onChange = std::move(onChange);
   args.minWidth = minWidth;
   args.maxHeight = screenBackend().screenSize().y;
-  args.size = calcSize(menu, minWidth);
-  if (args.size.y > args.maxHeight)
-    args.size = XY<int>(args.size.x + ScrollBar::thickness(), args.maxHeight);
+  args.size = calcShownSize(menu, minWidth, args.maxHeight);
   args.setPalette(makePopupPalette(palette ? *palette : UifStd::getColourScheme()));
   args.screenPosition = GlobManager::getSafePosForGlob(near, args.size, XY<int>(topLeft.x, topLeft.y - args.size.y));
   auto* window = new MenuWindow(args);

@@ -140,6 +140,9 @@ protected:
 
 private:
   static int rowHeight(MenuItem const& item);
+  // The window's size: the rows', or at most `maxHeight` (0: no limit) with a
+  // scroll bar beside them.
+  static XY<int> calcShownSize(Menu const& menu, int minWidth, int maxHeight);
   // `reveal` scrolls the row into view.
   void setHighlighted(int index, bool reveal = true);
   void scrollToShow(int index);
