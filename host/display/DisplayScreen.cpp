@@ -141,10 +141,11 @@ struct DisplayScreen::State {
         return canvas;
     return nullptr;
   }
+  // A window's corner on the other screen: X's top-left from our bottom-left
+  // and back, for a window `height` high.
+  XY<int> otherCorner(XY<int> corner, int height) const { return XY<int>(corner.x, x11->size().y - corner.y - height); }
   // X's top-down window position for a canvas.
-  XY<int> windowPosition(Canvas const& canvas) const {
-    return XY<int>(canvas.getPosition().x, x11->size().y - canvas.getPosition().y - canvas.getSize().y);
-  }
+  XY<int> windowPosition(Canvas const& canvas) const { return otherCorner(canvas.getPosition(), canvas.getSize().y); }
   // Where a window's event happened, on our bottom-up screen. X reports it
   // relative to where the window was, which lags behind our moves of it while
   // a title bar is dragged: with a button held, the pointer itself is asked.
@@ -204,7 +205,7 @@ struct DisplayScreen::State {
   void followWindow(Canvas& canvas, XY<int> xPosition, int modifiers) const {
     if (InputRouter::buttonsHeld())
       return;
-    XY<int> const at(xPosition.x, x11->size().y - xPosition.y - canvas.getSize().y);
+    XY<int> const at = otherCorner(xPosition, canvas.getSize().y);
     if (at == canvas.getPosition())
       return;
     canvas.movedOnScreen(at);
@@ -217,10 +218,9 @@ struct DisplayScreen::State {
   void followSize(Canvas& canvas, SDL_Window* window, XY<int> size, int modifiers) const {
     if (InputRouter::buttonsHeld() || size == canvas.getSize())
       return;
-    int left = 0;
-    int top = 0;
-    SDL_GetWindowPosition(window, &left, &top);
-    canvas.resizedOnScreen(XY<int>(left, x11->size().y - top - size.y), size);
+    XY<int> topLeft;
+    SDL_GetWindowPosition(window, &topLeft.x, &topLeft.y);
+    canvas.resizedOnScreen(otherCorner(topLeft, size.y), size);
     InputRouter::mouseMoved(pointer(), modifiers);
   }
   void showCursor(SDL_Window* window) const {

@@ -181,9 +181,13 @@ bool MenuWindow::takeBarMessage(Event const& event) {
 int MenuWindow::rowAt(XY<int> point) const {
   if (point.x < 0 || point.x >= rowsWidth() || point.y < 0 || point.y >= height())
     return -1;
-  for (int index = 0; index < menu_.size(); ++index)
-    if (rowBox(index).contains(point))
+  // One walk down the rows: a long menu is asked at every move of the pointer.
+  int top = height() - verticalPadding() + offset_;
+  for (int index = 0; index < menu_.size() && top > point.y; ++index) {
+    top -= rowHeight(menu_.item(index));
+    if (top <= point.y)
       return index;
+  }
   return -1;
 }
 
