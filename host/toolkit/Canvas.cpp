@@ -109,6 +109,7 @@ void Canvas::map() {
   // in front of it.
   keepDialoguesInFront();
   addDamage(Zo::Box<int>(0, 0, size_.x, size_.y));
+  GlobRegistry::windowShown(root_);
 }
 
 void Canvas::unmap() {
@@ -116,6 +117,7 @@ void Canvas::unmap() {
     return;
   mapped_ = false;
   screenBackend().canvasUnmapped(*this);
+  GlobRegistry::windowGone(root_, false);
   GlobRegistry::announce(GlobManagerEvent::kHidden, root_);
 }
 

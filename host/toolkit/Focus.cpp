@@ -51,6 +51,39 @@ int& keyMovingFocus() {
   return key;
 }
 
+// The widget each shown window took the keyboard from, with its stamp, as
+// the widget may be gone and another made where it was.
+struct TakenKeyboard {
+  Glob* window = nullptr;
+  Glob* widget = nullptr;
+  IdStamp stamp;
+};
+
+std::vector<TakenKeyboard>& takenKeyboards() {
+  static std::vector<TakenKeyboard> list;
+  return list;
+}
+
+bool isAlive(TakenKeyboard const& entry) { return EventHandler::stampOf(entry.widget) == entry.stamp; }
+
+bool isInside(Glob const* widget, Glob const* root) {
+  for (; widget; widget = widget->parent())
+    if (widget == root)
+      return true;
+  return false;
+}
+
+// Notes that `window` takes the keyboard from `widget`, in another window;
+// false for a popup or a tip, which take none.
+bool remembersKeyboard(Glob* window, Glob& widget) {
+  if (window->isPopupWindow())
+    return false;
+  auto& taken = takenKeyboards();
+  std::erase_if(taken, [window](TakenKeyboard const& entry) { return entry.window == window; });
+  taken.push_back({window, &widget, widget.handlerStamp()});
+  return true;
+}
+
 std::vector<FocusRevealer>& revealers() {
   static std::vector<FocusRevealer> list;
   return list;
@@ -89,6 +122,41 @@ void GlobRegistry::forgetFocus(Glob* widget) {
     focused() = nullptr;
 }
 
+void GlobRegistry::windowShown(Glob* root) {
+  Glob* focus = get_kbd_focus();
+  if (!root || !focus || isInside(focus, root) || !remembersKeyboard(root, *focus))
+    return;
+  set_kbd_focus(nullptr);
+}
+
+void GlobRegistry::windowGone(Glob* root, bool dying) {
+  auto& taken = takenKeyboards();
+  auto found =
+      std::find_if(taken.begin(), taken.end(), [root](TakenKeyboard const& entry) { return entry.window == root; });
+  if (found == taken.end())
+    return;
+  TakenKeyboard const entry = *found;
+  // Nothing focused is this window's doing only if no later window took it.
+  bool const tookItLast = found + 1 == taken.end();
+  taken.erase(found);
+  // A window shown from this one hands the keyboard back to whom this one
+  // would have.
+  for (TakenKeyboard& later : taken)
+    if (isAlive(later) && isInside(later.widget, root)) {
+      later.widget = entry.widget;
+      later.stamp = entry.stamp;
+    }
+  Glob* focus = get_kbd_focus();
+  if (focus ? !isInside(focus, root) : !tookItLast)
+    return;
+  if (dying)
+    focused() = nullptr; // its widgets may be half destroyed: not told
+  else
+    set_kbd_focus(nullptr);
+  if (isAlive(entry) && entry.widget->isShowing())
+    set_kbd_focus(entry.widget);
+}
+
 Glob* get_kbd_focus() { return is_good_glob_ptr(focused()) ? focused() : nullptr; }
 
 bool set_kbd_focus(Glob* widget) {
@@ -97,6 +165,10 @@ bool set_kbd_focus(Glob* widget) {
   Glob* old = get_kbd_focus();
   if (old == widget)
     return true;
+  // A window being made that claims the keyboard for one of its widgets
+  // takes it as it would when shown.
+  if (widget && old && !widget->getRootParent()->canvas() && !isInside(old, widget->getRootParent()))
+    remembersKeyboard(widget->getRootParent(), *old);
   focused() = widget;
   if (old) {
     old->handleKbdFocus(false);

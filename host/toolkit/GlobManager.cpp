@@ -66,6 +66,8 @@ void GlobRegistry::withdraw(Glob* widget) {
   std::erase(r.modal, widget);
   std::erase_if(r.besideModal, [widget](auto const& pair) { return pair.first == widget || pair.second == widget; });
   InputRouter::forget(widget);
+  if (!widget->parent())
+    GlobRegistry::windowGone(widget, true);
   GlobRegistry::forgetFocus(widget);
   announce(GlobManagerEvent::kWidgetDeleted, widget);
   if (!widget->parent() && widget->canvas())

@@ -1216,6 +1216,12 @@ dialogues)
   click_reading PushButton 'Ask yes or no'
   click_reading PushButton No
   answered 'Answer: no' || fail "No was not heard"
+  # The question gone, the keyboard is back with the button that asked it.
+  xdotool key space
+  sleep 0.4
+  [ -n "$(widget_reading PushButton No)" ] || fail "Space did not reach 'Ask yes or no' again"
+  xdotool key Escape
+  sleep 0.4
   # A file that exists, this case's own answers: offered for replacing.
   retype_path "$work/answers"
   expect "the path typed" "$(text "$(ask 'widget TitleTextBox 0')")" "$work/answers"

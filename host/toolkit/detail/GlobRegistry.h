@@ -21,4 +21,10 @@ Glob* liveGlobOf(EventHandler const* handler);
 void announce(GlobManagerEvent::eKind kind, Glob* widget);
 // Drops the keyboard focus if `widget` holds it, without telling anyone.
 void forgetFocus(Glob* widget);
+// A window that came on the screen takes the keyboard from a widget of
+// another window (popups and tips take none); the widget has it back when
+// the window goes (hidden, or `dying`), unless the keyboard went elsewhere
+// meanwhile.
+void windowShown(Glob* root);
+void windowGone(Glob* root, bool dying);
 } // namespace GlobRegistry

@@ -192,6 +192,88 @@ TEST_F(GlobInputTest, APressInAnotherPanelWithNothingToFocusSendsTheKeysToThatPa
   EXPECT_EQ(get_kbd_focus(), left);
 }
 
+// A top-level window of a given kind, for the windows that must not take
+// the keyboard.
+class WindowOfKind : public StandardPanel {
+public:
+  WindowOfKind(XY<int> size, eWindowKind kind) : StandardPanel(argsFor(size)), kind_(kind) {}
+  eWindowKind windowKind() const override { return kind_; }
+
+private:
+  static InitArgs argsFor(XY<int> size) {
+    InitArgs args(size);
+    args.screenPosition = XY<int>(600, 600);
+    return args;
+  }
+  eWindowKind kind_;
+};
+
+TEST_F(GlobInputTest, AWindowShownTakesTheKeyboardAndGivesItBackWhenItCloses) {
+  left->setCanBeIt(true);
+  HeadlessInput::clickOn(*left);
+  ASSERT_EQ(get_kbd_focus(), left);
+  StandardPanel* shown = openPanel(XY<int>(120, 80), XY<int>(700, 300));
+  auto* inShown =
+      static_cast<Probe*>(shown->addChild(new Probe(XY<int>(40, 30), log, "shown"), Glob::UserTopLeft(0, 0)));
+  inShown->setCanBeIt(true);
+  EXPECT_EQ(get_kbd_focus(), nullptr) << "the widget of the window behind keeps no keys";
+  EXPECT_NE(std::find(log.begin(), log.end(), "left focus out"), log.end());
+  log.clear();
+  HeadlessInput::key(' ');
+  EXPECT_EQ(std::find(log.begin(), log.end(), "left key 32"), log.end()) << "the old focus hears no keys";
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), inShown) << "Tab enters the window shown";
+  GlobManager::requestDeletion(shown);
+  pump();
+  EXPECT_EQ(get_kbd_focus(), left) << "back where it was before the window came";
+}
+
+TEST_F(GlobInputTest, AWindowHiddenGivesTheKeyboardBackUnlessItWentElsewhere) {
+  left->setCanBeIt(true);
+  right->setCanBeIt(true);
+  HeadlessInput::clickOn(*left);
+  StandardPanel* shown = openPanel(XY<int>(120, 80), XY<int>(700, 300));
+  shown->canvas()->unmap();
+  EXPECT_EQ(get_kbd_focus(), left);
+  shown->canvas()->map();
+  EXPECT_EQ(get_kbd_focus(), nullptr);
+  HeadlessInput::clickOn(*right); // the user took it elsewhere meanwhile
+  GlobManager::requestDeletion(shown);
+  pump();
+  EXPECT_EQ(get_kbd_focus(), right);
+}
+
+TEST_F(GlobInputTest, AWindowShownFromAnotherHandsTheKeyboardToTheFirstWhenBothGo) {
+  left->setCanBeIt(true);
+  HeadlessInput::clickOn(*left);
+  StandardPanel* second = openPanel(XY<int>(120, 80), XY<int>(700, 300));
+  auto* inSecond =
+      static_cast<Probe*>(second->addChild(new Probe(XY<int>(40, 30), log, "second"), Glob::UserTopLeft(0, 0)));
+  inSecond->setCanBeIt(true);
+  HeadlessInput::clickOn(*inSecond);
+  ASSERT_EQ(get_kbd_focus(), inSecond);
+  StandardPanel* third = openPanel(XY<int>(120, 80), XY<int>(900, 300));
+  GlobManager::requestDeletion(second); // the one it was taken from goes first
+  pump();
+  EXPECT_EQ(get_kbd_focus(), nullptr);
+  GlobManager::requestDeletion(third);
+  pump();
+  EXPECT_EQ(get_kbd_focus(), left);
+}
+
+TEST_F(GlobInputTest, PopupsAndTipsShownLeaveTheKeyboardWhereItIs) {
+  left->setCanBeIt(true);
+  HeadlessInput::clickOn(*left);
+  for (auto kind : {Glob::eWindowKind::kPopupMenu, Glob::eWindowKind::kTip}) {
+    auto* popup = new WindowOfKind(XY<int>(60, 40), kind);
+    GlobManager::realize(popup);
+    EXPECT_EQ(get_kbd_focus(), left);
+    GlobManager::requestDeletion(popup);
+    pump();
+    EXPECT_EQ(get_kbd_focus(), left);
+  }
+}
+
 TEST_F(GlobInputTest, AFocusedWidgetPutOutOfUseHandsTheKeyboardOnAsTabWould) {
   left->setCanBeIt(true);
   right->setCanBeIt(true);

@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/panels/Message.h>
 
 #include <algorithm>
@@ -110,6 +111,22 @@ TEST_F(MessageTest, TheKeyboardAnswersAWarnAndEscapeClosesItWithoutAnAnswer) {
   pump();
   EXPECT_FALSE(is_good_glob_ptr(second));
   EXPECT_EQ(answers, std::vector<int>{1});
+}
+
+TEST_F(MessageTest, AnsweredOrClosedAWarnGivesTheKeyboardBackToTheButtonThatAsked) {
+  StandardPanel* panel = openPanel(XY<int>(300, 120));
+  auto* ask = panel->createWidget<PushButton>(PushButton::InitArgs(L"Ask", XY<int>(80, 24)), Glob::UserTopLeft(0, 0));
+  HeadlessInput::clickOn(*ask);
+  ASSERT_TRUE(ask->hasKbdFocus());
+  Warn* warn = make_warn(UIString(L"Keep going?"), {UIString(L"Yes"), UIString(L"No")});
+  EXPECT_TRUE(warn->getButton(0)->hasKbdFocus()) << "the question takes the keys at once";
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  EXPECT_TRUE(ask->hasKbdFocus());
+  make_warn(UIString(L"Keep going?"), {UIString(L"Yes"), UIString(L"No")});
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_TRUE(ask->hasKbdFocus());
 }
 
 TEST_F(MessageTest, TheCloseBoxClosesAWarnWithoutAnAnswer) {
