@@ -121,8 +121,15 @@ void VerticalScrollingBase::unmanageAllWidgets(bool destroy) {
 }
 
 void VerticalScrollingBase::resize(double width, double height) {
+  int const viewWidth = view_->width();
   StandardPanel::resize(width, height);
   fitViewToUserArea();
+  // Rows made as wide as the view stay so, as a window is widened.
+  forgetDeadWidgets();
+  if (view_->width() != viewWidth)
+    for (Glob* widget : managed_)
+      if (widget->width() == viewWidth)
+        widget->resize(view_->width(), widget->height());
   recalcWidgetsHeight();
 }
 

@@ -1,10 +1,10 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <string>
 #include <vector>
@@ -98,6 +98,19 @@ TEST_F(VerticalScrollingBaseTest, ARowThatChangesItsHeightHasTheRowsRestackedUnd
   EXPECT_EQ(topInView(rows[4]), topInView(rows[3]) + 3 * row + rowGap);
   EXPECT_NEAR(panel->getScrollBar()->getThumbSize(),
               static_cast<double>(panel->getView()->height()) / panel->getWidgetsHeight(), 1e-9);
+}
+
+TEST_F(VerticalScrollingBaseTest, RowsAsWideAsTheViewFollowItsWidthAndNarrowerOnesKeepTheirs) {
+  rows[5]->resize(60, row);
+  int const wider = panel->width() + 100;
+  panel->resize(wider, panel->height());
+  EXPECT_EQ(rows[0]->width(), panel->getView()->width());
+  EXPECT_EQ(rows[19]->width(), panel->getView()->width());
+  EXPECT_EQ(rows[5]->width(), 60);
+  EXPECT_EQ(panel->getView()->width() + UifStd::getWidgetGap() + ScrollBar::thickness(), panel->getUserArea().width());
+  panel->resize(wider - 150, panel->height());
+  EXPECT_EQ(rows[0]->width(), panel->getView()->width());
+  EXPECT_EQ(topInView(rows[1]), row + rowGap) << "still stacked from the top";
 }
 
 TEST_F(VerticalScrollingBaseTest, UnmanagingForgetsOrDeletesTheRows) {
