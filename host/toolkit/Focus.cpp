@@ -73,15 +73,11 @@ bool isInside(Glob const* widget, Glob const* root) {
   return false;
 }
 
-// Notes that `window` takes the keyboard from `widget`, in another window;
-// false for a popup or a tip, which take none.
-bool remembersKeyboard(Glob* window, Glob& widget) {
-  if (window->isPopupWindow())
-    return false;
+// Notes that `window` takes the keyboard from `widget`, in another window.
+void rememberKeyboard(Glob* window, Glob& widget) {
   auto& taken = takenKeyboards();
   std::erase_if(taken, [window](TakenKeyboard const& entry) { return entry.window == window; });
   taken.push_back({window, &widget, widget.handlerStamp()});
-  return true;
 }
 
 std::vector<FocusRevealer>& revealers() {
@@ -124,8 +120,9 @@ void GlobRegistry::forgetFocus(Glob* widget) {
 
 void GlobRegistry::windowShown(Glob* root) {
   Glob* focus = get_kbd_focus();
-  if (!root || !focus || isInside(focus, root) || !remembersKeyboard(root, *focus))
+  if (!root || !focus || isInside(focus, root) || !root->takesKeyboardWhenShown())
     return;
+  rememberKeyboard(root, *focus);
   set_kbd_focus(nullptr);
 }
 
@@ -153,7 +150,7 @@ void GlobRegistry::windowGone(Glob* root, bool dying) {
     focused() = nullptr; // its widgets may be half destroyed: not told
   else
     set_kbd_focus(nullptr);
-  if (isAlive(entry) && entry.widget->isShowing())
+  if (isAlive(entry) && entry.widget->isShowing() && !isInside(entry.widget, root))
     set_kbd_focus(entry.widget);
 }
 
@@ -165,10 +162,11 @@ bool set_kbd_focus(Glob* widget) {
   Glob* old = get_kbd_focus();
   if (old == widget)
     return true;
-  // A window being made that claims the keyboard for one of its widgets
-  // takes it as it would when shown.
-  if (widget && old && !widget->getRootParent()->canvas() && !isInside(old, widget->getRootParent()))
-    remembersKeyboard(widget->getRootParent(), *old);
+  // A window being made, or a popup, that gives one of its widgets the
+  // keyboard hands it back when it goes, as a window shown does.
+  if (Glob* root = widget ? widget->getRootParent() : nullptr;
+      old && root && (!root->canvas() || root->isPopupWindow()) && !isInside(old, root))
+    rememberKeyboard(root, *old);
   focused() = widget;
   if (old) {
     old->handleKbdFocus(false);
@@ -238,11 +236,16 @@ void TabOrderManager::addTabStops(TabOrderableHost& host, unsigned order) {
 
 bool TabOrderManager::contains(Glob const* widget) const { return members_.count(widget) != 0; }
 
-Glob* TabOrderManager::next(Glob const* current, bool forward) const {
+std::vector<Glob*> TabOrderManager::usableStops(Glob const* current) const {
   std::vector<Glob*> usable;
   for (Stop const& stop : stops_)
     if (stop.widget == current || (is_good_glob_ptr(stop.widget) && stop.widget->canBeIt()))
       usable.push_back(stop.widget);
+  return usable;
+}
+
+Glob* TabOrderManager::next(Glob const* current, bool forward) const {
+  std::vector<Glob*> const usable = usableStops(current);
   Glob* found = stepThrough(usable, current, forward);
   return found == current && usable.size() <= 1 ? nullptr : found;
 }
@@ -250,9 +253,11 @@ Glob* TabOrderManager::next(Glob const* current, bool forward) const {
 Glob* TabOrderManager::nextFor(Glob* focus, bool forward) {
   for (Glob* panel = focus ? focus->parent() : nullptr; panel; panel = panel->parent())
     if (TabOrderManager* order = panel->getTabOrder(); order && order->contains(focus)) {
-      if (Glob* next = order->next(focus, forward))
+      std::vector<Glob*> const usable = order->usableStops(focus);
+      bool const leavesPanel = panel->parent() && (forward ? usable.back() : usable.front()) == focus;
+      if (Glob* next = leavesPanel ? nullptr : order->next(focus, forward))
         return next;
-      break; // its panel's only stop: Tab goes on through the window
+      break; // past its panel's last stop, or its only one: on through the window
     }
   if (!focus)
     return nullptr;

@@ -55,6 +55,9 @@ public:
   enum class eWindowKind { kPanel, kPopupMenu, kTip, kDialogue };
   virtual eWindowKind windowKind() const { return eWindowKind::kPanel; }
   bool isPopupWindow() const { return windowKind() == eWindowKind::kPopupMenu || windowKind() == eWindowKind::kTip; }
+  // Whether this window, coming on the screen, takes the keyboard from the
+  // window behind it: panels and dialogues do, popups and tips do not.
+  virtual bool takesKeyboardWhenShown() const { return !isPopupWindow(); }
 
   // --- Tree ---------------------------------------------------------------
   Glob* parent() const noexcept { return parent_; }

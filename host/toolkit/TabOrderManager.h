@@ -28,8 +28,10 @@ public:
   Glob* next(Glob const* current, bool forward) const;
 
   // The widget Tab moves to from `focus`: by the tab order of the nearest
-  // panel that has one and holds `focus`, else (or when `focus` is that
-  // order's only stop) by tree order in its window.
+  // panel that has one and holds `focus`, else by tree order in its window.
+  // Tab goes on through the window from a panel's only stop, and from the
+  // last stop (Shift-Tab: the first) of a panel within a window, rather
+  // than keeping to that panel; a window's own order wraps round.
   static Glob* nextFor(Glob* focus, bool forward);
   // Move the keyboard focus as Tab and Shift-Tab do; true when it moved.
   static bool incrementTabStop();
@@ -40,6 +42,9 @@ public:
   static bool enterWindow(Glob& window, bool forward);
 
 private:
+  // The stops Tab may visit now, with `current` kept in its place.
+  std::vector<Glob*> usableStops(Glob const* current) const;
+
   struct Stop {
     Glob* widget;
     unsigned order;

@@ -196,6 +196,23 @@ TEST_F(DropDownButton2Test, EscapeDismissesThePanel) {
   EXPECT_EQ(button->getState(), 0);
 }
 
+TEST_F(DropDownButton2Test, TheOpenPanelTakesTheKeysAndEscapeGivesThemBackToTheButton) {
+  ColourButton* button = openButton();
+  button->claimKbdFocus();
+  HeadlessInput::key(kKeyDown);
+  pump();
+  Glob* host = button->getDropDownHost();
+  ASSERT_NE(host, nullptr);
+  EXPECT_FALSE(button->hasKbdFocus()) << "keys go to the panel shown";
+  HeadlessInput::key(kKeyTab);
+  ASSERT_NE(get_kbd_focus(), nullptr);
+  EXPECT_EQ(get_kbd_focus()->getRootParent(), host) << "Tab enters the panel";
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_EQ(button->getDropDownHost(), nullptr);
+  EXPECT_TRUE(button->hasKbdFocus()) << "back to the button that opened it";
+}
+
 TEST_F(DropDownButton2Test, AZeroWidthPanelMakesTheButtonInert) {
   window = openPanel(XY<int>(240, 80), XY<int>(200, 600));
   ColourButton::InitArgs args(UIString(L"Clip colour"), XY<int>(0, 0),

@@ -65,6 +65,8 @@ public:
   ~DropDownHostBase() override;
   char const* idstring() const override { return "DropDownHostBase"; }
   eWindowKind windowKind() const override { return eWindowKind::kPopupMenu; }
+  // A drop-down panel is worked in, by Tab and keys as much as the pointer.
+  bool takesKeyboardWhenShown() const override { return true; }
 
   void setDetachable(bool detachable) { detachable_ = detachable; }
   bool isDetachable() const noexcept { return detachable_; }

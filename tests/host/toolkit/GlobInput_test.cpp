@@ -274,6 +274,22 @@ TEST_F(GlobInputTest, PopupsAndTipsShownLeaveTheKeyboardWhereItIs) {
   }
 }
 
+TEST_F(GlobInputTest, AWidgetOfAPopupClickedForTheKeyboardGivesItBackWhenThePopupGoes) {
+  left->setCanBeIt(true);
+  HeadlessInput::clickOn(*left);
+  auto* popup = new WindowOfKind(XY<int>(60, 40), Glob::eWindowKind::kPopupMenu);
+  auto* inPopup =
+      static_cast<Probe*>(popup->addChild(new Probe(XY<int>(20, 20), log, "popup"), Glob::UserTopLeft(0, 0)));
+  inPopup->setCanBeIt(true);
+  GlobManager::realize(popup);
+  ASSERT_EQ(get_kbd_focus(), left);
+  HeadlessInput::clickOn(*inPopup);
+  ASSERT_EQ(get_kbd_focus(), inPopup);
+  GlobManager::requestDeletion(popup);
+  pump();
+  EXPECT_EQ(get_kbd_focus(), left);
+}
+
 TEST_F(GlobInputTest, AFocusedWidgetPutOutOfUseHandsTheKeyboardOnAsTabWould) {
   left->setCanBeIt(true);
   right->setCanBeIt(true);
@@ -317,6 +333,32 @@ TEST_F(GlobInputTest, APanelsOnlyTabStopLetsTabGoOnThroughTheWindow) {
   set_kbd_focus(only);
   HeadlessInput::key(kKeyTab, kKeyShift);
   EXPECT_EQ(get_kbd_focus(), right);
+}
+
+TEST_F(GlobInputTest, TabLeavesAPanelWithinTheWindowPastItsLastStopAndShiftTabPastItsFirst) {
+  StandardPanel::InitArgs args(XY<int>(60, 40));
+  auto* inner = panel->createWidget<StandardPanel>(args, Glob::RightOf(5));
+  auto* box =
+      static_cast<Probe*>(inner->addChild(new Probe(XY<int>(20, 20), log, "box", false), Glob::UserTopLeft(0, 0)));
+  auto* clear = static_cast<Probe*>(inner->addChild(new Probe(XY<int>(20, 20), log, "clear", false), Glob::RightOf(2)));
+  for (Probe* p : {left, right, box, clear})
+    p->setCanBeIt(true);
+  inner->tabOrder().addTabStop(*box, 1);
+  inner->tabOrder().addTabStop(*clear, 2);
+  set_kbd_focus(box);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), clear) << "within the panel by its order";
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), left) << "past its last stop, on through the window (and round it)";
+  set_kbd_focus(box);
+  HeadlessInput::key(kKeyTab, kKeyShift);
+  EXPECT_EQ(get_kbd_focus(), right) << "Shift-Tab past its first, back through the window";
+  // A window's own order still wraps round.
+  panel->tabOrder().addTabStop(*left, 1);
+  panel->tabOrder().addTabStop(*right, 2);
+  set_kbd_focus(right);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), left);
 }
 
 // A widget of two focusable parts that lends them to its owner's order.
