@@ -269,6 +269,15 @@ int StandardPanel::handleKeyboardEvent(int key) {
     handlePoot();
     return 1;
   }
+  // Return that no widget used is the footer's action, as a dialogue's
+  // default button takes it; Ctrl+Return too, for widgets that keep Return
+  // for a new line.
+  int const modifiers = key & kKeyModifierMask;
+  if ((key & ~kKeyModifierMask) == kKeyReturn && (modifiers == 0 || modifiers == kKeyCtrl) &&
+      (standardWidgets_ & kDoIt)) {
+    doItMsg();
+    return 1;
+  }
   return 0;
 }
 

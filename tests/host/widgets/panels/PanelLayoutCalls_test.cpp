@@ -98,6 +98,27 @@ TEST_F(PanelLayoutCallsTest, DoItMsgCarriesOutTheMainActionAsTheFooterButtonDoes
   EXPECT_EQ(panel->calls, expected);
 }
 
+TEST_F(PanelLayoutCallsTest, ReturnThatNoWidgetUsesCarriesOutTheFootersAction) {
+  StandardPanel::InitArgs args(XY<int>(300, 200));
+  args.screenPosition = XY<int>(100, 100);
+  args.standardWidgets = StandardPanel::kDoIt;
+  auto* panel = new ActionPanel(args);
+  GlobManager::realize(panel);
+  HeadlessInput::key(kKeyReturn);
+  HeadlessInput::key(kKeyReturn, kKeyCtrl);
+  std::vector<std::string> const twice{"handleDoIt", std::string(StandardPanel::kDoItMsg) + " from itself",
+                                       "handleDoIt", std::string(StandardPanel::kDoItMsg) + " from itself"};
+  EXPECT_EQ(panel->calls, twice);
+  panel->calls.clear();
+  HeadlessInput::key(kKeyReturn, kKeyAlt);
+  HeadlessInput::key(' ');
+  EXPECT_TRUE(panel->calls.empty()) << "only Return, and Ctrl+Return";
+  // Without the footer, Return does nothing of the sort.
+  panel->removeStandardWidgets(StandardPanel::kDoIt);
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_TRUE(panel->calls.empty());
+}
+
 TEST_F(PanelLayoutCallsTest, APanelThatIsNotMovableStaysWhenItsTitleBarIsDragged) {
   StandardPanel* panel = openPanel(XY<int>(300, 200), XY<int>(100, 100), StandardPanel::kTitle, UIString(L"Effect"));
   EXPECT_TRUE(panel->isMovable()) << "a panel is movable by default";
