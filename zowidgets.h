@@ -166,6 +166,7 @@
 #include <zowidgets/host/events/Clock.h>
 #include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/events/EventHandler.h>
+#include <zowidgets/host/events/KeyName.h>
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/events/Timer.h>
 #include <zowidgets/host/headless/HeadlessInput.h>

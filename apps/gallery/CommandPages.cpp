@@ -2,13 +2,15 @@
 
 #include "PageLayout.h"
 
+#include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/events/KeyName.h>
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <set>
 
 namespace {
@@ -16,11 +18,8 @@ namespace {
 using WString = LightweightString<wchar_t>;
 
 WString describeKey(MapItem const& key) {
-  if (key.keyCode == 0)
-    return L"no key";
-  char code[32];
-  std::snprintf(code, sizeof code, "key code %d", key.keyCode);
-  return toWide(code);
+  std::string const name = keyName(key.keyCode);
+  return name.empty() ? WString(L"no key") : toWide(name);
 }
 
 // One line per command: its name, label and key.
@@ -44,16 +43,23 @@ Glob* buildCommandListPage(PageContext const& context) {
   args.title = toWide("Commands (" + std::to_string(names.size()) + ")");
   auto* panel = new VerticalScrollingBase(args);
   GlobManager::realize(panel);
-  TextLabel::InitArgs row(XY<int>(panel->getView()->width(), m.row));
-  if (names.empty()) {
-    row.text = L"No commands are registered.";
-    panel->createManagedWidget<TextLabel>(row);
-  }
-  for (std::string const& name : names)
-    if (std::optional<Cmd::Command> command = CommandMap::findCommand(name)) {
-      row.text = summary(*command);
-      panel->createManagedWidget<TextLabel>(row);
+  // A long line wraps onto as many rows as it takes, rather than running
+  // past the edge.
+  auto addRow = [&](WString const& text) {
+    TextLabel::InitArgs row(XY<int>(panel->getView()->width(), m.row));
+    row.text = text;
+    auto* label = panel->createManagedWidget<TextLabel>(row);
+    int const lines = Glib::TextLayout::countLines(text, label->getFont(), label->textBox().width());
+    if (lines > 1) {
+      label->setWordWrap(true);
+      label->resize(label->width(), lines * m.row);
     }
+  };
+  if (names.empty())
+    addRow(L"No commands are registered.");
+  for (std::string const& name : names)
+    if (std::optional<Cmd::Command> command = CommandMap::findCommand(name))
+      addRow(summary(*command));
   panel->recalcWidgetsHeight();
   panel->resetView();
   return panel;

@@ -7,6 +7,7 @@
 
 #include <zowidgets/export/CompressionWidget.h>
 #include <zowidgets/hints/HintWindow.h>
+#include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/Command.h>
@@ -501,7 +502,8 @@ TEST_F(GalleryTest, ACommandPageRunsTheCommandAndCapturesTheWindowItOpens) {
     args.title = L"Opened by the command";
     GlobManager::realize(new StandardPanel(args));
   };
-  ASSERT_TRUE(CommandMap::registerCommand("gallery.test/open", openDialog, L"Open", L"Opens a dialogue"));
+  ASSERT_TRUE(CommandMap::registerCommand("gallery.test/open", openDialog, L"Open", L"Opens a dialogue",
+                                          kCmdScopeApplication, MapItem{'o' | kKeyCtrl | kKeyShift}));
   std::vector<GalleryPage> const pages = allPages();
   GalleryPage const* page = findPage(pages, "command-gallery.test_open");
   ASSERT_NE(page, nullptr);
@@ -521,10 +523,16 @@ TEST_F(GalleryTest, ACommandPageRunsTheCommandAndCapturesTheWindowItOpens) {
   std::vector<TextLabel*> rows;
   collect(*scrolling->getView(), rows);
   ASSERT_EQ(rows.size(), CommandMap::commandNames().size());
-  bool listed = std::any_of(rows.begin(), rows.end(), [](TextLabel* row) {
+  auto listed = std::find_if(rows.begin(), rows.end(), [](TextLabel* row) {
     return toNarrow(row->getString().getString()).starts_with("gallery.test/open");
   });
-  EXPECT_TRUE(listed);
+  ASSERT_NE(listed, rows.end());
+  EXPECT_EQ(toNarrow((*listed)->getString().getString()), "gallery.test/open \u2014 Open (Ctrl+Shift+O)")
+      << "the key by its name";
+  for (TextLabel const* row : rows)
+    EXPECT_EQ(Glib::TextLayout::countLines(row->getString().getString(), row->getFont(), row->textBox().width()),
+              row->height() / UifStd::getRowHeight())
+        << "every line of a long row shows: " << toNarrow(row->getString().getString());
   EXPECT_TRUE(CommandMap::unregisterCommand("gallery.test/open"));
 }
 
