@@ -56,10 +56,10 @@ WString describe(Tutorial::Pointer const& pointer) {
 
 // A place's name as a reader says it: the file's "bottomright" is the
 // bottom right.
-WString spokenPlace(std::string name) {
+WString spokenPlace(std::string const& name) {
   for (std::string_view const side : {"top", "bottom"})
     if (name.size() > side.size() && name.starts_with(side))
-      name.insert(side.size(), " ");
+      return WString::fromUTF8(std::string(side) + ' ' + name.substr(side.size()));
   return WString::fromUTF8(name);
 }
 
