@@ -96,6 +96,19 @@ bool tabTo(Glob* next, bool forward) {
   return moved;
 }
 
+// The stop after (before) `widget` and everything inside it, in `order`,
+// round the end; null when there is none.
+Glob* stepPast(std::vector<Glob*> const& order, Glob const* widget, bool forward) {
+  std::size_t const count = order.size();
+  std::size_t edge = count;
+  for (std::size_t index = 0; index < count; ++index)
+    if (isInside(order[index], widget) && (edge == count || forward))
+      edge = index;
+  if (edge == count)
+    return stepThrough(order, widget, forward);
+  return order[forward ? (edge + 1) % count : (edge + count - 1) % count];
+}
+
 bool stepFocus(bool forward) {
   Glob* focus = get_kbd_focus();
   if (!focus)
@@ -251,19 +264,23 @@ Glob* TabOrderManager::next(Glob const* current, bool forward) const {
 }
 
 Glob* TabOrderManager::nextFor(Glob* focus, bool forward) {
-  for (Glob* panel = focus ? focus->parent() : nullptr; panel; panel = panel->parent())
+  if (!focus)
+    return nullptr;
+  Glob const* left = focus;
+  for (Glob* panel = focus->parent(); panel; panel = panel->parent())
     if (TabOrderManager* order = panel->getTabOrder(); order && order->contains(focus)) {
       std::vector<Glob*> const usable = order->usableStops(focus);
       bool const leavesPanel = panel->parent() && (forward ? usable.back() : usable.front()) == focus;
       if (Glob* next = leavesPanel ? nullptr : order->next(focus, forward))
         return next;
-      break; // past its panel's last stop, or its only one: on through the window
+      // Past its panel's last stop, or its only one: on through the window
+      // from the panel's end, whatever order its own widgets lie in.
+      left = panel;
+      break;
     }
-  if (!focus)
-    return nullptr;
   std::vector<Glob*> all;
   collectFocusable(focus->getRootParent(), all);
-  return stepThrough(all, focus, forward);
+  return stepPast(all, left, forward);
 }
 
 bool TabOrderManager::incrementTabStop() { return stepFocus(true); }

@@ -1,6 +1,7 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/textentry/EmojiPanel.h>
 #include <zowidgets/textentry/TextFilterWidget.h>
@@ -172,6 +173,18 @@ TEST_F(EmojiPanelTest, TabLeadsFromTheSearchToTheCategoriesAndOnToTheGrid) {
   HeadlessInput::key(kKeyTab, kKeyShift);
   HeadlessInput::key(kKeyTab, kKeyShift);
   EXPECT_EQ(get_kbd_focus(), panel->getFilter()->getTextBox());
+}
+
+TEST_F(EmojiPanelTest, WithASearchTypedTabGoesFromTheClearButtonOnToTheCategories) {
+  searchFor("dog");
+  ASSERT_TRUE(panel->getFilter()->getButton()->canBeIt());
+  panel->getFilter()->getTextBox()->claimKbdFocus();
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), panel->getFilter()->getButton());
+  HeadlessInput::key(kKeyTab);
+  ASSERT_TRUE(get_kbd_focus() && isParentedTo(get_kbd_focus(), panel->getTabs())) << "not trapped in the search";
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), panel->getGrid());
 }
 
 TEST_F(EmojiPanelTest, TheKeyboardPicksTooFromTheFocusedGrid) {
