@@ -135,6 +135,7 @@ FontChooserPanel::FontChooserPanel(InitArgs const& args)
   addFilter();
   addTree();
   addFooter();
+  orderTabStops();
   watchFont(font_);
   showFont(font_->get());
 }
@@ -194,6 +195,15 @@ void FontChooserPanel::addFooter() {
   backgroundColour_ = createWidget<DropDownColourPickerButton>(background, Glob::RightOf(gap, textColour_));
   for (DropDownColourPickerButton* button : {textColour_, backgroundColour_})
     button->setDropDownAlignment(kAlignStart, kRelativeBelow);
+}
+
+// Tab visits the widgets as they read, the footer left to right, though
+// the check boxes are made from the right.
+void FontChooserPanel::orderTabStops() {
+  unsigned stop = 0;
+  for (Glob* widget : std::initializer_list<Glob*>{filter_->getTextBox(), filter_->getButton(), tree_, textColour_,
+                                                   backgroundColour_, bold_, italic_})
+    tabOrder().addTabStop(*widget, stop++);
 }
 
 XY<int> FontChooserPanel::calcTreeSize() const {

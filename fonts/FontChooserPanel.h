@@ -95,6 +95,7 @@ private:
   void addFilter();
   void addTree();
   void addFooter();
+  void orderTabStops();
   // Sets the value with the notices before and after.
   void setFont(FontDefinition const& font);
   void setStyleBit(unsigned bit, bool on);

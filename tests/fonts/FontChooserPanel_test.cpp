@@ -231,6 +231,26 @@ TEST_F(FontChooserPanelTest, BoldAndItalicToggleTheirOwnBits) {
   EXPECT_EQ(stored(), WString(L"<unset>"));
 }
 
+TEST_F(FontChooserPanelTest, TabVisitsTheWidgetsAsTheyReadTheFooterLeftToRight) {
+  FontChooserPanel* panel = open();
+  panel->getFilter()->getTextBox()->claimKbdFocus();
+  std::vector<std::string> visited;
+  for (int step = 0; step < 6; ++step) {
+    HeadlessInput::key(kKeyTab);
+    Glob const* focus = get_kbd_focus();
+    visited.push_back(focus == panel->getTree()                     ? "list"
+                      : focus == panel->getTextColourButton()       ? "text colour"
+                      : focus == panel->getBackgroundColourButton() ? "background colour"
+                      : focus == panel->getBoldBox()                ? "bold"
+                      : focus == panel->getItalicBox()              ? "italic"
+                      : focus == panel->getFilter()->getTextBox()   ? "filter"
+                                                                    : "other");
+  }
+  std::vector<std::string> const expected{"list", "text colour", "background colour", "bold", "italic", "filter"};
+  EXPECT_EQ(visited, expected);
+  close(panel);
+}
+
 TEST_F(FontChooserPanelTest, TheColourButtonsEditTheTextAndBackgroundColours) {
   FontChooserPanel* panel = open();
   struct Case {
