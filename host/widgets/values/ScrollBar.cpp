@@ -79,6 +79,13 @@ void ScrollBar::userMoveThumb(double position) {
     report(ScrollBarEvent::kThumbMoved);
 }
 
+// A page of the thumb's travel: what shows, whatever the thumb's drawn
+// length (kept to a least size over long contents) would say.
+double ScrollBar::pageStep() const {
+  double const share = range_.page();
+  return share > 0.0 && share < 1.0 ? share / (1.0 - share) : 1.0;
+}
+
 int ScrollBar::react(Event const& event) {
   if (!isActive())
     return 0;
@@ -93,9 +100,9 @@ int ScrollBar::react(Event const& event) {
     else if (at >= trackStart() + trackLength())
       report(ScrollBarEvent::kStepForward);
     else if (at < thumbStart())
-      userMoveThumb(range_.value() - (slack > 0 ? static_cast<double>(thumbLength()) / slack : 1.0));
+      userMoveThumb(range_.value() - pageStep());
     else if (at >= thumbStart() + thumbLength())
-      userMoveThumb(range_.value() + (slack > 0 ? static_cast<double>(thumbLength()) / slack : 1.0));
+      userMoveThumb(range_.value() + pageStep());
     else {
       dragging_ = true;
       grabOffset_ = at - thumbStart();

@@ -85,6 +85,7 @@ private:
   // A box given along and across the bar, in this widget's coordinates.
   Zo::Box<int> barBox(int from, int to) const;
   void userMoveThumb(double position);
+  double pageStep() const;
   void report(int kind);
 
   RangeModel range_;

@@ -79,8 +79,19 @@ TEST_F(ScrollBarTest, PressingTheTrackMovesAPage) {
   int const slack = bar->trackLength() - bar->thumbLength();
   XY<int> const pastThumb(bar->trackStart() + bar->trackLength() - 2, bar->height() / 2);
   HeadlessInput::clickOn(*bar, pastThumb);
-  EXPECT_NEAR(bar->getThumbPosition(), static_cast<double>(bar->thumbLength()) / slack, 1e-9);
+  EXPECT_NEAR(bar->getThumbPosition(), 0.25 / 0.75, 1e-9) << "what shows, a quarter, of the three quarters left";
+  EXPECT_NEAR(bar->getThumbPosition(), static_cast<double>(bar->thumbLength()) / slack, 0.01) << "the thumb's length";
   EXPECT_EQ(log->messages, (std::vector<std::string>{ScrollBar::thumbMovedMsg}));
+}
+
+TEST_F(ScrollBarTest, OverLongContentsThePageIsWhatShowsNotTheThumbsLeastLength) {
+  // A hundred thousand rows with fifteen in sight: the thumb is drawn at its
+  // least length, far longer than its share.
+  double const share = 15.0 / 100000.0;
+  makeBar(XY<int>(ScrollBar::thickness(), 300), share);
+  ASSERT_GT(bar->thumbLength(), 300 * share);
+  HeadlessInput::clickOn(*bar, down(bar->thumbStart() + bar->thumbLength() + 2));
+  EXPECT_NEAR(bar->getThumbPosition(), share / (1.0 - share), 1e-12);
 }
 
 TEST_F(ScrollBarTest, TheWheelStepsOncePerNotch) {
