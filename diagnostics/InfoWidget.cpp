@@ -50,6 +50,19 @@ Palette highlightPalette(Palette const& palette) {
 
 GlobInspector::InfoWidget::InfoWidget(InitArgs const& args) : StandardPanel(args), target_(args.target) {
   setPersistable(false);
+  // A window moved or resized, by the user or anyone: the lines say where
+  // it is now.
+  windowGuard_ = GlobManager::notifier().addListener(
+      Zo::Ptr<iCallbackBase<int, GlobManagerEvent>>(
+          new MethodCallback<InfoWidget, GlobManagerEvent>(this, &InfoWidget::handleWindowChange)),
+      NotifyMsgTypeDictionary::instance().anyType());
+}
+
+int GlobInspector::InfoWidget::handleWindowChange(GlobManagerEvent const& event) {
+  bool const moved = event.kind == GlobManagerEvent::kMoved || event.kind == GlobManagerEvent::kResized;
+  if (Glob* target = getTarget(); moved && target && event.glob == target->getRootParent())
+    invalidate();
+  return 0;
 }
 
 GlobInspector::InfoWidget::~InfoWidget() { setHighlighted(false); }

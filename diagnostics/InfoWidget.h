@@ -3,6 +3,7 @@
 #include <zowidgets/diagnostics/GlobProbe.h>
 #include <zowidgets/diagnostics/LabelledLine.h>
 #include <zowidgets/host/drawing/Palette.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 
 // One row of a GlobInspector: three lines about one widget, its type; its
 // size and position, with " (heavy)" for a widget with a window of its own;
@@ -55,7 +56,10 @@ private:
   // Lays the changed widget out again and shows the change at once, here too.
   void showChange(Glob* changed);
 
+  int handleWindowChange(GlobManagerEvent const& event);
+
   GlobHandle target_;
+  Zo::Ptr<Zo::Guard> windowGuard_;
   Palette savedPalette_;
   bool hadOwnPalette_ = false;
   GlobHandle highlight_;

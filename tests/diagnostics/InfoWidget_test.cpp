@@ -42,6 +42,16 @@ TEST_F(InfoWidgetTest, ARowIsThreeRowsHighAndTellsTypeSizePositionAndBorder) {
   EXPECT_GE(swatchRow().width(), GlobInspector::InfoWidget::calcWidth(*panel)) << "room for the longest row";
 }
 
+TEST_F(InfoWidgetTest, TheRowsAreDrawnAgainWhenTheInspectedWindowMoves) {
+  inspectSwatch();
+  GlobManager::redisplay();
+  int const paints = inspector->canvas()->paintCount();
+  panel->canvas()->move(XY<int>(60, 80));
+  GlobManager::redisplay();
+  EXPECT_GT(inspector->canvas()->paintCount(), paints);
+  EXPECT_EQ(rowText(panelRow())[1], L"Size 300 x 200|Position 60, 80 (heavy)");
+}
+
 TEST_F(InfoWidgetTest, TheMenuOffersBorderShadowStandardWidgetsAndVisibility) {
   inspectSwatch();
   openMenuOn(panelRow());
