@@ -47,9 +47,9 @@ Glob* buildGroupsPage(PageContext const& context) {
   args.title = L"Recessed section";
   args.separatorStyle = WidgetGroup::kSeparatorFrame;
   last = addGroup<WidgetGroup2>(*panel, Glob::Below(m.gap, last), args, context.model);
-  args.title = L"Foldable, open";
+  args.title = L"Foldable (starts open)";
   last = addGroup<MinimizableGroup>(*panel, Glob::Below(m.gap, last), args, context.model);
-  args.title = L"Foldable, folded (click to open)";
+  args.title = L"Foldable (starts folded)";
   auto* folded = addGroup<MinimizableGroup>(*panel, Glob::Below(m.gap, last), args, context.model);
   TextLabel::InitArgs below(XY<int>(width, m.row));
   below.text = L"Placed below the groups: moves as they fold";

@@ -64,7 +64,7 @@ Glob* buildImagesPage(PageContext const& context) {
   XY<int> const regionSize(m.row * 10, m.row * 6);
   XY<int> const browserSize(m.row * 8, regionSize.y);
   StandardPanel* panel = openPageWindow(
-      context, XY<int>(regionSize.x + browserSize.x + 3 * m.gap, regionSize.y + 2 * m.row + 4 * m.gap), L"Images");
+      context, XY<int>(regionSize.x + browserSize.x + 3 * m.gap, regionSize.y + 2 * m.row + 4 * m.gap), L"Image tools");
 
   ImageRegionSelectionView::InitArgs regionArgs{GlobCreationInfo(regionSize)};
   auto* region = panel->createWidget<ImageRegionSelectionView>(regionArgs, Glob::UserTopLeft(m.gap, m.gap));
