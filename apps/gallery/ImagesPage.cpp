@@ -100,9 +100,8 @@ Glob* buildImagesPage(PageContext const& context) {
       PushButton::InitArgs(L"Alpha Channel Editor", XY<int>(m.row * 8, 0)), Glob::RightOf(m.gap, regionLabel));
   openEditor->setCallback(Broadcaster<ButtonEvent>::makeCallback([panel](ButtonEvent const&) {
     AlphaChannelEditorPanel* editor = AlphaChannelEditorPanel::create();
-    LightweightString<wchar_t> const sample = alphaSample();
-    editor->setFileChooser([sample] { return sample; });
-    editor->openFile(sample);
+    // The sample to start with; Open… asks for another in the file chooser.
+    editor->openFile(alphaSample());
     // Five screen pixels an image pixel, so that each can be clicked.
     editor->getRGBView()->setPixelSize(5);
     editor->getAlphaView()->setPixelSize(5);
