@@ -35,6 +35,19 @@ void revealFocusedRow(Glob& focus) {
 
 [[maybe_unused]] bool const revealerAdded = (addFocusRevealer(&revealFocusedRow), true);
 
+// The first widget of a row, the row itself first, that can take the
+// keyboard now; null for none.
+Glob* firstFocusable(Glob* widget) {
+  if (!widget->isShowing() || !widget->isActive())
+    return nullptr;
+  if (widget->canBeIt())
+    return widget;
+  for (Glob* child : widget->getChildren())
+    if (Glob* found = firstFocusable(child))
+      return found;
+  return nullptr;
+}
+
 // A step of the wheel or the bar's buttons: the rows' pitch, a row and the
 // gap after it, so rows a row high come and go whole.
 int rowPitch() { return UifStd::getRowHeight() + UifStd::getRowGap(); }
@@ -142,6 +155,31 @@ int VerticalScrollingBase::handleMessageEvent(LightweightString<char> const& mes
     return 0;
   setScrollOffset(requested);
   return 1;
+}
+
+std::vector<Glob*>::const_iterator VerticalScrollingBase::rowOf(Glob const* widget) const {
+  for (; widget && widget->parent() != view_; widget = widget->parent()) {
+  }
+  return std::find(managed_.begin(), managed_.end(), widget);
+}
+
+int VerticalScrollingBase::handleKeyboardEvent(int key) {
+  bool const up = key == kKeyUp;
+  if (!up && key != kKeyDown)
+    return StandardPanel::handleKeyboardEvent(key);
+  forgetDeadWidgets();
+  auto const row = rowOf(get_kbd_focus());
+  if (row == managed_.end())
+    return StandardPanel::handleKeyboardEvent(key);
+  std::ptrdiff_t const at = row - managed_.begin();
+  std::ptrdiff_t const count = static_cast<std::ptrdiff_t>(managed_.size());
+  for (std::ptrdiff_t next = up ? at - 1 : at + 1; next >= 0 && next < count; next += up ? -1 : 1)
+    if (Glob* target = firstFocusable(managed_[static_cast<std::size_t>(next)])) {
+      target->claimKbdFocus();
+      revealWidget(managed_[static_cast<std::size_t>(next)]);
+      return 1;
+    }
+  return 1; // at the first or last row: the keys stay here
 }
 
 int VerticalScrollingBase::handleMouseEvent(Event const& event) {

@@ -45,6 +45,9 @@ public:
   void resize(double width, double height) override;
   int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override;
   int handleMouseEvent(Event const& event) override;
+  // Up and Down that the focused widget left alone take the keyboard to the
+  // row above or below that has a widget to take it, scrolled into view.
+  int handleKeyboardEvent(int key) override;
 
 protected:
   // Takes a widget already in the view into the stack.
@@ -57,6 +60,8 @@ private:
   // Puts each managed widget at its place for the present offset.
   void placeManagedWidgets();
   int maxOffset() const;
+  // The managed row holding `widget`, or the end of the rows.
+  std::vector<Glob*>::const_iterator rowOf(Glob const* widget) const;
 
   Glob* view_ = nullptr;
   ScrollBar* scrollBar_ = nullptr;

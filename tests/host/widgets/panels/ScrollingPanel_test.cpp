@@ -1,6 +1,7 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
@@ -111,6 +112,33 @@ TEST_F(VerticalScrollingBaseTest, RowsAsWideAsTheViewFollowItsWidthAndNarrowerOn
   panel->resize(wider - 150, panel->height());
   EXPECT_EQ(rows[0]->width(), panel->getView()->width());
   EXPECT_EQ(topInView(rows[1]), row + rowGap) << "still stacked from the top";
+}
+
+TEST_F(VerticalScrollingBaseTest, UpAndDownTakeTheKeyboardFromRowToRowInSight) {
+  panel->unmanageAllWidgets(true);
+  std::vector<PushButton*> buttons;
+  for (int i = 0; i < 12; ++i)
+    buttons.push_back(panel->createManagedWidget<PushButton>(PushButton::InitArgs(
+        LightweightString<wchar_t>((L"Page " + std::to_wstring(i)).c_str()), XY<int>(panel->getView()->width(), row))));
+  buttons[2]->setVisible(false);
+  panel->recalcWidgetsHeight();
+  panel->resetView();
+  HeadlessInput::clickOn(*buttons[0]);
+  ASSERT_TRUE(buttons[0]->hasKbdFocus());
+  HeadlessInput::key(kKeyUp);
+  EXPECT_TRUE(buttons[0]->hasKbdFocus()) << "the first row keeps it";
+  HeadlessInput::key(kKeyDown);
+  EXPECT_TRUE(buttons[1]->hasKbdFocus());
+  HeadlessInput::key(kKeyDown);
+  EXPECT_TRUE(buttons[3]->hasKbdFocus()) << "past the hidden row";
+  for (int i = 0; i < 8; ++i)
+    HeadlessInput::key(kKeyDown);
+  EXPECT_TRUE(buttons[11]->hasKbdFocus());
+  EXPECT_TRUE(fullyShown(buttons[11])) << "scrolled into view";
+  HeadlessInput::key(kKeyUp);
+  EXPECT_TRUE(buttons[10]->hasKbdFocus());
+  HeadlessInput::key(kKeyDown, kKeyShift);
+  EXPECT_TRUE(buttons[10]->hasKbdFocus()) << "with a modifier, not a row step";
 }
 
 TEST_F(VerticalScrollingBaseTest, UnmanagingForgetsOrDeletesTheRows) {
