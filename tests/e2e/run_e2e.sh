@@ -885,6 +885,34 @@ emoji)
   sleep 0.3
   expect "typing right after the pick" "$(field "$(ask 'widget MultiLineTextBox 0')" text)" \
     "$(printf '\xf0\x9f\x98\x84')Scene 12, take 3\\u000aSound: wind noise on the boom (wind)"
+  # By keyboard alone: Tab to the smiley, Space opens the picker and gives
+  # it the keys, Tab into its search, "dog" and Return narrow it (the
+  # keyboard going to the search's clear button), Tab past the categories
+  # to the grid, Right and Return pick its first emoji, put in at the end
+  # of the note. Escape first closes the
+  # picker still open from the pick above, the keys staying in the box.
+  xdotool key Escape
+  sleep 0.3
+  grep -q '"error"' <<<"$(ask 'widget EmojiView 0')" || fail "Escape left the picker open"
+  before=$(field "$(ask 'widget MultiLineTextBox 0')" text)
+  xdotool key Tab
+  sleep 0.2
+  xdotool key space
+  sleep 0.5
+  xdotool key Tab
+  xdotool type --delay 80 dog
+  xdotool key Return
+  sleep 0.4
+  grep -q '"box"' <<<"$(ask 'widget EmojiView 0')" || fail "the search left no emoji"
+  grep -q '"error"' <<<"$(ask 'widget EmojiView 8')" || fail "the search for dog did not narrow the picker"
+  xdotool key Tab Tab
+  sleep 0.2
+  xdotool key Right Return
+  sleep 0.4
+  after=$(field "$(ask 'widget MultiLineTextBox 0')" text)
+  [ "${after#"$before"}" != "$after" ] && [ -n "${after#"$before"}" ] ||
+    fail "no emoji was picked by keyboard: '$after'"
+  echo "ok: picked by keyboard: ${after#"$before"}"
   # Ctrl+Return enters the text: the editor goes and the page shows the
   # note's first line.
   xdotool key ctrl+Return
