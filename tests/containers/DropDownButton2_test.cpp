@@ -170,12 +170,17 @@ TEST_F(DropDownButton2Test, AClickOnTheOpenButtonClosesItAndAThirdReopens) {
   EXPECT_EQ(button->getState(), 1);
 }
 
+// Down on a button that has the keyboard; the drop-down it opened.
+Glob* openByKeyboard(ColourButton& button) {
+  button.claimKbdFocus();
+  HeadlessInput::key(kKeyDown);
+  DropDownButton2Test::pump();
+  return button.getDropDownHost();
+}
+
 TEST_F(DropDownButton2Test, DownOnTheButtonOpensThePanelAndASecondDownKeepsItOpen) {
   ColourButton* button = openButton();
-  button->claimKbdFocus();
-  HeadlessInput::key(kKeyDown);
-  pump();
-  Glob* host = button->getDropDownHost();
+  Glob* host = openByKeyboard(*button);
   ASSERT_NE(host, nullptr);
   EXPECT_EQ(button->getState(), 1);
   button->claimKbdFocus();
@@ -198,10 +203,7 @@ TEST_F(DropDownButton2Test, EscapeDismissesThePanel) {
 
 TEST_F(DropDownButton2Test, TheOpenPanelTakesTheKeysAndEscapeGivesThemBackToTheButton) {
   ColourButton* button = openButton();
-  button->claimKbdFocus();
-  HeadlessInput::key(kKeyDown);
-  pump();
-  Glob* host = button->getDropDownHost();
+  Glob* host = openByKeyboard(*button);
   ASSERT_NE(host, nullptr);
   EXPECT_FALSE(button->hasKbdFocus()) << "keys go to the panel shown";
   HeadlessInput::key(kKeyTab);

@@ -21,6 +21,16 @@ public:
 
 using PanelLayoutCallsTest = HeadlessScreenTest;
 
+// A realized panel with the footer's main action, recording its calls.
+ActionPanel* openActionPanel() {
+  StandardPanel::InitArgs args(XY<int>(300, 200));
+  args.screenPosition = XY<int>(100, 100);
+  args.standardWidgets = StandardPanel::kDoIt;
+  auto* panel = new ActionPanel(args);
+  GlobManager::realize(panel);
+  return panel;
+}
+
 TEST_F(PanelLayoutCallsTest, TheUserAreaBordersAreTheDistancesToEachEdge) {
   StandardPanel* panel = openPanel(XY<int>(300, 200), XY<int>(100, 100), StandardPanel::kTitle | StandardPanel::kDoIt,
                                    UIString(L"Effect"));
@@ -84,11 +94,7 @@ TEST_F(PanelLayoutCallsTest, TheFooterPaletteIsTheFootersColour) {
 }
 
 TEST_F(PanelLayoutCallsTest, DoItMsgCarriesOutTheMainActionAsTheFooterButtonDoes) {
-  StandardPanel::InitArgs args(XY<int>(300, 200));
-  args.screenPosition = XY<int>(100, 100);
-  args.standardWidgets = StandardPanel::kDoIt;
-  auto* panel = new ActionPanel(args);
-  GlobManager::realize(panel);
+  ActionPanel* panel = openActionPanel();
   panel->doItMsg();
   std::vector<std::string> const expected{"handleDoIt", std::string(StandardPanel::kDoItMsg) + " from itself"};
   EXPECT_EQ(panel->calls, expected);
@@ -99,11 +105,7 @@ TEST_F(PanelLayoutCallsTest, DoItMsgCarriesOutTheMainActionAsTheFooterButtonDoes
 }
 
 TEST_F(PanelLayoutCallsTest, ReturnThatNoWidgetUsesCarriesOutTheFootersAction) {
-  StandardPanel::InitArgs args(XY<int>(300, 200));
-  args.screenPosition = XY<int>(100, 100);
-  args.standardWidgets = StandardPanel::kDoIt;
-  auto* panel = new ActionPanel(args);
-  GlobManager::realize(panel);
+  ActionPanel* panel = openActionPanel();
   HeadlessInput::key(kKeyReturn);
   HeadlessInput::key(kKeyReturn, kKeyCtrl);
   std::vector<std::string> const twice{"handleDoIt", std::string(StandardPanel::kDoItMsg) + " from itself",
