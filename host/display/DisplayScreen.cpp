@@ -223,6 +223,13 @@ struct DisplayScreen::State {
     canvas.resizedOnScreen(otherCorner(topLeft, size.y), size);
     InputRouter::mouseMoved(pointer(), modifiers);
   }
+  // A window another program destroyed is closed as its close box would.
+  void closeDestroyedWindows() const {
+    for (unsigned long const destroyed : x11->takeDestroyedWindows())
+      for (auto const& [canvas, shown] : windows)
+        if (nativeX11Window(shown.window) == destroyed && canvas->root())
+          GlobManager::requestDeletion(canvas->root());
+  }
   void showCursor(SDL_Window* window) const {
     if (unsigned long const native = nativeX11Window(window))
       x11->setCursor(native, cursor);
@@ -293,6 +300,7 @@ void DisplayScreen::canvasMapped(Canvas& canvas) {
   if (!window)
     return;
   state_->windows[&canvas] = State::Shown{window, popup};
+  state_->x11->watchWindow(nativeX11Window(window));
   state_->showTitle(canvas, window);
   state_->showClass(window);
   state_->showCursor(window);
@@ -472,6 +480,7 @@ bool DisplayScreen::pumpEvents() {
       break;
     }
   }
+  state_->closeDestroyedWindows();
   Canvas::paintAllPending();
   // One look at the pointer a pump, for the moves and the presses the window
   // library does not report.

@@ -105,7 +105,7 @@ pageindex) extra=(--gallery page-index) ;;
 hints) extra=(--gallery hints) ;;
 spacedivider) extra=(--gallery spacedivider) ;;
 fontbutton) extra=(--gallery fontbutton) ;;
-dialogues) extra=(--gallery dialogues) ;;
+dialogues | destroyed) extra=(--gallery dialogues) ;;
 editor) extra=(--gallery editor) ;;
 forms) extra=(--gallery forms) ;;
 export) extra=(--gallery export) ;;
@@ -1219,6 +1219,23 @@ logger)
   expect "the text's first line" "$(head -n1 "$work/docs/Task log.txt")" 'Render started'
   grep -qx "<script>alert('a log line is only text')</script>" "$work/docs/Task log.txt" ||
     fail "the text file lacks the script line as written"
+  ;;
+destroyed)
+  # Another program destroys one of our windows (the question of the
+  # dialogues page): the program goes on, the window is closed as its close
+  # box would, and the page asks again.
+  before=$(xdotool search --name '' | sort)
+  click_reading PushButton 'Ask yes or no'
+  [ -n "$(widget_reading PushButton No)" ] || fail "no question to destroy"
+  question=$(comm -13 <(echo "$before") <(xdotool search --name '' | sort) | head -1)
+  [ -n "$question" ] || fail "the question's window was not found"
+  xdotool windowclose "$question"
+  sleep 0.5
+  grep -q '"window"' <<<"$(ask state)" || fail "the program is gone after its window was destroyed"
+  [ -z "$(widget_reading PushButton No)" ] || fail "the destroyed question is still open"
+  click_reading PushButton 'Ask yes or no'
+  click_reading PushButton No
+  [ -n "$(widget_reading TextLabel 'Answer: no')" ] || fail "a new question was not answered"
   ;;
 dialogues)
   # The dialogues page: "Ask yes or no" opens a question whose answer shows

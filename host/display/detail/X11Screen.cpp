@@ -14,6 +14,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <map>
+#include <set>
 
 namespace {
 
@@ -78,14 +79,21 @@ void copyPixels(XImage* image, Zo::Image::Surface& out, int dx, int dy) {
 }
 
 // Our windows belong to the window library's own connection and can be gone
-// by the time a request on this one about them (a cursor, a class) arrives:
-// that error is expected and ignored. Every other goes to the handler that
-// was in place, whose default ends the program.
+// by the time a request on this one about them (a cursor, a class) arrives,
+// or destroyed by another program under the window library's feet: a
+// request about a window that is gone fails, on either connection, and is
+// passed over. Every other error goes to the handler that was in place,
+// whose default ends the program.
 Display* ourConnection = nullptr;
 XErrorHandler previousErrorHandler = nullptr;
+std::set<unsigned long>& watchedWindows() {
+  static std::set<unsigned long> windows;
+  return windows;
+}
 
 int ignoreVanishedWindows(Display* display, XErrorEvent* error) {
-  if (display == ourConnection && error->error_code == BadWindow)
+  bool const gone = error->error_code == BadWindow || error->error_code == BadDrawable;
+  if (gone && (display == ourConnection || watchedWindows().count(error->resourceid)))
     return 0;
   return previousErrorHandler ? previousErrorHandler(display, error) : 0;
 }
@@ -219,6 +227,23 @@ void X11Screen::setWindowClass(unsigned long window, std::string const& name, st
   hint.res_class = const_cast<char*>(className.c_str());
   XSetClassHint(state_->display, window, &hint);
   XFlush(state_->display);
+}
+
+void X11Screen::watchWindow(unsigned long window) {
+  if (window == 0)
+    return;
+  watchedWindows().insert(window);
+  XSelectInput(state_->display, window, StructureNotifyMask);
+  XFlush(state_->display);
+}
+
+std::vector<unsigned long> X11Screen::takeDestroyedWindows() {
+  std::vector<unsigned long> destroyed;
+  XEvent event;
+  while (XCheckMaskEvent(state_->display, StructureNotifyMask, &event))
+    if (event.type == DestroyNotify)
+      destroyed.push_back(event.xdestroywindow.window);
+  return destroyed;
 }
 
 void X11Screen::raise(unsigned long window) {

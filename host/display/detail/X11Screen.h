@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 // The X11 services the window library lacks: the desktop's pixels anywhere,
 // the pointer outside our windows, font cursors and the display's density.
@@ -42,6 +43,13 @@ public:
   void setWindowClass(unsigned long window, std::string const& name, std::string const& className);
   // Puts a window in front of its siblings; the keyboard stays where it is.
   void raise(unsigned long window);
+  // Watches one of our windows for its destruction by another program
+  // (xdotool windowclose, a window manager gone wrong); requests about it
+  // that fail once it has gone are passed over rather than ending the
+  // program.
+  void watchWindow(unsigned long window);
+  // The watched windows destroyed since last asked.
+  std::vector<unsigned long> takeDestroyedWindows();
   // Where the keyboard goes: a window of any program, or X's own choices
   // (none, or the window under the pointer), with what follows when that
   // window goes.
