@@ -66,12 +66,7 @@ std::vector<TakenKeyboard>& takenKeyboards() {
 
 bool isAlive(TakenKeyboard const& entry) { return EventHandler::stampOf(entry.widget) == entry.stamp; }
 
-bool isInside(Glob const* widget, Glob const* root) {
-  for (; widget; widget = widget->parent())
-    if (widget == root)
-      return true;
-  return false;
-}
+bool isInside(Glob const* widget, Glob const* root) { return widget == root || isParentedTo(widget, root); }
 
 // Notes that `window` takes the keyboard from `widget`, in another window.
 void rememberKeyboard(Glob* window, Glob& widget) {

@@ -38,7 +38,8 @@ public:
   static bool decrementTabStop();
   // Tab or Shift-Tab in `window` while nothing has the keyboard: the focus
   // goes to its first (last) stop, by the window's tab order when it has
-  // one, else by tree order; true when it moved.
+  // one, else by tree order; true when it moved. Any widget may stand for
+  // the window (a scrolling panel's row entered by Down).
   static bool enterWindow(Glob& window, bool forward);
 
 private:

@@ -1,6 +1,7 @@
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 
 #include <zowidgets/host/toolkit/FocusReveal.h>
+#include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/values/ScrollBar.h>
 
@@ -34,19 +35,6 @@ void revealFocusedRow(Glob& focus) {
 }
 
 [[maybe_unused]] bool const revealerAdded = (addFocusRevealer(&revealFocusedRow), true);
-
-// The first widget of a row, the row itself first, that can take the
-// keyboard now; null for none.
-Glob* firstFocusable(Glob* widget) {
-  if (!widget->isShowing() || !widget->isActive())
-    return nullptr;
-  if (widget->canBeIt())
-    return widget;
-  for (Glob* child : widget->getChildren())
-    if (Glob* found = firstFocusable(child))
-      return found;
-  return nullptr;
-}
 
 // A step of the wheel or the bar's buttons: the rows' pitch, a row and the
 // gap after it, so rows a row high come and go whole.
@@ -158,8 +146,8 @@ int VerticalScrollingBase::handleMessageEvent(LightweightString<char> const& mes
 }
 
 std::vector<Glob*>::const_iterator VerticalScrollingBase::rowOf(Glob const* widget) const {
-  for (; widget && widget->parent() != view_; widget = widget->parent()) {
-  }
+  while (widget && widget->parent() != view_)
+    widget = widget->parent();
   return std::find(managed_.begin(), managed_.end(), widget);
 }
 
@@ -173,12 +161,11 @@ int VerticalScrollingBase::handleKeyboardEvent(int key) {
     return StandardPanel::handleKeyboardEvent(key);
   std::ptrdiff_t const at = row - managed_.begin();
   std::ptrdiff_t const count = static_cast<std::ptrdiff_t>(managed_.size());
+  // Entered as Tab enters a window: by the row's own order, and scrolled
+  // into view by the focus revealer.
   for (std::ptrdiff_t next = up ? at - 1 : at + 1; next >= 0 && next < count; next += up ? -1 : 1)
-    if (Glob* target = firstFocusable(managed_[static_cast<std::size_t>(next)])) {
-      target->claimKbdFocus();
-      revealWidget(managed_[static_cast<std::size_t>(next)]);
+    if (TabOrderManager::enterWindow(*managed_[static_cast<std::size_t>(next)], true))
       return 1;
-    }
   return 1; // at the first or last row: the keys stay here
 }
 
