@@ -34,7 +34,9 @@ private:
   int opened_ = 0;
 };
 
-void openLauncher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
+} // namespace
+
+Launcher::Launcher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
   PageMetrics const m = PageMetrics::current();
   int const rowsShown = std::clamp(static_cast<int>(pages.size()), 1, 16);
   XY<int> const userArea(m.row * 12, rowsShown * m.row + (rowsShown - 1) * m.rowGap);
@@ -61,18 +63,28 @@ void openLauncher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
   }
   launcher->recalcWidgetsHeight();
   launcher->resetView();
+  window_ = launcher;
+  stamp_ = EventHandler::stampOf(launcher);
 }
 
-} // namespace
+bool Launcher::stillOpen() {
+  if (EventHandler::valid(window_, stamp_))
+    return true;
+  for (Glob* window : GlobManager::topLevelWindows())
+    GlobManager::requestDeletion(window);
+  return false;
+}
 
 int runLauncher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
   DisplayScreen* display = displayScreen();
   if (!display)
     return 1;
-  openLauncher(pages, model);
-  auto const allClosed = [] { return GlobManager::topLevelWindows().empty(); };
-  while (!display->runUntil(allClosed, std::chrono::hours(1)))
+  Launcher launcher(pages, model);
+  auto const closed = [&launcher] { return !launcher.stillOpen(); };
+  while (!display->runUntil(closed, std::chrono::hours(1)))
     if (!display->pumpEvents())
       break;
+  // The pages' windows were asked to go; let them, saving what they keep.
+  settleWindows();
   return 0;
 }

@@ -2,9 +2,27 @@
 
 #include "GalleryPage.h"
 
+#include <zowidgets/host/base/IdStamp.h>
+
 #include <vector>
 
-// On a real display: opens a window with a button per page, each opening its
-// page in a window of its own, and runs until the last window closes or the
+class Glob;
+
+// The gallery's main window: a button per page, each opening its page in a
+// window of its own.
+class Launcher {
+public:
+  Launcher(std::vector<GalleryPage> const& pages, GalleryModel& model);
+  Glob* window() const { return window_; }
+  // False once the launcher's window has gone; the pages go with it, as the
+  // launcher is the only way back to them.
+  bool stillOpen();
+
+private:
+  Glob* window_;
+  IdStamp stamp_;
+};
+
+// On a real display: opens the launcher and runs until it closes or the
 // session ends. Returns the program's exit status.
 int runLauncher(std::vector<GalleryPage> const& pages, GalleryModel& model);

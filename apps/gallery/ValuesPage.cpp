@@ -31,6 +31,14 @@ Slider* makeSlider(int width, double min, double max, double increment) {
   return new Slider(args);
 }
 
+// A number box sharing `value` with a slider: each shows the other's edits.
+NumericTextBox* numberBox(int width, ValServer<double>& value, double min, double max) {
+  auto* box = bindTo<WString>(
+      new NumericTextBox(TextBox::InitArgs(GlobCreationInfo(XY<int>(width, UifStd::getRowHeight())))), value);
+  box->setValueRange(min, max);
+  return box;
+}
+
 TextLabel::InitArgs labelArgs(XY<int> size, UIString const& text) {
   TextLabel::InitArgs args(size);
   args.text = text;
@@ -42,19 +50,18 @@ Glob* buildValuesPage(PageContext const& context) {
   int const width = m.row * 16;
   int const field = m.row * 10;
   StandardPanel* panel =
-      openPageWindow(context, XY<int>(width + 2 * m.gap, 9 * m.row + 9 * m.rowGap), L"Values and labels");
+      openPageWindow(context, XY<int>(width + 2 * m.gap, 10 * m.row + 10 * m.rowGap), L"Values and labels");
 
-  // The slider and the number box share the gain: each shows the other's edits.
   Glob* last = titledRow(*panel, Glob::UserTopLeft(m.gap, m.rowGap), width, L"Gain",
                          bindTo<double>(makeSlider(field, 0.0, 1.0, 0.0), context.model.gain));
-  auto* gainBox = bindTo<WString>(new NumericTextBox(TextBox::InitArgs(GlobCreationInfo(XY<int>(field, m.row)))),
-                                  context.model.gain);
-  gainBox->setValueRange(0.0, 1.0);
-  last = titledRow(*panel, Glob::Below(m.rowGap, last), width, L"Gain as a number", gainBox);
+  last = titledRow(*panel, Glob::Below(m.rowGap, last), width, L"Gain as a number",
+                   numberBox(field, context.model.gain, 0.0, 1.0));
 
   Slider* speed = bindTo<double>(makeSlider(field, 0.0, 200.0, 25.0), context.model.speed);
   speed->setPointOfInterest(100.0);
   last = titledRow(*panel, Glob::Below(m.rowGap, last), width, L"Speed %", speed);
+  last = titledRow(*panel, Glob::Below(m.rowGap, last), width, L"Speed as a number",
+                   numberBox(field, context.model.speed, 0.0, 200.0));
   Slider* inactive = makeSlider(field, 0.0, 1.0, 0.0);
   inactive->setPosition(0.6, kRedrawNow);
   last = titledRow(*panel, Glob::Below(m.rowGap, last), width, L"Inactive", inactive);

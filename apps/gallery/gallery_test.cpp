@@ -3,6 +3,7 @@
 #include "GalleryPage.h"
 #include "HeadlessGallery.h"
 #include "HtmlIndex.h"
+#include "Launcher.h"
 #include "PageWindows.h"
 
 #include <zowidgets/export/CompressionWidget.h>
@@ -24,9 +25,11 @@
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/TabbedDialogue.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
+#include <zowidgets/host/widgets/text/NumericTextBox.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
 #include <zowidgets/host/widgets/values/ColourSwatch.h>
+#include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/textentry/DropDownSearchPanel.h>
 #include <zowidgets/textentry/LoginPanel.h>
 
@@ -574,6 +577,55 @@ TEST_F(GalleryTest, CommandsWhoseSafeNamesClashGetPagesOfTheirOwn) {
   EXPECT_NE(findPage(pages, "command-gallery.test_clash-2"), nullptr);
   EXPECT_TRUE(CommandMap::unregisterCommand("gallery.test/clash"));
   EXPECT_TRUE(CommandMap::unregisterCommand("gallery.test_clash"));
+}
+
+TEST_F(GalleryTest, TheValuesPageShowsTheSpeedAsANumberBesideItsSlider) {
+  Glob& page = openedPage("values");
+  std::vector<Slider*> const sliders = widgetsIn<Slider>(page);
+  std::vector<NumericTextBox*> const boxes = widgetsIn<NumericTextBox>(page);
+  ASSERT_EQ(sliders.size(), 3u);
+  ASSERT_EQ(boxes.size(), 2u);
+  Slider& speed = *sliders[1];
+  NumericTextBox& speedBox = *boxes[1];
+  EXPECT_EQ(speedBox.editor().text(), L"100");
+
+  HeadlessInput::clickOn(speedBox);
+  HeadlessInput::key(kKeyEnd);
+  for (int erase = 0; erase < 3; ++erase)
+    HeadlessInput::key(kKeyBackspace);
+  HeadlessInput::typeText("150");
+  HeadlessInput::key(kKeyReturn);
+  settleWindows();
+  EXPECT_DOUBLE_EQ(speed.getPosition(), 150.0);
+  EXPECT_DOUBLE_EQ(model.speed.get(), 150.0);
+
+  model.speed = 75.0;
+  settleWindows();
+  EXPECT_EQ(speedBox.editor().text(), L"75");
+}
+
+TEST_F(GalleryTest, ClosingTheLauncherClosesThePagesItOpened) {
+  std::vector<GalleryPage> const pages = allPages();
+  Launcher launcher(pages, model);
+  auto* launcherWindow = dynamic_cast<StandardPanel*>(launcher.window());
+  ASSERT_NE(launcherWindow, nullptr);
+  std::vector<PushButton*> const buttons = widgetsIn<PushButton>(*launcherWindow);
+  ASSERT_GE(buttons.size(), 2u);
+  for (PushButton* button : {buttons[0], buttons[1]}) {
+    std::size_t const before = GlobManager::topLevelWindows().size();
+    HeadlessInput::clickOn(*button);
+    settleWindows();
+    ASSERT_GT(GlobManager::topLevelWindows().size(), before);
+  }
+  EXPECT_TRUE(launcher.stillOpen());
+
+  Zo::Box<int> const close = launcherWindow->getStandardWidgetBox(StandardPanel::kPoot);
+  ASSERT_FALSE(close.empty());
+  HeadlessInput::clickOn(*launcherWindow, XY<int>((close.x0 + close.x1) / 2, (close.y0 + close.y1) / 2));
+  settleWindows();
+  EXPECT_FALSE(launcher.stillOpen());
+  settleWindows();
+  EXPECT_TRUE(GlobManager::topLevelWindows().empty());
 }
 
 } // namespace
