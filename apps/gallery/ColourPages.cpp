@@ -31,6 +31,8 @@ Glob* buildColourPage(PageContext const& context) {
                                                   ColourPicker::InitArgs(flags, clipColour().get()));
   auto* button = panel->createWidget<DropDownColourPickerButton>(buttonArgs, Glob::RightOf(m.gap, legend));
   button->setDataAdaptor(bindToClipColour());
+  // Dragged by its edge, the open picker tears off to stay as a window.
+  button->setDetachMode(1);
 
   ColourPicker::InitArgs pickerArgs(flags, clipColour().get());
   pickerArgs.dataAdaptor = bindToClipColour();
@@ -39,7 +41,8 @@ Glob* buildColourPage(PageContext const& context) {
 }
 
 PageRegistrar const colourPage{"colour", "Colour picker",
-                               "A swatch button that opens the colour picker in a drop-down (click it), and the "
+                               "A swatch button that opens the colour picker in a drop-down (click it; drag the "
+                               "drop-down's edge to tear it off as a window of its own), and the "
                                "picker itself with an alpha row; both edit one clip colour, so an edit in either "
                                "shows in the other. The pipette picks a colour off the screen",
                                buildColourPage};

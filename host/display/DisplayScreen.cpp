@@ -361,6 +361,15 @@ void DisplayScreen::canvasRetitled(Canvas& canvas) {
     state_->showTitle(canvas, found->second.window);
 }
 
+// A window's kind is fixed when it is made (a popup is not managed by a
+// window manager, a panel is): it is made again as the new kind, in place.
+void DisplayScreen::canvasKindChanged(Canvas& canvas) {
+  if (!state_->windows.count(&canvas))
+    return;
+  canvasUnmapped(canvas);
+  canvasMapped(canvas);
+}
+
 void DisplayScreen::canvasPainted(Canvas& canvas, Zo::Box<int> const& damage) {
   auto found = state_->windows.find(&canvas);
   Zo::Image::Surface const& pixels = canvas.surface();

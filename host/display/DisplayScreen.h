@@ -26,6 +26,7 @@ public:
   void canvasRaised(Canvas& canvas) override;
   void canvasKeptInFront(Canvas& canvas) override;
   void canvasRetitled(Canvas& canvas) override;
+  void canvasKindChanged(Canvas& canvas) override;
   void canvasPainted(Canvas& canvas, Zo::Box<int> const& damage) override;
   void cursorChanged(int cursorId) override;
   Zo::Image::Surface grab(Zo::Box<int> const& area) override;

@@ -26,6 +26,9 @@ public:
   virtual void canvasKeptInFront(Canvas&) {}
   // The canvas's title (Canvas::title) changed.
   virtual void canvasRetitled(Canvas&) {}
+  // The root's window kind changed (a drop-down torn off to float as a
+  // panel): the window is shown as one of its new kind.
+  virtual void canvasKindChanged(Canvas&) {}
   // `damage` (canvas coordinates) has new pixels.
   virtual void canvasPainted(Canvas&, Zo::Box<int> const& damage) = 0;
   virtual void cursorChanged(int cursorId) = 0;

@@ -17,8 +17,21 @@ std::vector<Canvas*>& canvases() {
   return list;
 }
 
-bool isDialogue(Canvas const* canvas) {
-  return canvas->root() && canvas->root()->windowKind() == Glob::eWindowKind::kDialogue;
+// Which windows stay in front of which: panels, then dialogues, then popups
+// and tips (a dialogue's own menu over the dialogue).
+int layerOf(Canvas const* canvas) {
+  if (!canvas->root())
+    return 0;
+  switch (canvas->root()->windowKind()) {
+  case Glob::eWindowKind::kPanel:
+    return 0;
+  case Glob::eWindowKind::kDialogue:
+    return 1;
+  case Glob::eWindowKind::kPopupMenu:
+  case Glob::eWindowKind::kTip:
+    return 2;
+  }
+  return 0;
 }
 
 // Widgets belong to the user-interface thread; another thread's redraw
@@ -105,9 +118,9 @@ void Canvas::map() {
     return;
   mapped_ = true;
   screenBackend().canvasMapped(*this);
-  // A window shown comes up in front of the others: the dialogues go back
-  // in front of it.
-  keepDialoguesInFront();
+  // A window shown comes up in front of the others: the dialogues and
+  // popups go back in front of it.
+  keepHigherLayersInFront();
   addDamage(Zo::Box<int>(0, 0, size_.x, size_.y));
   GlobRegistry::windowShown(root_);
 }
@@ -126,34 +139,41 @@ void Canvas::popToTop() {
   auto found = std::find(list.begin(), list.end(), this);
   if (found == list.end())
     return;
-  // In front already: last, or for a panel, behind nothing but dialogues
-  // (a press in the panel in front raises nothing).
-  bool const panel = root_ && root_->windowKind() == Glob::eWindowKind::kPanel;
-  if (std::all_of(found + 1, list.end(), [panel](Canvas const* after) { return panel && isDialogue(after); }))
+  // In front already: behind nothing but windows of higher layers (a press
+  // in the panel in front raises nothing).
+  int const layer = layerOf(this);
+  if (std::all_of(found + 1, list.end(), [layer](Canvas const* after) { return layerOf(after) > layer; }))
     return;
   list.erase(found);
   list.push_back(this);
   if (mapped_)
     screenBackend().canvasRaised(*this);
-  keepDialoguesInFront();
+  keepHigherLayersInFront();
 }
 
-void Canvas::keepDialoguesInFront() {
-  // A popup (a dialogue's own menu say) stays in front of everything.
-  if (!root_ || root_->windowKind() != Glob::eWindowKind::kPanel)
-    return;
+void Canvas::keepHigherLayersInFront() {
+  int const layer = layerOf(this);
   auto& list = canvases();
-  std::vector<Canvas*> dialogues;
-  std::copy_if(list.begin(), list.end(), std::back_inserter(dialogues), isDialogue);
-  for (Canvas* dialogue : dialogues) {
-    std::erase(list, dialogue);
-    list.push_back(dialogue);
-    if (dialogue->mapped_)
-      screenBackend().canvasKeptInFront(*dialogue);
+  std::vector<Canvas*> higher;
+  std::copy_if(list.begin(), list.end(), std::back_inserter(higher),
+               [layer](Canvas const* canvas) { return layerOf(canvas) > layer; });
+  std::stable_sort(higher.begin(), higher.end(),
+                   [](Canvas const* a, Canvas const* b) { return layerOf(a) < layerOf(b); });
+  for (Canvas* front : higher) {
+    std::erase(list, front);
+    list.push_back(front);
+    if (front->mapped_)
+      screenBackend().canvasKeptInFront(*front);
   }
 }
 
 LightweightString<wchar_t> Canvas::title() const { return root_ ? root_->windowTitle() : LightweightString<wchar_t>(); }
+
+void Canvas::kindChanged() {
+  if (mapped_)
+    screenBackend().canvasKindChanged(*this);
+  keepHigherLayersInFront();
+}
 
 void Canvas::titleChanged() {
   if (mapped_)

@@ -45,6 +45,8 @@ public:
   LightweightString<wchar_t> title() const;
   // Tells the screen that title() changed.
   void titleChanged();
+  // Tells the screen that the root's windowKind() changed.
+  void kindChanged();
 
   Zo::Image::Surface const& surface() const noexcept { return surface_; }
 
@@ -69,8 +71,9 @@ public:
   static void paintAllPending();
 
 private:
-  // After a panel is raised or shown: the dialogues go back in front of it.
-  void keepDialoguesInFront();
+  // After a window is raised or shown: the windows of higher layers go back
+  // in front of it (dialogues before a panel, popups before both).
+  void keepHigherLayersInFront();
   Glob* root_;
   XY<int> position_;
   XY<int> size_;

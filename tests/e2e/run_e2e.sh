@@ -15,7 +15,7 @@ root_colour | eyedropper | magnifier | picker) needed+=(xsetroot) ;;
 screenshot) needed+=(import compare) ;;
 titles) needed+=(xprop) ;;
 wm_late) needed+=(xprop openbox) ;;
-form_menu_keys) needed+=(xwininfo) ;;
+form_menu_keys | tearoff) needed+=(xwininfo) ;;
 form_menu_wm | form_tip_wm | form_menu_outside_wm) needed+=(openbox xwininfo xmessage) ;;
 moved_wm) needed+=(openbox) ;;
 scale) needed+=(identify) ;;
@@ -115,6 +115,7 @@ images) extra=(--gallery images) ;;
 tablescroll) extra=(--gallery table) ;;
 messages) extra=(--gallery messages) ;;
 gauges) extra=(--gallery gauges) ;;
+tearoff) extra=(--gallery colour) ;;
 files)
   # The files page browses a folder this case makes.
   mkdir -p "$work/files/renders"
@@ -1577,6 +1578,41 @@ gauges)
   expect_within "the gauge after the click" "$(number "$reading" measure)" 700 900
   expect "the bar reaches 60% now" "$(bar_at 60)" "$filled"
   expect "and stops before 95%" "$(bar_at 95)" "$empty"
+  ;;
+tearoff)
+  # The colour page's drop-down picker moves with its window when another
+  # program moves that, and torn off by its edge it is a window of its own,
+  # no longer one that window managers pass over.
+  read -r x y <<<"$(centre "$(ask 'widget DropDownColourPickerButton 0')" box)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.4
+  read -r px py pw ph <<<"$(box "$(ask 'widget ColourPicker 1')" box)"
+  [ -n "$pw" ] || fail "no drop-down picker"
+  xdotool mousemove $((px + pw / 2)) $((py + ph / 2))
+  sleep 0.2
+  eval "$(xdotool getmouselocation --shell)"
+  expect "the drop-down is a popup" "$(xwininfo -id "$WINDOW" | sed -n 's/.*Override Redirect State: //p')" yes
+  page=$(xdotool search --name '^Colour$' | head -n1)
+  [ -n "$page" ] || fail "no Colour window"
+  eval "$(xdotool getwindowgeometry --shell "$page")"
+  xdotool windowmove --sync "$page" $((X + 40)) $((Y + 30))
+  sleep 0.4
+  expect "the drop-down after its window moved" "$(box "$(ask 'widget ColourPicker 1')" box)" \
+    "$((px + 40)) $((py + 30)) $pw $ph"
+  px=$((px + 40)) py=$((py + 30))
+  # Dragged from its left edge, just outside the picker it holds.
+  xdotool mousemove $((px - 1)) $((py + ph / 2)) mousedown 1
+  for step in $(seq 1 8); do
+    xdotool mousemove $((px - 1 + step * 15)) $((py + ph / 2 + step * 5))
+    sleep 0.05
+  done
+  xdotool mouseup 1
+  sleep 0.4
+  eval "$(xdotool getmouselocation --shell)"
+  expect "torn off, a window like the others" \
+    "$(xwininfo -id "$WINDOW" | sed -n 's/.*Override Redirect State: //p')" no
+  read -r tx ty _ _ <<<"$(box "$(ask 'widget ColourPicker 1')" box)"
+  [ "$tx" -gt "$px" ] || fail "the torn-off picker did not follow the drag: $tx against $px"
   ;;
 *)
   fail "unknown case"

@@ -31,6 +31,25 @@ void GlobHandle::requestDeletion() {
 DropDownHostBase::DropDownHostBase(InitArgs const& args)
     : TipWindowBase(args), owner_(args.owner), eventCallback_(args.eventCallback), detachable_(args.detachable) {
   getEventInterceptStack().push(this);
+  if (Glob* owner = owner_.get()) {
+    ownerWindowAt_ = owner->getRootParent()->screenPosition();
+    ownerWindowGuard_ = GlobManager::notifier().addListener(
+        Zo::Ptr<iCallbackBase<int, GlobManagerEvent>>(
+            new MethodCallback<DropDownHostBase, GlobManagerEvent>(this, &DropDownHostBase::followOwnersWindow)),
+        NotifyMsgTypeDictionary::instance().anyType());
+  }
+}
+
+int DropDownHostBase::followOwnersWindow(GlobManagerEvent const& event) {
+  Glob* owner = owner_.get();
+  if (event.kind != GlobManagerEvent::kMoved || !owner || event.glob != owner->getRootParent())
+    return 0;
+  XY<int> const at = event.glob->screenPosition();
+  XY<int> const moved = at - ownerWindowAt_;
+  ownerWindowAt_ = at;
+  if (Canvas* own = canvas(); own && !detached_ && !closing_)
+    own->move(screenPosition() + moved);
+  return 0;
 }
 
 DropDownHostBase::~DropDownHostBase() {
@@ -56,6 +75,8 @@ void DropDownHostBase::detach() {
   // The user area keeps its size: the tip goes and a title bar comes.
   Zo::Box<int> const user = getUserArea();
   detached_ = true;
+  if (Canvas* shown = canvas())
+    shown->kindChanged();
   setMovable(true);
   stopIntercepting();
   Drawable::Suspender holdRedraws;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zowidgets/host/base/NotifyMsg.h>
+#include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/widgets/popups/TipWindowBase.h>
 #include <zowidgets/values/notify/Callback.h>
 
@@ -30,7 +31,8 @@ private:
 // (a button) with its tip towards it, and closes itself on a press outside
 // it and its owner, or on Escape. A detachable host torn off by a drag of
 // more than a row's height becomes a free window with a title bar: it can be
-// moved and closed there and no longer closes on outside presses.
+// moved and closed there and no longer closes on outside presses. Until
+// then it moves with its owner's window, however that is moved.
 //
 // The owner hears of it through a callback: a NotifyMsg named kEventMsg
 // whose payload is a DropDownHostBase::Event.
@@ -64,7 +66,8 @@ public:
   explicit DropDownHostBase(InitArgs const& args);
   ~DropDownHostBase() override;
   char const* idstring() const override { return "DropDownHostBase"; }
-  eWindowKind windowKind() const override { return eWindowKind::kPopupMenu; }
+  // Torn off, it is a window like the panels.
+  eWindowKind windowKind() const override { return detached_ ? eWindowKind::kPanel : eWindowKind::kPopupMenu; }
   // A drop-down panel is worked in, by Tab and keys as much as the pointer.
   bool takesKeyboardWhenShown() const override { return true; }
 
@@ -110,6 +113,7 @@ protected:
 
 private:
   void report(int kind);
+  int followOwnersWindow(GlobManagerEvent const& event);
   void stopIntercepting();
   bool isOnOwner(XY<int> screen) const;
   int titleBarHeight() const;
@@ -118,6 +122,8 @@ private:
   void resizeFromEdges(Zo::Box<int> const& screenBox);
 
   GlobHandle owner_;
+  Zo::Ptr<Zo::Guard> ownerWindowGuard_;
+  XY<int> ownerWindowAt_;
   Zo::Ptr<iCallbackBase<int, NotifyMsg>> eventCallback_;
   bool detachable_;
   bool detached_ = false;

@@ -209,6 +209,41 @@ TEST_F(DropDownHostBaseTest, DetachingGivesATitleBarInPlaceOfTheTipAndKeepsTheUs
   EXPECT_TRUE(is_good_glob_ptr(host));
 }
 
+TEST_F(DropDownHostBaseTest, TornOffItIsAWindowLikeThePanelsThatAPressOnItsOwnerGoesBehind) {
+  // Apart from the host, which grows a title bar when torn off.
+  StandardPanel* owner = openPanel(XY<int>(200, 40), XY<int>(100, 100));
+  DropDownHostBase* host = openHost(owner, true);
+  EXPECT_EQ(host->windowKind(), Glob::eWindowKind::kPopupMenu);
+  // Attached, it stays in front of its owner when the owner is pressed.
+  HeadlessInput::clickOn(*owner);
+  EXPECT_EQ(Canvas::stack().back(), host->canvas());
+
+  host->detach();
+  EXPECT_EQ(host->windowKind(), Glob::eWindowKind::kPanel);
+  EXPECT_FALSE(host->isPopupWindow());
+  EXPECT_TRUE(host->canvas()->isMapped());
+  HeadlessInput::clickOn(*owner);
+  EXPECT_EQ(Canvas::stack().back(), owner->canvas());
+  HeadlessInput::clickOn(*host);
+  EXPECT_EQ(Canvas::stack().back(), host->canvas());
+}
+
+TEST_F(DropDownHostBaseTest, ItMovesWithItsOwnersWindowUntilTornOff) {
+  StandardPanel* owner = openPanel(XY<int>(200, 40), XY<int>(100, 100));
+  DropDownHostBase* host = openHost(owner, true);
+  XY<int> const start = host->screenPosition();
+  // Moved by another program or a window manager, as the screen reports it.
+  owner->canvas()->movedOnScreen(owner->screenPosition() + XY<int>(30, -20));
+  EXPECT_EQ(host->screenPosition(), start + XY<int>(30, -20));
+  owner->canvas()->move(owner->screenPosition() + XY<int>(-10, 5));
+  EXPECT_EQ(host->screenPosition(), start + XY<int>(20, -15));
+
+  host->detach();
+  XY<int> const torn = host->screenPosition();
+  owner->canvas()->movedOnScreen(owner->screenPosition() + XY<int>(50, 50));
+  EXPECT_EQ(host->screenPosition(), torn);
+}
+
 TEST_F(DropDownHostBaseTest, OnlyResizableEdgesAreWithinReach) {
   StandardPanel* owner = openPanel(XY<int>(200, 40), XY<int>(400, 400));
   DropDownHostBase* host = openHost(owner);
