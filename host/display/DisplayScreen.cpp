@@ -110,6 +110,7 @@ struct DisplayScreen::State {
   struct Shown {
     SDL_Window* window = nullptr;
     bool popup = false;
+    bool goneFromX = false; // destroyed by another program
   };
   std::map<Canvas*, Shown> windows;
   // Our windows in the order the user last worked in them, the latest last:
@@ -224,11 +225,13 @@ struct DisplayScreen::State {
     InputRouter::mouseMoved(pointer(), modifiers);
   }
   // A window another program destroyed is closed as its close box would.
-  void closeDestroyedWindows() const {
+  void closeDestroyedWindows() {
     for (unsigned long const destroyed : x11->takeDestroyedWindows())
-      for (auto const& [canvas, shown] : windows)
-        if (nativeX11Window(shown.window) == destroyed && canvas->root())
+      for (auto& [canvas, shown] : windows)
+        if (nativeX11Window(shown.window) == destroyed && canvas->root()) {
+          shown.goneFromX = true;
           GlobManager::requestDeletion(canvas->root());
+        }
   }
   void showCursor(SDL_Window* window) const {
     if (unsigned long const native = nativeX11Window(window))
@@ -314,7 +317,10 @@ void DisplayScreen::canvasUnmapped(Canvas& canvas) {
   std::vector<Canvas*>& order = state_->workOrder;
   bool const workedInLast = !order.empty() && order.back() == &canvas;
   std::erase(order, &canvas);
-  SDL_DestroyWindow(found->second.window);
+  if (found->second.goneFromX)
+    destroyWindowGoneFromX(found->second.window);
+  else
+    SDL_DestroyWindow(found->second.window);
   state_->windows.erase(found);
   // X gives the keyboard of a window that goes to no one, or to whatever a
   // window manager picks: it goes back to the window the user worked in

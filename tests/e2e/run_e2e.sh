@@ -17,7 +17,7 @@ titles) needed+=(xprop) ;;
 wm_late) needed+=(xprop openbox) ;;
 form_menu_keys | tearoff) needed+=(xwininfo) ;;
 form_menu_wm | form_tip_wm | form_menu_outside_wm) needed+=(openbox xwininfo xmessage) ;;
-moved_wm) needed+=(openbox) ;;
+moved_wm | destroyed_wm) needed+=(openbox) ;;
 scale) needed+=(identify) ;;
 ipaddress) needed+=(xclip) ;;
 export) needed+=(ffprobe) ;;
@@ -105,7 +105,7 @@ pageindex) extra=(--gallery page-index) ;;
 hints) extra=(--gallery hints) ;;
 spacedivider) extra=(--gallery spacedivider) ;;
 fontbutton) extra=(--gallery fontbutton) ;;
-dialogues | destroyed) extra=(--gallery dialogues) ;;
+dialogues | destroyed | destroyed_wm) extra=(--gallery dialogues) ;;
 editor) extra=(--gallery editor) ;;
 forms) extra=(--gallery forms) ;;
 export) extra=(--gallery export) ;;
@@ -1221,14 +1221,16 @@ logger)
   grep -qx "<script>alert('a log line is only text')</script>" "$work/docs/Task log.txt" ||
     fail "the text file lacks the script line as written"
   ;;
-destroyed)
+destroyed | destroyed_wm)
   # Another program destroys one of our windows (the question of the
   # dialogues page): the program goes on, the window is closed as its close
-  # box would, and the page asks again.
-  before=$(xdotool search --name '' | sort)
+  # box would, and the page asks again. (Our windows carry the program's
+  # class; a window manager's frames do not.)
+  ours() { xdotool search --classname "^$(basename "$program")\$" | sort; }
+  before=$(ours)
   click_reading PushButton 'Ask yes or no'
   [ -n "$(widget_reading PushButton No)" ] || fail "no question to destroy"
-  question=$(comm -13 <(echo "$before") <(xdotool search --name '' | sort) | head -1)
+  question=$(comm -13 <(echo "$before") <(ours) | head -1)
   [ -n "$question" ] || fail "the question's window was not found"
   xdotool windowclose "$question"
   sleep 0.5
