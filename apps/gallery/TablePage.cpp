@@ -58,18 +58,19 @@ public:
 
   int getSize() override { return static_cast<int>(events_.size()); }
   std::vector<TableColumnDescription> getColumnDefinitions() override {
-    TableColumnDescription number(UIString(L"Event"), 70);
+    // Widths follow the interface's size, as its text does.
+    TableColumnDescription number(UIString(L"Event"), TableColumnDescription::calcSizeFor(L"0000000"));
     number.setAlignment(Glib::eTextAlignment::Right);
     int const timecodeWidth = TableColumnDescription::calcSizeFor(L"00:00:00:00");
     // A hundred thousand events run to hundreds of hours of record time.
     int const recordWidth = TableColumnDescription::calcSizeFor(L"000:00:00:00");
     return {number,
             TableColumnDescription(UIString(L"Clip"), UifStd::getRowHeight() * 5),
-            TableColumnDescription(UIString(L"Reel"), 90),
+            TableColumnDescription(UIString(L"Reel"), TableColumnDescription::calcSizeFor(L"Reel 0000")),
             TableColumnDescription(UIString(L"Source in"), timecodeWidth),
             TableColumnDescription(UIString(L"Source out"), timecodeWidth),
             TableColumnDescription(UIString(L"Record in"), recordWidth),
-            TableColumnDescription(UIString(L"Notes"), 130)};
+            TableColumnDescription(UIString(L"Notes"), UifStd::getRowHeight() * 5)};
   }
   CellData getCellData(XY<int> const& pos, Palette const& palette) override {
     Event const& event = events_.at(pos.y);

@@ -180,6 +180,22 @@ TEST_F(GalleryTest, TheEditListsRecordColumnHoldsItsLongestTimecode) {
   EXPECT_GE(table.getColumnWidth(record), TableColumnDescription::calcSizeFor(longest));
 }
 
+TEST_F(GalleryTest, TheEditListsColumnsGrowWithTheInterface) {
+  std::vector<int> small;
+  for (TableWidget* table : widgetsOfPage<TableWidget>("table"))
+    for (int column = 0; column < table->numColumns(); ++column)
+      small.push_back(table->getColumnWidth(column));
+  UifStd::setScale(2.0);
+  std::vector<int> large;
+  for (TableWidget* table : widgetsOfPage<TableWidget>("table"))
+    for (int column = 0; column < table->numColumns(); ++column)
+      large.push_back(table->getColumnWidth(column));
+  ASSERT_EQ(large.size(), small.size());
+  ASSERT_FALSE(small.empty());
+  for (std::size_t column = 0; column < small.size(); ++column)
+    EXPECT_GE(large[column], small[column] * 3 / 2) << "column " << column;
+}
+
 TEST_F(GalleryTest, TheEditListSortsNamesWithNumbersAsPeopleReadThem) {
   std::vector<TableWidget*> const tables = widgetsOfPage<TableWidget>("table");
   ASSERT_EQ(tables.size(), 1u);
