@@ -68,7 +68,9 @@ Glob* buildImagesPage(PageContext const& context) {
 
   ImageRegionSelectionView::InitArgs regionArgs{GlobCreationInfo(regionSize)};
   auto* region = panel->createWidget<ImageRegionSelectionView>(regionArgs, Glob::UserTopLeft(m.gap, m.gap));
-  region->setImage(ZoImage::Loader::loadImage(kWallpaper, regionSize));
+  // Loaded at a size of its own, not the view's: the region is in the
+  // picture's pixels, the same at any interface scale.
+  region->setImage(ZoImage::Loader::loadImage(kWallpaper, XY<int>(640, 384)));
   // Half the picture's width at 16:9, in its middle.
   XY<int> const picture = region->getImageSize();
   XY<int> const marked(picture.x / 2, picture.x * 9 / 32);

@@ -196,6 +196,19 @@ TEST_F(GalleryTest, TheEditListsColumnsGrowWithTheInterface) {
     EXPECT_GE(large[column], small[column] * 3 / 2) << "column " << column;
 }
 
+TEST_F(GalleryTest, TheImagesPagesRegionIsInThePicturesPixelsAtAnyScale) {
+  auto regionText = [this] {
+    for (TextLabel* label : widgetsOfPage<TextLabel>("images"))
+      if (label->getString().getString().str().starts_with(L"Region "))
+        return label->getString().getString().str();
+    return std::wstring();
+  };
+  std::wstring const small = regionText();
+  ASSERT_FALSE(small.empty());
+  UifStd::setScale(2.0);
+  EXPECT_EQ(regionText(), small);
+}
+
 TEST_F(GalleryTest, TheEditListSortsNamesWithNumbersAsPeopleReadThem) {
   std::vector<TableWidget*> const tables = widgetsOfPage<TableWidget>("table");
   ASSERT_EQ(tables.size(), 1u);
