@@ -92,11 +92,11 @@ XY<int> GlobManager::getPosForGlob(GlobCreationInfo const& info, WidgetPosition 
 
 XY<int> GlobManager::getSafePosForGlob(Canvas*, XY<int> size, XY<int> position) {
   XY<int> screen = screenBackend().screenSize();
+  // A window larger than the screen keeps its top left corner on it, where
+  // its title bar is (y counts up from the bottom).
   XY<int> safe = position;
-  safe.x = std::min(safe.x, screen.x - size.x);
-  safe.y = std::min(safe.y, screen.y - size.y);
-  safe.x = std::max(safe.x, 0);
-  safe.y = std::max(safe.y, 0);
+  safe.x = std::max(std::min(safe.x, screen.x - size.x), 0);
+  safe.y = std::min(std::max(safe.y, 0), screen.y - size.y);
   return safe;
 }
 
@@ -121,6 +121,8 @@ void GlobManager::realize(Glob* root) {
     GlobCreationInfo info(root->getSize());
     position = calcPosForGlob(info, WidgetPosition{WidgetPosition::kPanelDefault});
   }
+  // Wherever it was asked for, a window comes up on the screen.
+  position = getSafePosForGlob(nullptr, root->getSize(), position);
   root->setCanvas(std::make_unique<Canvas>(root, position, root->getSize()));
   Canvas* canvas = root->canvas();
   canvas->popToTop();

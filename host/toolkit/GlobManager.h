@@ -38,7 +38,8 @@ public:
   // Where a window of `info.size` should go for a position: its explicit
   // screen position, a corner of the screen for corner kinds, or the centre.
   static XY<int> getPosForGlob(GlobCreationInfo const& info, WidgetPosition const& position);
-  // Moves a window's position so that all of it is on the screen, if it fits.
+  // Moves a window's position so that all of it is on the screen, if it fits;
+  // one that does not keeps its top left corner on the screen.
   static XY<int> getSafePosForGlob(Canvas* near, XY<int> size, XY<int> position);
   static XY<int> calcPosForGlob(GlobCreationInfo const& info, WidgetPosition const& position);
   // Moves a realized window opened on behalf of `origin` (a command's

@@ -303,7 +303,10 @@ TEST_F(DropDownButtonExTest, NearTheBottomEdgeThePanelOpensAboveTheButton) {
 }
 
 TEST_F(DropDownButtonExTest, NearTheRightEdgeThePanelStaysOnTheScreen) {
-  StyleButton* button = openButton(StyleButton::kAttached, XY<int>(HeadlessScreen::kDefaultWidth - 80, 600));
+  // A narrow window at the screen's right edge.
+  StyleButton* button =
+      openButton(StyleButton::kAttached, XY<int>(HeadlessScreen::kDefaultWidth - 80, 600), XY<int>(80, 90));
+  ASSERT_GT(screenBoxOf(*button).x0, HeadlessScreen::kDefaultWidth - 80);
   press(*button);
   Panel* panel = panelOf(*button);
   ASSERT_NE(panel, nullptr);

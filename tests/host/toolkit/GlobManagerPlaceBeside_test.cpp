@@ -35,4 +35,20 @@ TEST_F(PlaceBeside, WithoutALiveOriginNothingMoves) {
   EXPECT_EQ(opened->canvas()->screenBox(), before);
 }
 
+TEST_F(PlaceBeside, AWindowAskedForPartlyOffTheScreenComesUpOnIt) {
+  XY<int> const screenSize = screen().screenSize();
+  StandardPanel* right = openPanel(XY<int>(300, 100), XY<int>(screenSize.x - 100, -40));
+  EXPECT_EQ(right->canvas()->screenBox(), Zo::Box<int>(screenSize.x - 300, 0, screenSize.x, 100));
+  StandardPanel* top = openPanel(XY<int>(300, 100), XY<int>(-20, screenSize.y - 30));
+  EXPECT_EQ(top->canvas()->screenBox(), Zo::Box<int>(0, screenSize.y - 100, 300, screenSize.y));
+}
+
+TEST_F(PlaceBeside, AWindowTallerThanTheScreenKeepsItsTopOnIt) {
+  XY<int> const screenSize = screen().screenSize();
+  StandardPanel* tall = openPanel(XY<int>(300, screenSize.y + 200), XY<int>(100, 50));
+  // y counts up from the bottom: the top edge is the screen's.
+  EXPECT_EQ(tall->canvas()->screenBox().y1, screenSize.y);
+  EXPECT_EQ(tall->canvas()->screenBox().x0, 100);
+}
+
 } // namespace
