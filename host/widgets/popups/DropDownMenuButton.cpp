@@ -100,8 +100,9 @@ void DropDownMenuButton::openMenu() {
     return;
   XY<int> const corner = screenPosition();
   Palette const palette = getPalette();
-  menuWindow_ = MenuWindow::open(
-      menu_, corner, [this](MenuData::Change const& change) { handleMenuChange(change); }, width(), canvas(), &palette);
+  menuWindow_ = MenuWindow::openUnder(
+      menu_, Zo::Box<int>(corner.x, corner.y, corner.x + width(), corner.y + height()),
+      [this](MenuData::Change const& change) { handleMenuChange(change); }, width(), canvas(), &palette);
   invalidate();
 }
 

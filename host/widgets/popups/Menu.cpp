@@ -124,6 +124,17 @@ MenuWindow* MenuWindow::open(Menu const& menu, XY<int> topLeft, ChangeHandler on
   return window;
 }
 
+MenuWindow* MenuWindow::openUnder(Menu const& menu, Zo::Box<int> const& owner, ChangeHandler onChange, int minWidth,
+                                  Canvas* near, Palette const* palette) {
+  int const screenHeight = screenBackend().screenSize().y;
+  int const height = calcShownSize(menu, minWidth, screenHeight).y;
+  // Screen y counts up: below the owner ends at its bottom edge.
+  bool const roomBelow = owner.y0 - height >= 0;
+  bool const roomAbove = owner.y1 + height <= screenHeight;
+  int const top = !roomBelow && roomAbove ? owner.y1 + height : owner.y0;
+  return open(menu, XY<int>(owner.x0, top), std::move(onChange), minWidth, near, palette);
+}
+
 void MenuWindow::close(MenuData::Change const& change) {
   if (closing_)
     return;

@@ -115,6 +115,11 @@ public:
   // than the screen is the screen's height and scrolls.
   static MenuWindow* open(Menu const& menu, XY<int> topLeft, ChangeHandler onChange, int minWidth = 0,
                           Canvas* near = nullptr, Palette const* palette = nullptr);
+  // Opens a menu under its owner (a button) whose screen box is `owner`, or
+  // above it when only there it has room: never over the owner while one
+  // side has room for it.
+  static MenuWindow* openUnder(Menu const& menu, Zo::Box<int> const& owner, ChangeHandler onChange, int minWidth = 0,
+                               Canvas* near = nullptr, Palette const* palette = nullptr);
 
   // Ends the menu with `change` (chosen or cancelled); later calls do nothing.
   void close(MenuData::Change const& change);

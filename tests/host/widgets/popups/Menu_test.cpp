@@ -81,6 +81,16 @@ TEST_F(MenuTest, AClickOpensAPopupWindowBelowTheButtonWithTheKeyboardFocus) {
   EXPECT_EQ(window->getHighlighted(), 2);
 }
 
+TEST_F(MenuTest, NearTheScreensBottomTheMenuOpensAboveTheButtonNotOverIt) {
+  // The panel's bottom edge at the screen's: no room below the button.
+  panel->canvas()->move(XY<int>(200, 0));
+  MenuWindow* window = openByClick();
+  ASSERT_NE(window, nullptr);
+  ASSERT_LT(button->screenPosition().y, window->height());
+  EXPECT_EQ(window->screenPosition().y, button->screenPosition().y + button->height());
+  EXPECT_EQ(window->screenPosition().x, button->screenPosition().x);
+}
+
 TEST_F(MenuTest, ArrowKeysSkipHeadingsSeparatorsAndInactiveRowsAndReturnChooses) {
   MenuWindow* window = openByClick();
   ASSERT_NE(window, nullptr);
