@@ -74,6 +74,14 @@ TEST_F(VerticalScrollingBaseTest, TheWheelScrollsARowPerNotchWithinTheRows) {
   EXPECT_EQ(panel->getScrollBar()->getThumbPosition(), 1.0);
 }
 
+TEST_F(VerticalScrollingBaseTest, TheRowTheWheelBringsUnderTheStillPointerIsTheOneHovered) {
+  XY<int> const pointer = HeadlessInput::pointOn(*rows[0]);
+  HeadlessInput::moveTo(pointer);
+  EXPECT_EQ(InputRouter::hoveredWidget(), rows[0]);
+  HeadlessInput::wheel(pointer, -2);
+  EXPECT_EQ(InputRouter::hoveredWidget(), rows[2]);
+}
+
 TEST_F(VerticalScrollingBaseTest, DraggingTheScrollBarScrollsTheView) {
   ScrollBar* bar = panel->getScrollBar();
   XY<int> const grab(bar->width() / 2, bar->height() - 1 - (bar->thumbStart() + bar->thumbLength() / 2));

@@ -1,8 +1,8 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/popups/Menu.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <string>
 
