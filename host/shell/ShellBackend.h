@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/base/LightweightString.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -39,7 +40,11 @@ public:
 // no '/') is started with one document, address or folder at a time, without
 // a shell, and left to run; a reveal opens each distinct folder holding the
 // targets once. Its clipboard holds text inside this process, and it cannot
-// drag: that needs a window, which a display backend has.
-ZO_API std::shared_ptr<iShellBackend> makeXdgShell(std::string opener = "xdg-open");
+// drag: that needs a window, which a display backend has. An opener that
+// ends in failure (no program took the document: the desktop's opener says
+// so by its exit status) is reported to `failed` with its target, on a
+// thread of its own, when one is given.
+using OpenFailedHandler = std::function<void(LightweightString<wchar_t> const& target)>;
+ZO_API std::shared_ptr<iShellBackend> makeXdgShell(std::string opener = "xdg-open", OpenFailedHandler failed = {});
 
 } // namespace Zo

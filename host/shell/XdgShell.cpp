@@ -25,7 +25,7 @@ WString folderHolding(WString const& path) {
 
 class XdgShell : public iShellBackend {
 public:
-  explicit XdgShell(std::string opener) : opener_(std::move(opener)) {}
+  XdgShell(std::string opener, OpenFailedHandler failed) : opener_(std::move(opener)), failed_(std::move(failed)) {}
 
   WString clipboardText() override {
     std::lock_guard lock(mutex_);
@@ -74,22 +74,24 @@ private:
     pid_t child = 0;
     if (posix_spawnp(&child, opener_.c_str(), nullptr, nullptr, argv, environ) != 0)
       return false;
-    std::thread([child] {
+    std::thread([child, target, failed = failed_] {
       int status = 0;
-      waitpid(child, &status, 0);
+      if (waitpid(child, &status, 0) == child && failed && !(WIFEXITED(status) && WEXITSTATUS(status) == 0))
+        failed(target);
     }).detach();
     return true;
   }
 
   std::string const opener_;
+  OpenFailedHandler const failed_;
   std::mutex mutex_;
   WString clipboard_;
 };
 
 } // namespace
 
-std::shared_ptr<iShellBackend> makeXdgShell(std::string opener) {
-  return std::make_shared<XdgShell>(std::move(opener));
+std::shared_ptr<iShellBackend> makeXdgShell(std::string opener, OpenFailedHandler failed) {
+  return std::make_shared<XdgShell>(std::move(opener), std::move(failed));
 }
 
 } // namespace Zo

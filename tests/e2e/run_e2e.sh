@@ -116,6 +116,7 @@ tablescroll) extra=(--gallery table) ;;
 messages) extra=(--gallery messages) ;;
 gauges) extra=(--gallery gauges) ;;
 tearoff) extra=(--gallery colour) ;;
+openfailed) extra=(--gallery buttons) ;;
 files)
   # The files page browses a folder this case makes.
   mkdir -p "$work/files/renders"
@@ -133,6 +134,14 @@ if [ "$case_name" = logger ] || [ "$case_name" = startup ]; then
   export PATH="$work/bin:$PATH"
   export XDG_CONFIG_HOME="$work/xdg"
   echo "XDG_DOCUMENTS_DIR=\"$work/docs\"" >"$work/xdg/user-dirs.dirs"
+fi
+if [ "$case_name" = openfailed ]; then
+  # The desktop's opener finds nothing to open the link with, as its exit
+  # status says.
+  mkdir -p "$work/bin"
+  printf '#!/bin/sh\necho "$@" >>"%s/opened"\nexit 3\n' "$work" >"$work/bin/xdg-open"
+  chmod +x "$work/bin/xdg-open"
+  export PATH="$work/bin:$PATH"
 fi
 "$program" --display "${extra[@]}" <"$work/commands" >"$work/answers" 2>"$work/stderr" &
 pids+=($!)
@@ -1615,6 +1624,20 @@ tearoff)
     "$(xwininfo -id "$WINDOW" | sed -n 's/.*Override Redirect State: //p')" no
   read -r tx ty _ _ <<<"$(box "$(ask 'widget ColourPicker 1')" box)"
   [ "$tx" -gt "$px" ] || fail "the torn-off picker did not follow the drag: $tx against $px"
+  ;;
+openfailed)
+  # A link that nothing on the computer opens says so, instead of nothing.
+  click_reading LinkButton 'Project page'
+  expect "the opener was asked" "$(cat "$work/opened" 2>/dev/null)" 'https://example.org/zowidgets'
+  for _ in $(seq 40); do
+    reading=$(widget_reading warn 'Nothing on this computer could open https://example.org/zowidgets.')
+    [ -n "$reading" ] && break
+    sleep 0.05
+  done
+  [ -n "$reading" ] || fail "no message that the link could not be opened"
+  click_reading PushButton OK
+  [ -z "$(widget_reading warn 'Nothing on this computer could open https://example.org/zowidgets.')" ] ||
+    fail "OK left the message open"
   ;;
 *)
   fail "unknown case"

@@ -1,8 +1,19 @@
 #include <zowidgets/host/display/detail/DisplayShell.h>
 
+#include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/widgets/panels/Message.h>
+
 #include <SDL.h>
 
 namespace {
+
+// A link or document that nothing opened: the user is told, not left
+// waiting for a browser that never comes.
+void tellOpenFailed(LightweightString<wchar_t> const& target) {
+  defer([target] {
+    makeMessage(UIString(L"Nothing on this computer could open " + target.str() + L"."), UIString(L"Could not open"));
+  });
+}
 
 class DisplayShell : public Zo::iShellBackend {
 public:
@@ -18,7 +29,7 @@ public:
   bool perform(Zo::ShellRequest const& request) override { return opener_->perform(request); }
 
 private:
-  std::shared_ptr<Zo::iShellBackend> opener_ = Zo::makeXdgShell();
+  std::shared_ptr<Zo::iShellBackend> opener_ = Zo::makeXdgShell("xdg-open", &tellOpenFailed);
 };
 
 } // namespace

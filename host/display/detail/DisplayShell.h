@@ -6,6 +6,7 @@
 
 namespace Zo {
 // The desktop's services for the display backend: the session's clipboard,
-// and documents opened through xdg-open.
+// and documents opened through xdg-open, with a message when nothing could
+// open one.
 ZO_API std::shared_ptr<iShellBackend> makeDisplayShell();
 } // namespace Zo

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <fstream>
+#include <mutex>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -119,6 +120,46 @@ TEST(XdgShell, MissingOpenerReportsFailure) {
   EXPECT_FALSE(shell->perform({Kind::reveal, {L"/a.html"}}));
   auto unknown = Zo::makeXdgShell("zowidgets-no-such-program-on-path");
   EXPECT_FALSE(unknown->perform({Kind::open, {L"/a.html"}}));
+}
+
+// Waits for the failure reports of the opener's runs, up to ten seconds.
+class FailureLog {
+public:
+  Zo::OpenFailedHandler handler() {
+    return [this](WString const& target) {
+      std::lock_guard lock(mutex_);
+      targets_.push_back(target.toUTF8().str());
+    };
+  }
+  std::vector<std::string> after(std::chrono::milliseconds wait) {
+    std::this_thread::sleep_for(wait);
+    std::lock_guard lock(mutex_);
+    return targets_;
+  }
+
+private:
+  std::mutex mutex_;
+  std::vector<std::string> targets_;
+};
+
+TEST(XdgShell, AnOpenerThatFailsIsReportedWithItsTarget) {
+  FailureLog failures;
+  auto shell = Zo::makeXdgShell("false", failures.handler());
+  EXPECT_TRUE(shell->perform({Kind::open, {L"https://example.org/notes"}}));
+  std::vector<std::string> reported;
+  for (int wait = 0; wait < 100 && reported.empty(); ++wait)
+    reported = failures.after(std::chrono::milliseconds(100));
+  EXPECT_EQ(reported, std::vector<std::string>{"https://example.org/notes"});
+}
+
+TEST(XdgShell, AnOpenerThatSucceedsIsNotReported) {
+  FailureLog failures;
+  FakeOpener opener;
+  auto shell = Zo::makeXdgShell(opener.program(), failures.handler());
+  EXPECT_TRUE(shell->perform({Kind::open, {L"https://example.org/notes"}}));
+  EXPECT_EQ(opener.waitForRuns(1), std::vector<std::string>{"https://example.org/notes"});
+  // The run has ended; its reaper would have reported by now.
+  EXPECT_TRUE(failures.after(std::chrono::milliseconds(200)).empty());
 }
 
 TEST(XdgShell, ClipboardHoldsTextInProcess) {
