@@ -10,8 +10,8 @@ constexpr char const* kCategoryKey = "cat";
 } // namespace
 
 FontItem::FontItem(LightweightString<char> const& name, eFontCategory category)
-    : name_(name), wideName_(LightweightString<wchar_t>::fromUTF8(name.view())), category_(category), font_(name, 0, 0),
-      id_(makeID(name, category)) {}
+    : name_(name), wideName_(LightweightString<wchar_t>::fromUTF8(name.view())), category_(category),
+      font_(Glib::drawsLatinText(name) ? Glib::FontDesc(name, 0, 0) : Glib::FontDesc()), id_(makeID(name, category)) {}
 
 LightweightString<wchar_t> FontItem::makeID(LightweightString<char> const& name, eFontCategory category) {
   JSON::Builder builder(JSON::Builder::kCompact);

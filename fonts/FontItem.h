@@ -11,7 +11,9 @@ enum eFontCategory : int {
 };
 
 // One row of a font chooser: a family, its part of the list, and the font
-// the row is drawn in (the family itself, at the interface size). Its id is
+// the row is drawn in (the family itself, at the interface size; the
+// interface font for a family that cannot spell its name in Latin letters,
+// Glib::drawsLatinText). Its id is
 // a small JSON text of family and category, so the same family's recent row
 // and ordinary row are told apart.
 class ZO_API FontItem {

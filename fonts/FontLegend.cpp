@@ -1,9 +1,12 @@
 #include <zowidgets/fonts/FontLegend.h>
 
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 
 Glib::FontDesc legendFontFor(FontDefinition const& font) {
-  return Glib::FontDesc(font.name.toUTF8(), 0, font.style & (Glib::FontDesc::kBold | Glib::FontDesc::kItalic));
+  LightweightString<char> const family = font.name.toUTF8();
+  return Glib::FontDesc(Glib::drawsLatinText(family) ? family : UifStd::getFont().family(), 0,
+                        font.style & (Glib::FontDesc::kBold | Glib::FontDesc::kItalic));
 }
 
 void showFontLegend(Button& button, FontDefinition const& font) {

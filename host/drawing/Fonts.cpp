@@ -7,6 +7,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string_view>
 
 #include <fontconfig/fontconfig.h>
@@ -44,48 +45,83 @@ char const* familyOf(FcPattern* font) {
 
 using FamilyList = std::vector<LightweightString<char>>;
 
+struct InstalledFonts {
+  std::shared_ptr<FamilyList const> families = std::make_shared<FamilyList const>();
+  std::set<LightweightString<char>> withoutLatin;
+};
+
+// Whether a face marked as a symbol font, or one that has none of the Latin
+// letters.
+bool lacksLatin(FcPattern* font) {
+  FcBool symbol = FcFalse;
+  if (FcPatternGetBool(font, FC_SYMBOL, 0, &symbol) == FcResultMatch && symbol)
+    return true;
+  FcCharSet* letters = nullptr;
+  if (FcPatternGetCharSet(font, FC_CHARSET, 0, &letters) != FcResultMatch || !letters)
+    return false;
+  for (FcChar32 letter = 'A'; letter <= 'Z'; ++letter)
+    if (FcCharSetHasChar(letters, letter) || FcCharSetHasChar(letters, letter + ('a' - 'A')))
+      return false;
+  return true;
+}
+
 // The installed families as read from a font configuration; empty when it
 // could not be read.
-FamilyList readFamilies(FcConfig* config) {
+InstalledFonts readFamilies(FcConfig* config) {
+  InstalledFonts installed;
   FamilyList families;
   std::unique_ptr<FcPattern, PatternFree> anyFont(FcPatternCreate());
-  std::unique_ptr<FcObjectSet, ObjectSetFree> names(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, nullptr));
+  std::unique_ptr<FcObjectSet, ObjectSetFree> names(
+      FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_SYMBOL, FC_CHARSET, nullptr));
   if (!config || !anyFont || !names)
-    return families;
+    return installed;
   std::unique_ptr<FcFontSet, FontSetFree> fonts(FcFontList(config, anyFont.get(), names.get()));
   if (!fonts)
-    return families;
+    return installed;
   for (int i = 0; i < fonts->nfont; ++i) {
-    if (char const* family = familyOf(fonts->fonts[i]); family && *family)
+    if (char const* family = familyOf(fonts->fonts[i]); family && *family) {
       families.emplace_back(family);
+      if (lacksLatin(fonts->fonts[i]))
+        installed.withoutLatin.insert(LightweightString<char>(family));
+    }
   }
   std::sort(families.begin(), families.end());
   families.erase(std::unique(families.begin(), families.end()), families.end());
-  return families;
+  installed.families = std::make_shared<FamilyList const>(std::move(families));
+  return installed;
+}
+
+// A configuration of our own, kept while its files and font folders stay
+// as they were: reading it costs milliseconds, checking it a stat of each
+// font folder, so it is checked at most once a second; fonts installed
+// while the program runs are listed a second later.
+template <class Answer> auto withInstalledFonts(Answer const& answer) {
+  static std::mutex mutex;
+  static std::unique_ptr<FcConfig, ConfigFree> config;
+  static InstalledFonts installed;
+  static std::optional<std::chrono::steady_clock::time_point> checked;
+  std::lock_guard<std::mutex> const lock(mutex);
+  auto const now = std::chrono::steady_clock::now();
+  // A configuration that failed to load is tried again no sooner either.
+  if (!checked || now - *checked >= std::chrono::seconds(1)) {
+    checked = now;
+    if (!config || !FcConfigUptoDate(config.get())) {
+      config.reset(FcInitLoadConfigAndFonts());
+      installed = readFamilies(config.get());
+    }
+  }
+  return answer(installed);
 }
 
 } // namespace
 
 std::shared_ptr<std::vector<LightweightString<char>> const> getAvailableFontsShared() {
-  // A configuration of our own, kept while its files and font folders stay
-  // as they were: reading it costs milliseconds, checking it a stat of each
-  // font folder, so it is checked at most once a second; fonts installed
-  // while the program runs are listed a second later.
-  static std::mutex mutex;
-  static std::unique_ptr<FcConfig, ConfigFree> config;
-  static std::shared_ptr<FamilyList const> families = std::make_shared<FamilyList const>();
-  static std::optional<std::chrono::steady_clock::time_point> checked;
-  std::lock_guard<std::mutex> const lock(mutex);
-  auto const now = std::chrono::steady_clock::now();
-  // A configuration that failed to load is tried again no sooner either.
-  if (checked && now - *checked < std::chrono::seconds(1))
-    return families;
-  checked = now;
-  if (config && FcConfigUptoDate(config.get()))
-    return families;
-  config.reset(FcInitLoadConfigAndFonts());
-  families = std::make_shared<FamilyList const>(readFamilies(config.get()));
-  return families;
+  return withInstalledFonts([](InstalledFonts const& installed) { return installed.families; });
+}
+
+bool drawsLatinText(LightweightString<char> const& family) {
+  return withInstalledFonts(
+      [&family](InstalledFonts const& installed) { return installed.withoutLatin.count(family) == 0; });
 }
 
 std::vector<LightweightString<char>> getAvailableFonts() { return *getAvailableFontsShared(); }

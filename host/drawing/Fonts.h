@@ -57,6 +57,12 @@ ZO_API std::vector<LightweightString<char>> getAvailableFonts();
 // The same list as kept: the same object until the list is read again, so a
 // caller that keeps what it made of the list can tell a new one by address.
 ZO_API std::shared_ptr<std::vector<LightweightString<char>> const> getAvailableFontsShared();
+// Whether an installed family draws Latin letters as letters, so that its
+// own name can be shown in it: false for a family marked as a symbol font,
+// or with a face that has no Latin letters at all (dingbats, whose older
+// faces put their symbols where the letters go, and scripts of their own).
+// True for a family not installed. Any thread.
+ZO_API bool drawsLatinText(LightweightString<char> const& family);
 
 // The FontDesc size for a size in points at an interface scale: points times
 // scale, rounded to whole points, at least 1 and at most kMaxFontSize.

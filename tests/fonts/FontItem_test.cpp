@@ -1,4 +1,5 @@
 #include <zowidgets/fonts/FontItem.h>
+#include <zowidgets/fonts/FontLegend.h>
 
 #include <gtest/gtest.h>
 
@@ -12,6 +13,17 @@ TEST(FontItem, TheIdIsAJSONTextOfFamilyAndCategory) {
   EXPECT_EQ(item.getID(), WString(L"{\"name\":\"Liberation Sans\",\"cat\":0}"));
   EXPECT_EQ(item.getName().getString(), WString(L"Liberation Sans"));
   EXPECT_EQ(item.font(), Glib::FontDesc("Liberation Sans", 0, 0));
+}
+
+TEST(FontItem, AFamilyThatCannotSpellItsNameIsShownInTheInterfaceFont) {
+  FontItem const dingbats("D050000L", kOrdinaryFont);
+  EXPECT_EQ(dingbats.font(), Glib::FontDesc());
+  EXPECT_EQ(dingbats.getName().getString(), WString(L"D050000L"));
+  FontDefinition font;
+  font.name = L"D050000L";
+  font.style = Glib::FontDesc::kBold;
+  EXPECT_NE(legendFontFor(font).family(), LightweightString<char>("D050000L"));
+  EXPECT_EQ(legendFontFor(font).style(), unsigned(Glib::FontDesc::kBold));
 }
 
 TEST(FontItem, RecentAndOrdinaryRowsOfOneFamilyDiffer) {

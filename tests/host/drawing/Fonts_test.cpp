@@ -84,6 +84,16 @@ TEST(AvailableFonts, TheSharedListIsTheSameObjectUntilReadAgainAndHoldsTheList) 
   EXPECT_EQ(*second, Glib::getAvailableFonts());
 }
 
+TEST(AvailableFonts, TextFamiliesDrawLatinAndDingbatsDoNot) {
+  auto families = Glib::getAvailableFonts();
+  for (char const* text : {"DejaVu Sans", "Liberation Serif", "Noto Mono"})
+    EXPECT_TRUE(Glib::drawsLatinText(text)) << text;
+  EXPECT_TRUE(Glib::drawsLatinText("No Such Family Here"));
+  ASSERT_NE(std::find(families.begin(), families.end(), "D050000L"), families.end())
+      << "fonts-urw-base35 (scripts/packages/fonts.txt) provides it";
+  EXPECT_FALSE(Glib::drawsLatinText("D050000L"));
+}
+
 TEST(MapFontSize, RoundsToWholePoints) {
   EXPECT_EQ(Glib::mapFontSize(12.0), 12u);
   EXPECT_EQ(Glib::mapFontSize(10.4), 10u);
