@@ -58,6 +58,12 @@ if(installed_private)
   message(FATAL_ERROR "Private headers were installed: ${installed_private}")
 endif()
 
+# The installed programs start from the prefix, with nothing on the loader's
+# path: they find the installed libraries themselves.
+if(EXISTS ${prefix}/bin/zopanel)
+  run_step("Starting the installed zopanel" ${CMAKE_COMMAND} -E env --unset=LD_LIBRARY_PATH ${prefix}/bin/zopanel --help)
+endif()
+
 # --- find_package -------------------------------------------------------
 set(consumer_build ${WORK_DIR}/consumer-build)
 set(launcher_arg)
