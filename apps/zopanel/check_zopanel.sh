@@ -89,6 +89,29 @@ set -e
 expect_contains "$message" "cannot read" "a missing file is reported"
 
 set +e
+message=$("$zopanel" values "$work" 2>&1)
+status=$?
+set -e
+[ "$status" -eq 1 ] || fail "a folder given as the description gave exit status $status"
+expect_contains "$message" "it is a folder" "a folder given as the description is reported"
+
+# A panel taller than any picture: rendering says so, values still work.
+{
+  printf '{"rows": ['
+  for i in $(seq 1 1300); do printf '%s{"type": "bool", "name": "b%d", "legend": "Row %d"}' "$([ "$i" -gt 1 ] && echo ,)" "$i" "$i"; done
+  printf ']}\n'
+} >"$work/tall.json"
+set +e
+message=$("$zopanel" render "$work/tall.json" -o "$work/tall.png" 2>&1)
+status=$?
+set -e
+[ "$status" -eq 1 ] || fail "a panel taller than a picture gave exit status $status"
+expect_contains "$message" "larger than a picture can be" "a panel taller than a picture is reported"
+[ ! -e "$work/tall.png" ] || fail "a picture was written for the tall panel"
+values=$("$zopanel" values "$work/tall.json")
+expect_contains "$values" '"name": "b1300"' "the tall panel's values hold its last row"
+
+set +e
 message=$(echo '[1, 2]' | "$zopanel" values - 2>&1)
 status=$?
 set -e

@@ -10,6 +10,7 @@
 #include "PanelDump.h"
 #include "PanelRender.h"
 
+#include <zowidgets/host/drawing/ImageSurface.h>
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
@@ -17,6 +18,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -102,6 +104,11 @@ std::string parseArguments(int argc, char** argv, CommandLine& line) {
 std::optional<std::string> readInput(std::string const& input) {
   if (input == "-")
     return std::string(std::istreambuf_iterator<char>(std::cin), {});
+  std::error_code ignored;
+  if (std::filesystem::is_directory(input, ignored)) {
+    std::cerr << "zopanel: cannot read " << input << ": it is a folder, not a description\n";
+    return std::nullopt;
+  }
   std::ifstream file(input, std::ios::binary);
   if (!file) {
     std::cerr << "zopanel: cannot read " << input << ": " << std::strerror(errno) << "\n";
@@ -124,7 +131,12 @@ int run(CommandLine const& line) {
   }
   int status = 0;
   if (line.command == "render") {
-    if (!HeadlessScreen::saveWindowShot(*built.panel, line.output)) {
+    if (built.panel->height() > Zo::Image::Surface::kMaxSide || built.panel->width() > Zo::Image::Surface::kMaxSide) {
+      std::cerr << "zopanel: the panel is " << built.panel->width() << " by " << built.panel->height()
+                << " pixels, larger than a picture can be (" << Zo::Image::Surface::kMaxSide
+                << " pixels a side); tree and values still describe it\n";
+      status = 1;
+    } else if (!HeadlessScreen::saveWindowShot(*built.panel, line.output)) {
       std::cerr << "zopanel: cannot write " << line.output << "\n";
       status = 1;
     }
