@@ -116,7 +116,17 @@ template <class T> void userEdits(HeadlessWidget<T>& widget, T const& value, cha
 
 } // namespace
 
-int main() {
+int main(int argc, char** argv) {
+  // It takes no arguments; asked for help, or given any, it says what it does.
+  if (argc > 1) {
+    std::string const argument = argv[1];
+    bool const help = argument == "--help" || argument == "-h";
+    std::fprintf(help ? stdout : stderr,
+                 "%susage: zodemo\nEdits a parameter list with rules as a user's widgets would, without a screen, "
+                 "and prints what its listeners heard and its saved state.\n",
+                 help ? "" : ("zodemo: unknown argument '" + argument + "'\n").c_str());
+    return help ? 0 : 2;
+  }
   auto enabled = Zo::make<BoolParam>(L"Enable effect", "enabled", L"Turns the effect on", false);
   auto mode = Zo::make<ChoiceParam>(
       L"Mode", "mode", L"", 1,

@@ -38,4 +38,9 @@ done
 for family in buttons menus menus-open text-entry values groups scrolling standard-panel icons commands; do
   grep -q "<section id=\"$family\">" "$out/index.html" || fail "no page $family in the index"
 done
+# A wrong argument is refused with what was wrong, before anything is done.
+status=0
+message=$("$gallery" --headless --bogus 2>&1) || status=$?
+[ "$status" -eq 2 ] || fail "an unknown argument gave exit status $status"
+printf '%s\n' "$message" | grep -q "unknown argument '--bogus'" || fail "an unknown argument was not named: $message"
 echo "check_gallery: $listed pages, each with its picture"

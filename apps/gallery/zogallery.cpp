@@ -30,7 +30,7 @@ struct Options {
   std::filesystem::path out = "gallery";
   double scale = 0.0; // 0: the backend's
   bool help = false;
-  bool valid = true;
+  std::string problem; // what was wrong with the arguments; empty when none
 };
 
 bool parseScale(std::string_view text, double& scale) {
@@ -40,16 +40,23 @@ bool parseScale(std::string_view text, double& scale) {
 
 Options parseOptions(int argc, char** argv) {
   Options options;
+  auto const problem = [&options](std::string text) {
+    if (options.problem.empty())
+      options.problem = std::move(text);
+  };
   for (int i = 1; i < argc; ++i) {
     std::string_view const argument = argv[i];
-    if (argument == "--out" && i + 1 < argc)
+    if ((argument == "--out" || argument == "--scale") && i + 1 >= argc)
+      problem(std::string(argument) + " needs a value");
+    else if (argument == "--out")
       options.out = argv[++i];
-    else if (argument == "--scale" && i + 1 < argc)
-      options.valid = parseScale(argv[++i], options.scale) && options.valid;
-    else if (argument == "--help" || argument == "-h")
+    else if (argument == "--scale") {
+      if (!parseScale(argv[++i], options.scale))
+        problem("--scale takes a number from 0.5 to 4, not '" + std::string(argv[i]) + "'");
+    } else if (argument == "--help" || argument == "-h")
       options.help = true;
     else if (argument != "--headless" && argument != "--display")
-      options.valid = false;
+      problem("unknown argument '" + std::string(argument) + "'");
   }
   return options;
 }
@@ -64,9 +71,13 @@ void closeAllWindows() {
 
 int main(int argc, char** argv) {
   Options const options = parseOptions(argc, argv);
-  if (options.help || !options.valid) {
-    (options.valid ? std::cout : std::cerr) << kUsage;
-    return options.valid ? 0 : 2;
+  if (!options.problem.empty()) {
+    std::cerr << "zogallery: " << options.problem << "\n" << kUsage;
+    return 2;
+  }
+  if (options.help) {
+    std::cout << kUsage;
+    return 0;
   }
   ScreenBackendKind const backend = chooseScreenBackend(argc, argv);
   if (options.scale > 0.0)
