@@ -233,10 +233,12 @@ void UIBuilder::setLegendWidthFor(std::vector<UIString> const& legends) {
   legendWidth_ = static_cast<unsigned short>(std::max(widest - Button::getRevealIndicatorWidth(), 0));
 }
 
+// A label row shows its text across the whole row, with no legend beside
+// it: counted as a legend, a long text took every other row's room.
 void UIBuilder::calcMaxLegendWidth(ParamList const& params) {
   std::vector<UIString> legends;
   for (Zo::Ptr<iParam> const& param : params)
-    if (param && param->getValueType() != "action")
+    if (param && param->getValueType() != "action" && !is<LabelParam>(param))
       legends.emplace_back(param->getLegend().getString());
   setLegendWidthFor(legends);
 }

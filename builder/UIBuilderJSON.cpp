@@ -72,9 +72,12 @@ unsigned UIBuilder::getTooltip(JSONElementPtr const& entry) {
 
 void UIBuilder::calcMaxLegendWidth(JSONElementPtr const& root) {
   std::vector<UIString> legends;
+  // A label row's legend is its text, across the whole row (as with
+  // parameters).
   if (JSONElementPtr const entries = root ? root->getChild(static_cast<unsigned short>(0)) : JSONElementPtr())
     for (unsigned short i = 0; i < entries->getNumChildren(); ++i)
-      legends.push_back(legendOf(entries->getChild(i)));
+      if (JSONElementPtr const entry = entries->getChild(i); entry && entry->getString("type") != "label")
+        legends.push_back(legendOf(entry));
   setLegendWidthFor(legends);
 }
 

@@ -122,7 +122,7 @@ std::vector<FontChooserPanel::FontItem> FontChooserPanel::getFontList(RecentFont
 std::vector<Glib::FontDesc> FontChooserPanel::getFontList(LightweightString<char> const& key) {
   std::vector<Glib::FontDesc> fonts;
   for (FontItem const& item : getFontList(RecentFonts(key)))
-    fonts.push_back(item.font());
+    fonts.emplace_back(item.name(), 0, 0);
   return fonts;
 }
 

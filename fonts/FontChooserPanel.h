@@ -58,7 +58,7 @@ public:
   // The recent families still installed, then every installed family in
   // order, case ignored: a recent family is listed twice.
   static std::vector<FontItem> getFontList(RecentFonts const& recent);
-  // The same list's fonts for the recent fonts under `key`.
+  // The same list's families, as fonts, for the recent fonts under `key`.
   static std::vector<Glib::FontDesc> getFontList(LightweightString<char> const& key);
   // The id of the value's family: its recent row when it has one.
   LightweightString<wchar_t> getSelectedFontID() const;

@@ -71,6 +71,30 @@ TEST_F(UIBuilderJSON, TheWorkedExampleBuildsFourRowsAndMergesTheAlternates) {
   EXPECT_EQ(panel->height(), heightBefore - pitch());
 }
 
+TEST_F(UIBuilderJSON, ALabelRowsTextTakesNoRoomFromTheOtherRowsLegends) {
+  std::wstring const note = L"A note as long as a sentence, which stands across the whole of its row";
+  std::wstring const json = LR"({"rows": [
+    {"type": "int", "name": "n", "legend": "Count", "min": 0, "max": 10, "default": 3},
+    {"type": "label", "name": "l", "legend": ")" +
+                            note + LR"("}]})";
+  UIBuilder builder(panel);
+  Zo::Ptr<UIBuilder::Params> built = builder.build(parse(json.c_str()));
+  EXPECT_EQ(builder.getLegendWidth(),
+            DropDownMenuButton::calcWidth({L"Count"}, UifStd::getFont()) - Button::getRevealIndicatorWidth());
+  SliderParamHost* n = rowWidget<SliderParamHost>(*built, "n");
+  ASSERT_NE(n, nullptr);
+  EXPECT_GT(n->getSlider()->width(), panel->getUserArea().width() / 3) << "the slider keeps its room";
+
+  // The same from parameters.
+  UIBuilder fromParams(panel);
+  fromParams.build(
+      GenericParam::ParamList{
+          Zo::Ptr<GenericParam::iParam>(new GenericParam::IntParam(L"Count", "n", {}, 3, 0, 10)),
+          Zo::Ptr<GenericParam::iParam>(new GenericParam::LabelParam(UIString(note.c_str()), "l", note.c_str()))},
+      configb());
+  EXPECT_EQ(fromParams.getLegendWidth(), builder.getLegendWidth());
+}
+
 TEST_F(UIBuilderJSON, ParametersDieWithTheirRowsSoRulesAndStateHaveNoEffect) {
   Zo::Ptr<UIBuilder::Params> built = build(kWorkedExample);
   EXPECT_TRUE(built->getParams().empty());
