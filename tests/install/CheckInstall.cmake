@@ -78,6 +78,13 @@ string(REGEX REPLACE "^[^=]*=" "" found_dir "${found_dir}")
 require_inside_prefix("find_package found zowidgets in" "${found_dir}")
 run_step("Building the consumer" ${CMAKE_COMMAND} --build ${consumer_build} ${config_args})
 check_program("find_package consumer" ${consumer_build}/consumer)
+# The first program of the docs: a window, headless, saved as a picture.
+set(first_picture ${WORK_DIR}/first_panel.png)
+run_step("Running the first program" ${consumer_build}/first_panel ${first_picture})
+file(READ ${first_picture} png_signature LIMIT 8 HEX)
+if(NOT png_signature STREQUAL "89504e470d0a1a0a")
+  message(FATAL_ERROR "The first program wrote no PNG at ${first_picture}")
+endif()
 
 # --- pkg-config ---------------------------------------------------------
 find_program(pkg_config NAMES pkg-config pkgconf)
