@@ -45,8 +45,11 @@ void writeRowValue(JSON::Builder& out, Glob* row) {
     out.add("value", checkbox->getWidgetValue());
   } else if (auto* slider = dynamic_cast<SliderParamHost*>(row)) {
     out.add("kind", "slider");
-    out.add("value", slider->getSlider()->getPosition());
-    if (NumericTextBox* box = slider->getTextBox())
+    // The number box holds the exact value; over a wide range the slider's
+    // thumb stands at the nearest of its steps.
+    NumericTextBox* box = slider->getTextBox();
+    out.add("value", box ? box->getValue() : slider->getSlider()->getPosition());
+    if (box)
       out.add("text", box->getString());
   } else if (auto* choice = dynamic_cast<ChoiceParamHost*>(row)) {
     out.add("kind", "choice");

@@ -51,6 +51,12 @@ expect_contains "$values" '"value": 2' "the choice shows its number"
 expect_contains "$values" '"text": "3"' "the numeric box shows the count"
 expect_contains "$values" '"value": "Grüße"' "text values keep their characters"
 
+# Over a wide range the slider's thumb stands at the nearest of its steps;
+# the value is the number the row shows.
+printf '%s\n' '{"rows": [{"type": "int", "name": "wide", "legend": "Wide", "min": 0, "max": 1000000, "default": 1000}]}' >"$work/wide.json"
+values=$("$zopanel" values "$work/wide.json")
+expect_contains "$values" '"value": 1000,' "a wide range's value is the one its box shows"
+
 cat >"$work/choosers.json" <<'JSON'
 {"rows": [
   {"type": "colour", "name": "c", "legend": "Tint", "value": "1 0.5 0 1"},
