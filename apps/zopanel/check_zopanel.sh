@@ -15,6 +15,14 @@ expect_contains() {
   grep -qF -- "$2" <<<"$1" || fail "$3: '$2' not in: $1"
   echo "ok: $3"
 }
+# Runs a command that must end with exit status STATUS; what it printed is
+# left in $message. Usage: fails_with STATUS WHAT COMMAND...
+fails_with() {
+  local want=$1 what=$2 status=0
+  shift 2
+  message=$("$@" 2>&1) || status=$?
+  [ "$status" -eq "$want" ] || fail "$what gave exit status $status"
+}
 # Width and height of a PNG, from its header.
 png_size() { od -An -tu1 -j16 -N8 "$1" | awk '{print $1*16777216+$2*65536+$3*256+$4, $5*16777216+$6*65536+$7*256+$8}'; }
 
@@ -78,27 +86,15 @@ expect_contains "$tree" '"class": "SliderParamHost"' "the tree holds the slider 
 expect_contains "$tree" '"class": "NumericTextBox"' "the tree holds the numeric box"
 
 printf '{"rows": [\n  {"type": "bool"}\n  {"type": "int"}\n]}' >"$work/bad.json"
-set +e
-message=$("$zopanel" render "$work/bad.json" -o "$work/bad.png" 2>&1)
-status=$?
-set -e
-[ "$status" -eq 1 ] || fail "bad JSON gave exit status $status"
+fails_with 1 "bad JSON" "$zopanel" render "$work/bad.json" -o "$work/bad.png"
 expect_contains "$message" "line 3, column 3" "bad JSON is placed"
 expect_contains "$message" "comma" "bad JSON is named"
 [ ! -e "$work/bad.png" ] || fail "a picture was written for bad JSON"
 
-set +e
-message=$("$zopanel" values "$work/missing.json" 2>&1)
-status=$?
-set -e
-[ "$status" -eq 1 ] || fail "a missing file gave exit status $status"
+fails_with 1 "a missing file" "$zopanel" values "$work/missing.json"
 expect_contains "$message" "cannot read" "a missing file is reported"
 
-set +e
-message=$("$zopanel" values "$work" 2>&1)
-status=$?
-set -e
-[ "$status" -eq 1 ] || fail "a folder given as the description gave exit status $status"
+fails_with 1 "a folder given as the description" "$zopanel" values "$work"
 expect_contains "$message" "it is a folder" "a folder given as the description is reported"
 
 # A panel taller than any picture: rendering says so, values still work.
@@ -107,27 +103,15 @@ expect_contains "$message" "it is a folder" "a folder given as the description i
   for i in $(seq 1 1300); do printf '%s{"type": "bool", "name": "b%d", "legend": "Row %d"}' "$([ "$i" -gt 1 ] && echo ,)" "$i" "$i"; done
   printf ']}\n'
 } >"$work/tall.json"
-set +e
-message=$("$zopanel" render "$work/tall.json" -o "$work/tall.png" 2>&1)
-status=$?
-set -e
-[ "$status" -eq 1 ] || fail "a panel taller than a picture gave exit status $status"
+fails_with 1 "a panel taller than a picture" "$zopanel" render "$work/tall.json" -o "$work/tall.png"
 expect_contains "$message" "larger than a picture can be" "a panel taller than a picture is reported"
 [ ! -e "$work/tall.png" ] || fail "a picture was written for the tall panel"
 values=$("$zopanel" values "$work/tall.json")
 expect_contains "$values" '"name": "b1300"' "the tall panel's values hold its last row"
 
-set +e
-message=$(echo '[1, 2]' | "$zopanel" values - 2>&1)
-status=$?
-set -e
-[ "$status" -eq 1 ] || fail "a description without rows gave exit status $status"
+fails_with 1 "a description without rows" "$zopanel" values - <<<'[1, 2]'
 expect_contains "$message" "no list of rows" "a description without rows is reported"
 
-set +e
-message=$("$zopanel" render "$work/form.json" --scale zero 2>&1)
-status=$?
-set -e
-[ "$status" -eq 2 ] || fail "a bad option gave exit status $status"
+fails_with 2 "a bad option" "$zopanel" render "$work/form.json" --scale zero
 expect_contains "$message" "usage:" "a bad command line shows the usage"
 echo "all zopanel checks passed"
