@@ -67,12 +67,13 @@ Launcher::Launcher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
   stamp_ = EventHandler::stampOf(launcher);
 }
 
-bool Launcher::stillOpen() {
-  if (EventHandler::valid(window_, stamp_))
-    return true;
+bool Launcher::stillOpen() const { return EventHandler::valid(window_, stamp_); }
+
+void Launcher::closePages() {
   for (Glob* window : GlobManager::topLevelWindows())
     GlobManager::requestDeletion(window);
-  return false;
+  // Let them go, saving what they keep.
+  settleWindows();
 }
 
 int runLauncher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
@@ -84,7 +85,6 @@ int runLauncher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
   while (!display->runUntil(closed, std::chrono::hours(1)))
     if (!display->pumpEvents())
       break;
-  // The pages' windows were asked to go; let them, saving what they keep.
-  settleWindows();
+  Launcher::closePages();
   return 0;
 }

@@ -14,9 +14,10 @@ class Launcher {
 public:
   Launcher(std::vector<GalleryPage> const& pages, GalleryModel& model);
   Glob* window() const { return window_; }
-  // False once the launcher's window has gone; the pages go with it, as the
-  // launcher is the only way back to them.
-  bool stillOpen();
+  bool stillOpen() const;
+  // Closes every window left: once the launcher has gone, its pages go too,
+  // as it is the only way back to them.
+  static void closePages();
 
 private:
   Glob* window_;

@@ -192,7 +192,7 @@ void InputRouter::mouseWheel(XY<int> screen, int steps, int modifiers) {
   bubble(s.capture ? s.capture : widgetAt(screen), event);
   // What the wheel scrolled may have brought another widget under the
   // pointer, which has not moved: that one is hovered now.
-  if (!s.capture && is_good_glob_ptr(widgetAt(screen))) {
+  if (!s.capture) {
     Glob* under = widgetAt(screen);
     updateHover(under, screen, modifiers);
     updateCursor(under, screen);

@@ -107,8 +107,8 @@ XY<int> MenuWindow::calcShownSize(Menu const& menu, int minWidth, int maxHeight)
   return XY<int>(needed.x + ScrollBar::thickness(), maxHeight);
 }
 
-MenuWindow* MenuWindow::open(Menu const& menu, XY<int> topLeft, ChangeHandler onChange, int minWidth, Canvas* near,
-                             Palette const* palette) {
+MenuWindow::InitArgs MenuWindow::argsFor(Menu const& menu, ChangeHandler onChange, int minWidth,
+                                         Palette const* palette) {
   InitArgs args;
   args.menu = menu;
   args.onChange = std::move(onChange);
@@ -116,6 +116,15 @@ MenuWindow* MenuWindow::open(Menu const& menu, XY<int> topLeft, ChangeHandler on
   args.maxHeight = screenBackend().screenSize().y;
   args.size = calcShownSize(menu, minWidth, args.maxHeight);
   args.setPalette(makePopupPalette(palette ? *palette : UifStd::getColourScheme()));
+  return args;
+}
+
+MenuWindow* MenuWindow::open(Menu const& menu, XY<int> topLeft, ChangeHandler onChange, int minWidth, Canvas* near,
+                             Palette const* palette) {
+  return openAt(argsFor(menu, std::move(onChange), minWidth, palette), topLeft, near);
+}
+
+MenuWindow* MenuWindow::openAt(InitArgs args, XY<int> topLeft, Canvas* near) {
   args.screenPosition = GlobManager::getSafePosForGlob(near, args.size, XY<int>(topLeft.x, topLeft.y - args.size.y));
   auto* window = new MenuWindow(args);
   GlobManager::realize(window);
@@ -126,13 +135,13 @@ MenuWindow* MenuWindow::open(Menu const& menu, XY<int> topLeft, ChangeHandler on
 
 MenuWindow* MenuWindow::openUnder(Menu const& menu, Zo::Box<int> const& owner, ChangeHandler onChange, int minWidth,
                                   Canvas* near, Palette const* palette) {
-  int const screenHeight = screenBackend().screenSize().y;
-  int const height = calcShownSize(menu, minWidth, screenHeight).y;
+  InitArgs args = argsFor(menu, std::move(onChange), minWidth, palette);
+  int const height = args.size.y;
   // Screen y counts up: below the owner ends at its bottom edge.
   bool const roomBelow = owner.y0 - height >= 0;
-  bool const roomAbove = owner.y1 + height <= screenHeight;
+  bool const roomAbove = owner.y1 + height <= args.maxHeight;
   int const top = !roomBelow && roomAbove ? owner.y1 + height : owner.y0;
-  return open(menu, XY<int>(owner.x0, top), std::move(onChange), minWidth, near, palette);
+  return openAt(std::move(args), XY<int>(owner.x0, top), near);
 }
 
 void MenuWindow::close(MenuData::Change const& change) {

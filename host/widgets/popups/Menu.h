@@ -144,6 +144,11 @@ protected:
   void draw(CanvasRenderer& renderer) override;
 
 private:
+  // What open and openUnder share: the window sized for the menu, at most
+  // the screen's height, and shown with its top-left corner at `topLeft`
+  // (kept on the screen).
+  static InitArgs argsFor(Menu const& menu, ChangeHandler onChange, int minWidth, Palette const* palette);
+  static MenuWindow* openAt(InitArgs args, XY<int> topLeft, Canvas* near);
   static int rowHeight(MenuItem const& item);
   // The window's size: the rows', or at most `maxHeight` (0: no limit) with a
   // scroll bar beside them.
