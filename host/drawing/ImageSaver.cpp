@@ -2,7 +2,6 @@
 #include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/drawing/ImageSaver.h>
-#include <zowidgets/host/drawing/detail/PngEncoding.h>
 
 #include <algorithm>
 #include <cctype>
@@ -33,11 +32,15 @@ bool Saver::saveImage(Zo::Image::Surface const& image, std::string const& path) 
     return refuse(path, "there is no picture");
   if (!hasPngExtension(path))
     return refuse(path, "only PNG files are written");
-  std::string const bytes = Zo::Image::detail::encodePNG(image);
+  std::string const bytes = image.pngBytes();
   if (bytes.empty())
     return refuse(path, "the picture could not be encoded");
-  if (!Zo::writeFileAtomically(path, bytes))
-    return refuse(path, std::strerror(errno));
+  if (!Zo::writeFileAtomically(path, bytes)) {
+    int const error = errno;
+    refuse(path, std::strerror(error));
+    errno = error; // the caller may tell the user why
+    return false;
+  }
   return true;
 }
 

@@ -12,7 +12,7 @@ namespace ZoImage {
 class ZO_API Saver {
 public:
   // False, with a line in the log, when the surface is empty, the name does
-  // not end in ".png", or the file cannot be written.
+  // not end in ".png", or the file cannot be written (errno then says why).
   static bool saveImage(Zo::Image::Surface const& image, std::string const& path);
   static bool saveImage(Zo::Image::Surface const& image, LightweightString<wchar_t> const& path);
 };

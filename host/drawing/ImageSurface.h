@@ -48,9 +48,13 @@ public:
   // (x, rowFromTop); parts that fall outside are dropped.
   void blit(Surface const& source, int x, int rowFromTop);
 
-  // Writes an 8-bit RGBA PNG (alpha straight, as the format wants). False when
-  // the surface is empty or the file cannot be written.
+  // Writes an 8-bit RGBA PNG (alpha straight, as the format wants), replacing
+  // the file atomically. False when the surface is empty or the file cannot be
+  // written; an old file at `path` is then left whole.
   bool savePNG(std::string const& path) const;
+  // The bytes of that PNG file; empty when the surface is empty or the
+  // encoder fails.
+  std::string pngBytes() const;
   // Reads any PNG that libpng understands; an empty surface when the file is
   // missing, malformed or too large.
   static Surface loadPNG(std::string const& path);

@@ -1,7 +1,7 @@
 // PNG files for Zo::Image::Surface, through libpng's simplified API, which
 // reports every failure by its return value.
+#include <zowidgets/host/base/AtomicFile.h>
 #include <zowidgets/host/drawing/ImageSurface.h>
-#include <zowidgets/host/drawing/detail/PngEncoding.h>
 
 #include <png.h>
 
@@ -63,20 +63,15 @@ png_image rgbaImage(Surface const& surface) {
 } // namespace
 
 bool Surface::savePNG(std::string const& path) const {
-  if (empty())
-    return false;
-  std::vector<std::uint8_t> const rgba = straightRGBA(*this);
-  png_image image = rgbaImage(*this);
-  bool const written = png_image_write_to_file(&image, path.c_str(), 0, rgba.data(), 0, nullptr) != 0;
-  png_image_free(&image);
-  return written;
+  std::string const bytes = pngBytes();
+  return !bytes.empty() && writeFileAtomically(path, bytes);
 }
 
-std::string detail::encodePNG(Surface const& surface) {
-  if (surface.empty())
+std::string Surface::pngBytes() const {
+  if (empty())
     return {};
-  std::vector<std::uint8_t> const rgba = straightRGBA(surface);
-  png_image image = rgbaImage(surface);
+  std::vector<std::uint8_t> const rgba = straightRGBA(*this);
+  png_image image = rgbaImage(*this);
   png_alloc_size_t size = 0;
   // The first call measures, the second writes.
   if (!png_image_write_to_memory(&image, nullptr, &size, 0, rgba.data(), 0, nullptr)) {

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <unistd.h>
 
@@ -19,6 +20,7 @@ public:
   }
   ~TempFolder() { std::filesystem::remove_all(path_); }
   std::string file(char const* name) const { return (path_ / name).string(); }
+  std::filesystem::path const& path() const { return path_; }
 
 private:
   std::filesystem::path path_;
@@ -179,10 +181,41 @@ TEST(ImageSurface, PNGKeepsEveryAlphaLevelOfOneColour) {
   EXPECT_EQ(Surface::compare(surface, Surface::loadPNG(folder.file("alpha.png"))).differingPixels, 0);
 }
 
-TEST(ImageSurface, SavingFailsWithoutPixelsOrFolder) {
+TEST(ImageSurface, SavingFailsWithoutPixelsOrAPlaceForTheFile) {
   TempFolder folder;
   EXPECT_FALSE(Surface().savePNG(folder.file("empty.png")));
-  EXPECT_FALSE(Surface(2, 2).savePNG(folder.file("no/such/folder/x.png")));
+  std::ofstream(folder.file("plain")) << "a file, not a folder";
+  EXPECT_FALSE(Surface(2, 2).savePNG(folder.file("plain/x.png")));
+}
+
+TEST(ImageSurface, SavingOverAFileReplacesItAndAFailedSaveLeavesItWhole) {
+  TempFolder folder;
+  std::string const path = folder.file("kept.png");
+  Surface first(3, 2);
+  first.fill(Colour(1.0, 0.0, 0.0));
+  ASSERT_TRUE(first.savePNG(path));
+  Surface second(5, 4);
+  second.fill(Colour(0.0, 0.0, 1.0));
+  ASSERT_TRUE(second.savePNG(path));
+  EXPECT_EQ(Surface::compare(second, Surface::loadPNG(path)).differingPixels, 0);
+
+  EXPECT_FALSE(Surface().savePNG(path));
+  EXPECT_EQ(Surface::loadPNG(path).width(), 5);
+  // Nothing but the picture is left beside it.
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+}
+
+TEST(ImageSurface, PngBytesAreTheFileThatSavingWrites) {
+  TempFolder folder;
+  Surface surface(4, 3);
+  surface.fill(Colour(0.2, 0.4, 0.6));
+  ASSERT_TRUE(surface.savePNG(folder.file("saved.png")));
+  std::ifstream file(folder.file("saved.png"), std::ios::binary);
+  std::string const written((std::istreambuf_iterator<char>(file)), {});
+  std::string const bytes = surface.pngBytes();
+  EXPECT_TRUE(bytes.starts_with("\x89PNG"));
+  EXPECT_EQ(bytes, written);
+  EXPECT_TRUE(Surface().pngBytes().empty());
 }
 
 TEST(ImageSurface, BadFilesLoadAsEmptySurfaces) {
