@@ -12,7 +12,10 @@
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/values/binding/ValWidget.h>
 
+#include <map>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace PanelDump {
 
@@ -78,8 +81,29 @@ void writeRowValue(JSON::Builder& out, Glob* row) {
 
 } // namespace
 
-void writeValues(JSON::Builder& out, UIBuilder::Params const& built) {
-  for (auto const& [id, host] : built.getWidgets()) {
+namespace {
+
+// The named rows in the order they were made: a walk of the tree, which
+// holds each panel's children in that order (hidden rows included).
+void collectRows(Glob* glob, std::map<Glob*, LightweightString<char>> const& names,
+                 std::vector<std::pair<LightweightString<char>, Glob*>>& rows) {
+  if (auto named = names.find(glob); named != names.end()) {
+    rows.emplace_back(named->second, glob);
+    return;
+  }
+  for (Glob* child : glob->getChildren())
+    collectRows(child, names, rows);
+}
+
+} // namespace
+
+void writeValues(JSON::Builder& out, Glob& root, UIBuilder::Params const& built) {
+  std::map<Glob*, LightweightString<char>> names;
+  for (auto const& [id, host] : built.getWidgets())
+    names.emplace(host, id);
+  std::vector<std::pair<LightweightString<char>, Glob*>> rows;
+  collectRows(&root, names, rows);
+  for (auto const& [id, host] : rows) {
     out.startChild();
     out.add("name", id);
     auto* row = dynamic_cast<UIBuilder::HostWidgetBase*>(host);

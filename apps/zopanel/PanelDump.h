@@ -10,7 +10,8 @@ namespace PanelDump {
 // parent), whether it is visible and active, and its children.
 void writeTree(JSON::Builder& out, Glob const& root);
 
-// One entry per named row: its id, the kind of row, and the value it shows.
-void writeValues(JSON::Builder& out, UIBuilder::Params const& built);
+// One entry per named row of the panel `root`, in the order the rows were
+// made: its id, the kind of row, and the value it shows.
+void writeValues(JSON::Builder& out, Glob& root, UIBuilder::Params const& built);
 
 } // namespace PanelDump

@@ -40,6 +40,16 @@ JSON
 read -r width height <<<"$(png_size "$work/form.png")"
 echo "ok: rendered ${width}x$height"
 
+"$zopanel" render "$work/form.json" -o - >"$work/piped.png"
+cmp -s "$work/form.png" "$work/piped.png" || fail "-o - wrote other bytes than -o FILE"
+[ ! -e ./- ] || fail "-o - wrote a file named -"
+echo "ok: -o - writes the picture to standard output"
+if command -v script >/dev/null; then
+  # On a terminal the picture would be noise: refused, with the reason.
+  message=$(script -qec "'$zopanel' render '$work/form.json' -o -" /dev/null 2>&1) && fail "-o - to a terminal was not refused"
+  expect_contains "$message" "which is a terminal here" "-o - to a terminal is refused"
+fi
+
 "$zopanel" render - -o "$work/double.png" --scale 2 <"$work/form.json"
 read -r width2 height2 <<<"$(png_size "$work/double.png")"
 # Metrics round to whole pixels at each scale: about twice, within 2%.
@@ -54,6 +64,10 @@ read -r narrow _ <<<"$(png_size "$work/narrow.png")"
 echo "ok: --width narrows the panel"
 
 values=$("$zopanel" values "$work/form.json")
+# Rows come in the description's order (b, n, m, t), not sorted by name.
+order=$(grep -o '"name": "[a-z]"' <<<"$values" | tr -d '\n')
+[ "$order" = '"name": "b""name": "n""name": "m""name": "t"' ] || fail "values listed the rows as $order"
+echo "ok: values lists the rows in the description's order"
 expect_contains "$values" '"name": "m"' "values name the choice row"
 expect_contains "$values" '"value": 2' "the choice shows its number"
 expect_contains "$values" '"text": "3"' "the numeric box shows the count"

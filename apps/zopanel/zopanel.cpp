@@ -1,6 +1,6 @@
 // zopanel: renders a panel description (JSON) on the headless screen.
 //
-//   zopanel render FILE|- -o OUT.png [--scale S] [--width PIXELS] [--title TEXT]
+//   zopanel render FILE|- -o OUT.png|- [--scale S] [--width PIXELS] [--title TEXT]
 //   zopanel tree FILE|- [options]     prints the built widget tree as JSON
 //   zopanel values FILE|- [options]   prints what each named row shows as JSON
 //
@@ -27,14 +27,17 @@
 #include <string>
 #include <string_view>
 
+#include <unistd.h>
+
 namespace {
 
 constexpr char const* kUsage =
-    "usage: zopanel render FILE|- -o OUT.png [--scale S] [--width PIXELS] [--title TEXT]\n"
+    "usage: zopanel render FILE|- -o OUT.png|- [--scale S] [--width PIXELS] [--title TEXT]\n"
     "       zopanel tree FILE|- [--scale S] [--width PIXELS] [--title TEXT]\n"
     "       zopanel values FILE|- [--scale S] [--width PIXELS] [--title TEXT]\n"
     "Builds the panel a JSON description describes, on a virtual screen. FILE - reads standard input.\n"
-    "render writes a PNG of it; tree prints its widget tree and values what each named row shows, as JSON.\n";
+    "render writes a PNG of it (-o - to standard output); tree prints its widget tree and values what each named row "
+    "shows, as JSON.\n";
 
 struct CommandLine {
   std::string command;
@@ -97,7 +100,9 @@ std::string parseArguments(int argc, char** argv, CommandLine& line) {
   if (line.input.empty())
     return "no description given (a file name, or - for standard input)";
   if (line.command == "render" && line.output.empty())
-    return "render needs -o OUT.png";
+    return "render needs -o OUT.png (or -o - for standard output)";
+  if (line.command == "render" && line.output == "-" && ::isatty(STDOUT_FILENO))
+    return "-o - writes the picture to standard output, which is a terminal here; redirect it to a file or a program";
   return {};
 }
 
@@ -136,8 +141,14 @@ int run(CommandLine const& line) {
                 << " pixels, larger than a picture can be (" << Zo::Image::Surface::kMaxSide
                 << " pixels a side); tree and values still describe it\n";
       status = 1;
+    } else if (line.output == "-") {
+      std::string const png = HeadlessScreen::windowShot(*built.panel).pngBytes();
+      if (!std::cout.write(png.data(), static_cast<std::streamsize>(png.size())).flush()) {
+        std::cerr << "zopanel: cannot write the picture to standard output\n";
+        status = 1;
+      }
     } else if (!HeadlessScreen::saveWindowShot(*built.panel, line.output)) {
-      std::cerr << "zopanel: cannot write " << line.output << "\n";
+      std::cerr << "zopanel: cannot write " << line.output << ": " << std::strerror(errno) << "\n";
       status = 1;
     }
   } else {
@@ -147,7 +158,7 @@ int run(CommandLine const& line) {
       PanelDump::writeTree(out, *built.panel);
     } else {
       out.startArray();
-      PanelDump::writeValues(out, *built.panel->getBuiltParams());
+      PanelDump::writeValues(out, *built.panel, *built.panel->getBuiltParams());
     }
     std::cout << out.getText().c_str() << "\n";
   }
