@@ -95,26 +95,7 @@ DropDownButtonBase::Placement DropDownButtonBase::calcDropDownPosition(XY<int> c
   Zo::Box<int> const button = screenBoxOf(*this);
   XY<int> const screen = screenBackend().screenSize();
   Placement placement;
-  placement.relativity = relativity_;
-  // The preferred side, or the opposite one when only that has room.
-  switch (relativity_) {
-  case kRelativeAbove:
-    if (button.y1 + size.y > screen.y && button.y0 - size.y >= 0)
-      placement.relativity = kRelativeBelow;
-    break;
-  case kRelativeLeft:
-    if (button.x0 - size.x < 0 && button.x1 + size.x <= screen.x)
-      placement.relativity = kRelativeRight;
-    break;
-  case kRelativeRight:
-    if (button.x1 + size.x > screen.x && button.x0 - size.x >= 0)
-      placement.relativity = kRelativeLeft;
-    break;
-  default:
-    if (button.y0 - size.y < 0 && button.y1 + size.y <= screen.y)
-      placement.relativity = kRelativeAbove;
-    break;
-  }
+  placement.relativity = sideWithRoom(button, size, screen, relativity_);
   XY<int> position;
   switch (placement.relativity) {
   case kRelativeAbove:

@@ -1,4 +1,5 @@
 #include <zowidgets/host/widgets/popups/Menu.h>
+#include <zowidgets/host/widgets/popups/detail/SideAlignment.h>
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
@@ -136,11 +137,9 @@ MenuWindow* MenuWindow::openAt(InitArgs args, XY<int> topLeft, Canvas* near) {
 MenuWindow* MenuWindow::openUnder(Menu const& menu, Zo::Box<int> const& owner, ChangeHandler onChange, int minWidth,
                                   Canvas* near, Palette const* palette) {
   InitArgs args = argsFor(menu, std::move(onChange), minWidth, palette);
-  int const height = args.size.y;
-  // Screen y counts up: below the owner ends at its bottom edge.
-  bool const roomBelow = owner.y0 - height >= 0;
-  bool const roomAbove = owner.y1 + height <= args.maxHeight;
-  int const top = !roomBelow && roomAbove ? owner.y1 + height : owner.y0;
+  bool const above = sideWithRoom(owner, args.size, screenBackend().screenSize(), kRelativeBelow) == kRelativeAbove;
+  // Screen y counts up: below the owner, the menu's top is the owner's bottom.
+  int const top = above ? owner.y1 + args.size.y : owner.y0;
   return openAt(std::move(args), XY<int>(owner.x0, top), near);
 }
 

@@ -15,3 +15,31 @@ inline int alongSide(int start, int end, int length, eWidgetAlignment alignment,
     return startIsHigh ? end - length : start;
   }
 }
+
+// Whether a pop-up of `size` fits on the screen on that side of `owner`, a
+// box in screen coordinates (y counts up).
+inline bool roomOnSide(Zo::Box<int> const& owner, XY<int> size, XY<int> screen, eWidgetRelativity side) {
+  switch (side) {
+  case kRelativeAbove:
+    return owner.y1 + size.y <= screen.y;
+  case kRelativeLeft:
+    return owner.x0 - size.x >= 0;
+  case kRelativeRight:
+    return owner.x1 + size.x <= screen.x;
+  default:
+    return owner.y0 - size.y >= 0;
+  }
+}
+
+// The side a pop-up opens on: the preferred one, or the opposite one when
+// only that has room. With room on neither it keeps the preferred side, and
+// being kept on the screen then moves it over part of its owner.
+inline eWidgetRelativity sideWithRoom(Zo::Box<int> const& owner, XY<int> size, XY<int> screen,
+                                      eWidgetRelativity preferred) {
+  eWidgetRelativity const opposite = preferred == kRelativeAbove   ? kRelativeBelow
+                                     : preferred == kRelativeLeft  ? kRelativeRight
+                                     : preferred == kRelativeRight ? kRelativeLeft
+                                                                   : kRelativeAbove;
+  return !roomOnSide(owner, size, screen, preferred) && roomOnSide(owner, size, screen, opposite) ? opposite
+                                                                                                  : preferred;
+}

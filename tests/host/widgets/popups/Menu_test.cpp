@@ -91,6 +91,25 @@ TEST_F(MenuTest, NearTheScreensBottomTheMenuOpensAboveTheButtonNotOverIt) {
   EXPECT_EQ(window->screenPosition().x, button->screenPosition().x);
 }
 
+TEST_F(MenuTest, WithRoomOnNeitherSideTheMenuOpensBelowKeptOnTheScreen) {
+  // Rows enough for about two thirds of the screen, the button near its middle.
+  int const screenHeight = screenBackend().screenSize().y;
+  std::vector<MenuItem> rows;
+  while (MenuWindow::calcSize(Menu(rows)).y < screenHeight * 2 / 3)
+    rows.emplace_back(UIString(LightweightString<wchar_t>((L"Rate " + std::to_wstring(rows.size())).c_str())));
+  panel->canvas()->move(XY<int>(200, screenHeight / 2 - panel->height() / 2));
+  auto* tall = panel->createWidget<DropDownMenuButton>(DropDownMenuButton::InitArgs(rows, 0, XY<int>(120, 0)),
+                                                       Glob::UserTopLeft(200, UifStd::getWidgetGap()));
+  HeadlessInput::clickOn(*tall);
+  MenuWindow* window = tall->getMenuWindow();
+  ASSERT_NE(window, nullptr);
+  ASSERT_GT(window->height(), tall->screenPosition().y) << "no room below";
+  ASSERT_GT(tall->screenPosition().y + tall->height() + window->height(), screenHeight) << "nor above";
+  EXPECT_EQ(window->screenPosition().y, 0) << "below, pushed up to the screen's bottom edge";
+  EXPECT_EQ(window->screenPosition().x, tall->screenPosition().x);
+  EXPECT_LE(window->screenPosition().y + window->height(), screenHeight);
+}
+
 TEST_F(MenuTest, ArrowKeysSkipHeadingsSeparatorsAndInactiveRowsAndReturnChooses) {
   MenuWindow* window = openByClick();
   ASSERT_NE(window, nullptr);
