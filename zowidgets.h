@@ -204,6 +204,7 @@
 #include <zowidgets/host/toolkit/FocusReveal.h>
 #include <zowidgets/host/toolkit/Glob.h>
 #include <zowidgets/host/toolkit/GlobCreationInfo.h>
+#include <zowidgets/host/toolkit/GlobHandle.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/GlobTheme.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
@@ -246,7 +247,6 @@
 #include <zowidgets/host/widgets/panels/DiscreetSplitter.h>
 #include <zowidgets/host/widgets/panels/HorizontalScroller.h>
 #include <zowidgets/host/widgets/panels/Message.h>
-#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/panels/Splitter.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/TabbedDialogue.h>
@@ -278,6 +278,7 @@
 #include <zowidgets/host/widgets/values/Gauge.h>
 #include <zowidgets/host/widgets/values/ImageView.h>
 #include <zowidgets/host/widgets/values/RangeModel.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/images/AlphaChannelEditorPanel.h>

@@ -10,26 +10,9 @@
 #include <algorithm>
 #include <cmath>
 
-GlobHandle::GlobHandle(Glob* glob)
-    : glob_(glob), stamp_(is_good_glob_ptr(glob) ? glob->handlerStamp() : IdStamp::null()) {}
-
-Glob* GlobHandle::get() const {
-  return stamp_.valid() && is_good_glob_ptr(glob_) && glob_->handlerStamp() == stamp_ ? glob_ : nullptr;
-}
-
-void GlobHandle::clear() noexcept {
-  glob_ = nullptr;
-  stamp_ = IdStamp::null();
-}
-
-void GlobHandle::requestDeletion() {
-  if (Glob* glob = get())
-    GlobManager::requestDeletion(glob);
-  clear();
-}
-
 DropDownHostBase::DropDownHostBase(InitArgs const& args)
-    : TipWindowBase(args), owner_(args.owner), eventCallback_(args.eventCallback), detachable_(args.detachable) {
+    : TipWindowBase(args), owner_(args.owner), title_(args.title), eventCallback_(args.eventCallback),
+      detachable_(args.detachable) {
   getEventInterceptStack().push(this);
   if (Glob* owner = owner_.get()) {
     ownerWindowAt_ = owner->getRootParent()->screenPosition();
@@ -67,6 +50,10 @@ void DropDownHostBase::stopIntercepting() {
   unsetModalContextGlob();
 }
 
+LightweightString<wchar_t> DropDownHostBase::windowTitle() const {
+  return detached_ ? title_.getString() : LightweightString<wchar_t>();
+}
+
 int DropDownHostBase::titleBarHeight() const { return detached_ ? UifStd::getRowHeight() : 0; }
 
 void DropDownHostBase::detach() {
@@ -75,6 +62,10 @@ void DropDownHostBase::detach() {
   // The user area keeps its size: the tip goes and a title bar comes.
   Zo::Box<int> const user = getUserArea();
   detached_ = true;
+  // Named now: the owner may go while the torn-off window stays.
+  if (title_.empty())
+    if (Glob const* owner = owner_.get(); owner && owner->canvas())
+      title_ = UIString(owner->canvas()->title());
   if (Canvas* shown = canvas())
     shown->kindChanged();
   setMovable(true);
@@ -299,12 +290,16 @@ void DropDownHostBase::draw(CanvasRenderer& renderer) {
   int const gap = UifStd::getWidgetGap();
   double const line = std::max(1, UifStd::getIndentWidth() / 2);
   double const midY = (bar.y0 + bar.y1) / 2.0;
+  double const gripEnd = bar.x0 + gap * 2 + bar.height() * 0.6;
   for (int row = -1; row <= 1; ++row) {
     double const y = midY + row * gap * 0.75;
-    renderer.renderPrimitive(Glib::LineDescription(
-        XY<double>(bar.x0 + gap * 2, y), XY<double>(bar.x0 + gap * 2 + bar.height() * 0.6, y), line, palette.text(-6)));
+    renderer.renderPrimitive(
+        Glib::LineDescription(XY<double>(bar.x0 + gap * 2, y), XY<double>(gripEnd, y), line, palette.text(-6)));
   }
   Zo::Box<int> const close = getCloseBox();
+  if (LightweightString<wchar_t> const title = windowTitle(); !title.empty())
+    renderer.renderPrimitive(Glib::TextDescription(title, Zo::Box<double>(gripEnd + gap, bar.y0, close.x0, bar.y1),
+                                                   UifStd::getFont(), palette.headingText()));
   double const inset = close.width() * 0.32;
   double const stroke = std::max(1.0, UifStd::getScale() * 1.5);
   Colour const cross = palette.text(-2);

@@ -1,31 +1,11 @@
 #pragma once
 
 #include <zowidgets/host/base/NotifyMsg.h>
+#include <zowidgets/host/base/UIString.h>
+#include <zowidgets/host/toolkit/GlobHandle.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/widgets/popups/TipWindowBase.h>
 #include <zowidgets/values/notify/Callback.h>
-
-// A widget referred to but not owned: it counts as there only while it lives
-// with the stamp it had when the handle was taken, so a dead widget, or a new
-// one at the same address, is never touched.
-class ZO_API GlobHandle {
-public:
-  GlobHandle() = default;
-  explicit GlobHandle(Glob* glob);
-
-  // The widget, or null once it has gone.
-  Glob* get() const;
-  bool isLive() const { return get() != nullptr; }
-  IdStamp const& stamp() const noexcept { return stamp_; }
-  void clear() noexcept;
-  // Deletes the widget after the current event if it still lives, and
-  // forgets it.
-  void requestDeletion();
-
-private:
-  Glob* glob_ = nullptr;
-  IdStamp stamp_ = IdStamp::null();
-};
 
 // The floating window a drop-down panel lives in. It lies beside its owner
 // (a button) with its tip towards it, and closes itself on a press outside
@@ -61,6 +41,9 @@ public:
     Glob* owner = nullptr;
     Zo::Ptr<iCallbackBase<int, NotifyMsg>> eventCallback;
     bool detachable = false;
+    // What a torn-off host's title bar and window say; empty: the title of
+    // the owner's window.
+    UIString title;
   };
 
   explicit DropDownHostBase(InitArgs const& args);
@@ -68,6 +51,8 @@ public:
   char const* idstring() const override { return "DropDownHostBase"; }
   // Torn off, it is a window like the panels.
   eWindowKind windowKind() const override { return detached_ ? eWindowKind::kPanel : eWindowKind::kPopupMenu; }
+  // Torn off, its title; a drop-down has none.
+  LightweightString<wchar_t> windowTitle() const override;
   // A drop-down panel is worked in, by Tab and keys as much as the pointer.
   bool takesKeyboardWhenShown() const override { return true; }
 
@@ -122,6 +107,7 @@ private:
   void resizeFromEdges(Zo::Box<int> const& screenBox);
 
   GlobHandle owner_;
+  UIString title_;
   Zo::Ptr<Zo::Guard> ownerWindowGuard_;
   XY<int> ownerWindowAt_;
   Zo::Ptr<iCallbackBase<int, NotifyMsg>> eventCallback_;

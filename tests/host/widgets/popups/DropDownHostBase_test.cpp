@@ -228,6 +228,49 @@ TEST_F(DropDownHostBaseTest, TornOffItIsAWindowLikeThePanelsThatAPressOnItsOwner
   EXPECT_EQ(Canvas::stack().back(), host->canvas());
 }
 
+TEST_F(DropDownHostBaseTest, TornOffItIsNamedAfterItsOwnersWindowInItsTitleBarAndOnTheDesktop) {
+  StandardPanel* owner = openPanel(XY<int>(200, 40), XY<int>(100, 100));
+  owner->setTitle(UIString(L"Grade"), UifStd::getTitleFont(), kNoRedraw);
+  DropDownHostBase* host = openHost(owner, true);
+  EXPECT_TRUE(host->windowTitle().empty()) << "a drop-down has no title";
+
+  host->detach();
+  pump();
+  EXPECT_EQ(host->windowTitle(), LightweightString<wchar_t>(L"Grade"));
+  EXPECT_EQ(host->canvas()->title(), LightweightString<wchar_t>(L"Grade"));
+  // The name is written between the grip and the close box.
+  Zo::Image::Surface const shot = HeadlessScreen::windowShot(*host);
+  Zo::Box<int> const bar = host->getTitleBarBox();
+  Zo::Box<int> const close = host->getCloseBox();
+  std::uint32_t const barColour = shot.pixel(close.x0 - 2, host->height() - 1 - (bar.y0 + 1));
+  int written = 0;
+  for (int y = bar.y0 + 1; y < bar.y1 - 1; ++y)
+    for (int x = bar.x0 + bar.height() * 2; x < close.x0 - 2; ++x)
+      written += shot.pixel(x, host->height() - 1 - y) != barColour;
+  EXPECT_GT(written, 20);
+
+  // The owner gone, the torn-off window keeps its name.
+  GlobManager::requestDeletion(owner);
+  pump();
+  EXPECT_EQ(host->windowTitle(), LightweightString<wchar_t>(L"Grade"));
+}
+
+TEST_F(DropDownHostBaseTest, ATitleGivenIsWhatTheTornOffWindowSays) {
+  StandardPanel* owner = openPanel(XY<int>(200, 40), XY<int>(100, 100));
+  owner->setTitle(UIString(L"Grade"), UifStd::getTitleFont(), kNoRedraw);
+  using Callback = iCallbackBase<int, NotifyMsg>;
+  DropDownHostBase::InitArgs args(
+      owner, Zo::Ptr<Callback>(new MethodCallback<HostEvents, NotifyMsg>(&events, &HostEvents::execute)));
+  args.detachable = true;
+  args.title = UIString(L"Lift colour");
+  args.size = XY<int>(200, 100);
+  args.screenPosition = XY<int>(400, 300);
+  auto* host = new DropDownHostBase(args);
+  GlobManager::realize(host);
+  host->detach();
+  EXPECT_EQ(host->windowTitle(), LightweightString<wchar_t>(L"Lift colour"));
+}
+
 TEST_F(DropDownHostBaseTest, ItMovesWithItsOwnersWindowUntilTornOff) {
   StandardPanel* owner = openPanel(XY<int>(200, 40), XY<int>(100, 100));
   DropDownHostBase* host = openHost(owner, true);
