@@ -8,8 +8,11 @@
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/files/FileChooserWindow.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 
 namespace {
 
@@ -26,6 +29,7 @@ CommandRegistrar const alphaEditorCommand(
 
 int buttonHeight() { return UifStd::getRowHeight(); }
 int scaled(int atScaleOne) { return static_cast<int>(atScaleOne * UifStd::getScale()); }
+int buttonWidth() { return scaled(80); }
 
 } // namespace
 
@@ -54,13 +58,15 @@ AlphaChannelEditorPanel::AlphaChannelEditorPanel(InitArgs const& args) : Standar
   addStandardWidgets(kStandardWidgets);
   setTitle(UIString(L"Alphatron"), UifStd::getTitleFont(), kNoRedraw);
   int const gap = UifStd::getWidgetGap();
-  int const buttonWidth = scaled(80);
   openButton_ = createWidget<Button>(
-      Button::InitArgs(UIString(ellipsisResourceStrW(kOpenText)), XY<int>(buttonWidth, buttonHeight()), kOpenMsg),
+      Button::InitArgs(UIString(ellipsisResourceStrW(kOpenText)), XY<int>(buttonWidth(), buttonHeight()), kOpenMsg),
       Glob::UserTopLeft(0, 0));
   saveButton_ = createWidget<Button>(
-      Button::InitArgs(UIString(ellipsisResourceStrW(kSaveText)), XY<int>(buttonWidth, buttonHeight()), kSaveMsg),
+      Button::InitArgs(UIString(ellipsisResourceStrW(kSaveText)), XY<int>(buttonWidth(), buttonHeight()), kSaveMsg),
       Glob::RightOf(gap));
+  // Saving is otherwise silent: this line says where the picture went.
+  TextLabel::InitArgs report(GlobCreationInfo(XY<int>(saveReportWidth(), buttonHeight())));
+  saveReport_ = createWidget<TextLabel>(report, Glob::RightOf(gap));
   XY<int> const side = viewSize();
   rgbView_ = createWidget<ImageEditorView>(InitArgs(GlobCreationInfo(side)), Glob::Below(gap, openButton_));
   alphaView_ = createWidget<ImageEditorView>(InitArgs(GlobCreationInfo(side)), Glob::RightOf(gap, rgbView_));
@@ -77,10 +83,17 @@ XY<int> AlphaChannelEditorPanel::viewSize() const {
   return XY<int>(std::max(1, (user.width() - gap) / 2), std::max(1, user.height() - buttonHeight() - gap));
 }
 
+// The rest of the top row, after the two buttons.
+int AlphaChannelEditorPanel::saveReportWidth() const {
+  int const gap = UifStd::getWidgetGap();
+  return std::max(1, getUserArea().width() - 2 * (buttonWidth() + gap));
+}
+
 void AlphaChannelEditorPanel::resize(double newWidth, double newHeight) {
   StandardPanel::resize(newWidth, newHeight);
   if (!rgbView_)
     return;
+  saveReport_->resize(saveReportWidth(), buttonHeight());
   XY<int> const side = viewSize();
   rgbView_->resize(side.x, side.y);
   alphaView_->resize(side.x, side.y);
@@ -104,6 +117,25 @@ bool AlphaChannelEditorPanel::saveFile() {
   if (rgbView_->getImage().empty())
     return false;
   return ZoImage::Saver::saveImage(rgbView_->getImage(), outputPath());
+}
+
+void AlphaChannelEditorPanel::saveAndReport() {
+  LightweightString<wchar_t> text;
+  if (rgbView_->getImage().empty()) {
+    text = L"There is no picture to save: open one first.";
+  } else if (saveFile()) {
+    text = L"Saved as ";
+    text += outputPath();
+    text += L".";
+  } else {
+    int const error = errno;
+    text = L"Could not save ";
+    text += outputPath();
+    text += L": ";
+    text += LightweightString<wchar_t>::fromUTF8(std::strerror(error));
+    text += L".";
+  }
+  saveReport_->setString(UIString(text));
 }
 
 void AlphaChannelEditorPanel::chooseFile() {
@@ -132,7 +164,7 @@ int AlphaChannelEditorPanel::handleMessageEvent(LightweightString<char> const& m
     return 1;
   }
   if (message == kSaveMsg) {
-    saveFile();
+    saveAndReport();
     return 1;
   }
   return StandardPanel::handleMessageEvent(message, sender);
@@ -145,7 +177,7 @@ int AlphaChannelEditorPanel::handleKeyboardEvent(int key) {
     return 1;
   }
   if ((key & kKeyCtrl) && (letter == 'S' || letter == 's')) {
-    saveFile();
+    saveAndReport();
     return 1;
   }
   return StandardPanel::handleKeyboardEvent(key);

@@ -11,6 +11,8 @@
 // the right; both views hold the same pixels, so an edit in the alpha view
 // shows in both, and zooming or scrolling one moves the other with it. The
 // result is saved as "AT-Output.png" beside the picture, never over it.
+class TextLabel;
+
 class ZO_API AlphaChannelEditorPanel : public StandardPanel {
 public:
   static constexpr char const* kCommand = "Alpha Channel Editor";
@@ -38,6 +40,9 @@ public:
   bool saveFile();
   LightweightString<wchar_t> const& getFileName() const noexcept { return fileName_; }
   LightweightString<wchar_t> outputPath() const;
+  // The line beside the Save button where Save and Control-S say where the
+  // picture went, or why it did not.
+  TextLabel* getSaveReport() const noexcept { return saveReport_; }
 
   ImageEditorView* getRGBView() const noexcept { return rgbView_; }
   ImageEditorView* getAlphaView() const noexcept { return alphaView_; }
@@ -51,7 +56,10 @@ private:
   int handleAlphaViewEvent(ImageEditorView::Event const& event);
   void follow(ImageEditorView* from, ImageEditorView* to, ImageEditorView::Event const& event);
   void chooseFile();
+  // Saves, and says so in the save report.
+  void saveAndReport();
   XY<int> viewSize() const;
+  int saveReportWidth() const;
 
   Button* openButton_ = nullptr;
   Button* saveButton_ = nullptr;
@@ -59,4 +67,5 @@ private:
   ImageEditorView* alphaView_ = nullptr;
   LightweightString<wchar_t> fileName_;
   FileChooser chooser_;
+  TextLabel* saveReport_ = nullptr;
 };

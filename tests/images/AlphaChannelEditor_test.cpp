@@ -4,7 +4,9 @@
 #include <zowidgets/host/drawing/ImageSaver.h>
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/files/FileChooserWindow.h>
+#include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/images/AlphaChannelEditorPanel.h>
 
 #include <filesystem>
@@ -200,6 +202,61 @@ TEST_F(AlphaEditorTest, WithoutAChooserOpenShowsTheFileBrowserOfferingPicturesAn
   pump();
   EXPECT_EQ(editor->getFileName(), wide(other));
   EXPECT_EQ(editor->getAlphaView()->getImage().width(), 5);
+}
+
+// The Save button: the second of the two buttons along the top.
+Button* saveButtonOf(AlphaChannelEditorPanel& editor) {
+  std::vector<Button*> buttons;
+  for (Glob* child : editor.getChildren())
+    if (auto* button = dynamic_cast<Button*>(child))
+      buttons.push_back(button);
+  return buttons.size() >= 2 ? buttons[1] : nullptr;
+}
+
+LightweightString<wchar_t> reportOf(AlphaChannelEditorPanel& editor) {
+  return editor.getSaveReport()->getString().getString();
+}
+
+TEST_F(AlphaEditorTest, SaveSaysWhereThePictureWentBesideTheButton) {
+  Button* save = saveButtonOf(*editor);
+  ASSERT_NE(save, nullptr);
+  EXPECT_TRUE(reportOf(*editor).empty());
+  clickOn(*save);
+  pump();
+  EXPECT_EQ(reportOf(*editor), wide("Saved as " + folder + "/AT-Output.png."));
+  EXPECT_TRUE(std::filesystem::exists(folder + "/AT-Output.png"));
+  TextLabel* report = editor->getSaveReport();
+  EXPECT_EQ(report->getY(), save->getY()) << "on the buttons' row";
+  EXPECT_GT(report->getX(), save->getX() + save->width() - 1);
+  EXPECT_LE(report->getX() + report->width(), editor->getUserArea().x1);
+  // The words are on the screen, and the line follows the panel's width.
+  std::uint32_t const paper = widgetPixel(*report, XY<int>(report->width() - 1, report->height() / 2));
+  int written = 0;
+  for (int y = 0; y < report->height(); ++y)
+    for (int x = 0; x < report->width(); ++x)
+      written += widgetPixel(*report, XY<int>(x, y)) != paper;
+  EXPECT_GT(written, 20);
+  editor->resize(editor->width() + 100, editor->height());
+  EXPECT_LE(report->getX() + report->width(), editor->getUserArea().x1);
+  EXPECT_GE(report->getX() + report->width(), editor->getUserArea().x1 - UifStd::getWidgetGap());
+}
+
+TEST_F(AlphaEditorTest, ASaveThatFailsSaysWhy) {
+  // A folder where the file should go: nothing can be written over it.
+  std::filesystem::create_directories(folder + "/AT-Output.png/inside");
+  key('S', kKeyCtrl);
+  pump();
+  std::string const text = reportOf(*editor).toUTF8().str();
+  EXPECT_TRUE(text.starts_with("Could not save " + folder + "/AT-Output.png: ")) << text;
+  EXPECT_GT(text.size(), ("Could not save " + folder + "/AT-Output.png: .").size()) << "with the reason";
+  EXPECT_TRUE(std::filesystem::is_directory(folder + "/AT-Output.png/inside")) << "and nothing was lost";
+}
+
+TEST_F(HeadlessScreenTest, AlphatronSaveWithoutAPictureAsksForOneFirst) {
+  AlphaChannelEditorPanel* empty = AlphaChannelEditorPanel::create();
+  clickOn(*saveButtonOf(*empty));
+  pump();
+  EXPECT_EQ(reportOf(*empty), LightweightString<wchar_t>(L"There is no picture to save: open one first."));
 }
 
 } // namespace
