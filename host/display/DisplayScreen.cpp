@@ -160,27 +160,23 @@ struct DisplayScreen::State {
   // A point of X's top-down screen on ours.
   XY<int> bottomUp(XY<int> x) const { return XY<int>(x.x, x11->size().y - 1 - x.y); }
   // Presses on the desktop or on another program's window are reported to
-  // that window alone. While a menu or a drop-down is open, buttons seen held
-  // with the pointer in none of our windows reach the router as a press
-  // there, which closes the popup as a press on another of our windows does
-  // (and does nothing else). Polled, so a press shorter than a pump is missed.
-  void noticePressesOutside(X11Screen::PointerState const& now, int modifiers) {
-    int const held = (now.left ? kMouseLeft : 0) | (now.middle ? kMouseMiddle : 0) | (now.right ? kMouseRight : 0);
-    XY<int> const at = bottomUp(now.at);
-    if (pressedOutside == 0) {
-      if (held == 0 || SDL_GetMouseFocus() || !aMenuIsOpen())
-        return;
-      pressedOutside = held;
-      for (int button : {kMouseLeft, kMouseMiddle, kMouseRight})
-        if (held & button)
-          InputRouter::mouseButton(at, button, true, modifiers, 1);
-      return;
-    }
-    int const letGo = pressedOutside & ~held;
-    pressedOutside &= held;
-    for (int button : {kMouseLeft, kMouseMiddle, kMouseRight})
-      if (letGo & button)
+  // that window alone. While a menu or a drop-down is open, such a press
+  // reaches the router as a press where the pointer is, which closes the
+  // popup as a press on another of our windows does (and does nothing else);
+  // its release follows. Told by X of every press, however short.
+  void noticePressesOutside(std::vector<X11Screen::ButtonChange> const& changes, XY<int> at, int modifiers) {
+    for (X11Screen::ButtonChange const& change : changes) {
+      int const button = change.button == 1 ? kMouseLeft : change.button == 2 ? kMouseMiddle : kMouseRight;
+      if (change.down) {
+        if ((pressedOutside & button) || SDL_GetMouseFocus() || !aMenuIsOpen())
+          continue;
+        pressedOutside |= button;
+        InputRouter::mouseButton(at, button, true, modifiers, 1);
+      } else if (pressedOutside & button) {
+        pressedOutside &= ~button;
         InputRouter::mouseButton(at, button, false, modifiers, 1);
+      }
+    }
   }
   bool aMenuIsOpen() const {
     for (auto const& [canvas, shown] : windows)
@@ -500,9 +496,9 @@ bool DisplayScreen::pumpEvents() {
   // One look at the pointer a pump, for the moves and the presses the window
   // library does not report.
   int const modifiers = modifierBits(SDL_GetModState());
-  X11Screen::PointerState const now = state_->x11->pointerState();
-  state_->followPointerTo(state_->bottomUp(now.at), modifiers);
-  state_->noticePressesOutside(now, modifiers);
+  XY<int> const at = state_->bottomUp(state_->x11->pointer());
+  state_->followPointerTo(at, modifiers);
+  state_->noticePressesOutside(state_->x11->takeButtonChanges(), at, modifiers);
   return !state_->quit;
 }
 

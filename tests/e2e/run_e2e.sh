@@ -558,6 +558,13 @@ form_menu_outside | form_menu_outside_wm)
   form=$(ask form)
   expect "the menu after a press outside the program" "$(menu_rows "$form")" ""
   expect "the mode, which the press did not choose" "$(field "$form" mode)" "$mode"
+  # A tap, as a touchpad gives: pressed and let go at once.
+  open_form_menu
+  xdotool mousemove "$outside_x" "$outside_y" click 1
+  sleep 0.4
+  form=$(ask form)
+  expect "the menu after a tap outside the program" "$(menu_rows "$form")" ""
+  expect "the mode, which the tap did not choose" "$(field "$form" mode)" "$mode"
   ;;
 form_tip_wm)
   # A tip shown as the pointer rests on a row does not take the keyboard

@@ -5,6 +5,7 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/cursorfont.h>
+#include <X11/extensions/XInput2.h>
 #include <X11/extensions/XShm.h>
 #include <sys/ipc.h>
 #include <sys/shm.h>
@@ -104,7 +105,32 @@ struct X11Screen::State {
   Display* display = nullptr;
   bool sharedMemory = false;
   std::map<int, Cursor> cursors;
+  int inputOpcode = -1;    // the input extension's, when it has raw events
+  unsigned heldBefore = 0; // without raw events: the buttons held when last asked
 };
+
+namespace {
+
+// Raw button events come from the root window whichever window the pointer
+// is on, and whatever grabs the press: the opcode to know them by, or -1.
+int selectRawButtons(Display* display) {
+  int opcode = -1, firstEvent = 0, firstError = 0;
+  if (!XQueryExtension(display, "XInputExtension", &opcode, &firstEvent, &firstError))
+    return -1;
+  int major = 2, minor = 0;
+  if (XIQueryVersion(display, &major, &minor) != Success)
+    return -1;
+  unsigned char bits[XIMaskLen(XI_LASTEVENT)] = {};
+  XISetMask(bits, XI_RawButtonPress);
+  XISetMask(bits, XI_RawButtonRelease);
+  XIEventMask mask{XIAllMasterDevices, static_cast<int>(sizeof bits), bits};
+  if (XISelectEvents(display, DefaultRootWindow(display), &mask, 1) != Success)
+    return -1;
+  XFlush(display);
+  return opcode;
+}
+
+} // namespace
 
 std::unique_ptr<X11Screen> X11Screen::open() {
   Display* display = XOpenDisplay(nullptr);
@@ -120,6 +146,7 @@ std::unique_ptr<X11Screen> X11Screen::open() {
   auto state = std::make_unique<State>();
   state->display = display;
   state->sharedMemory = XShmQueryExtension(display) == True;
+  state->inputOpcode = selectRawButtons(display);
   return std::unique_ptr<X11Screen>(new X11Screen(std::move(state)));
 }
 
@@ -219,6 +246,34 @@ X11Screen::PointerState X11Screen::pointerState() const {
   pointer.middle = (mask & Button2Mask) != 0;
   pointer.right = (mask & Button3Mask) != 0;
   return pointer;
+}
+
+std::vector<X11Screen::ButtonChange> X11Screen::takeButtonChanges() {
+  std::vector<ButtonChange> changes;
+  if (state_->inputOpcode < 0) {
+    PointerState const now = pointerState();
+    unsigned const held = (now.left ? 1u : 0u) | (now.middle ? 2u : 0u) | (now.right ? 4u : 0u);
+    for (int button = 1; button <= 3; ++button) {
+      unsigned const bit = 1u << (button - 1);
+      if ((held ^ state_->heldBefore) & bit)
+        changes.push_back(ButtonChange{button, (held & bit) != 0});
+    }
+    state_->heldBefore = held;
+    return changes;
+  }
+  XEvent event;
+  while (XCheckTypedEvent(state_->display, GenericEvent, &event)) {
+    XGenericEventCookie& cookie = event.xcookie;
+    if (cookie.extension != state_->inputOpcode || !XGetEventData(state_->display, &cookie))
+      continue;
+    auto const* raw = static_cast<XIRawEvent const*>(cookie.data);
+    // Buttons 4 to 7 are the wheel's.
+    if ((cookie.evtype == XI_RawButtonPress || cookie.evtype == XI_RawButtonRelease) && raw->detail >= 1 &&
+        raw->detail <= 3)
+      changes.push_back(ButtonChange{raw->detail, cookie.evtype == XI_RawButtonPress});
+    XFreeEventData(state_->display, &cookie);
+  }
+  return changes;
 }
 
 void X11Screen::setWindowClass(unsigned long window, std::string const& name, std::string const& className) {

@@ -36,6 +36,16 @@ public:
     bool right = false;
   };
   PointerState pointerState() const;
+  // The pointer's buttons pressed and let go since last asked, on any window
+  // of any program, in order: however short a click, both halves are here.
+  // Where the X server lacks the input extension's raw events, what the
+  // held buttons say now against the last time asked.
+  struct ButtonChange {
+    int button = 1; // 1 left, 2 middle, 3 right
+    bool down = true;
+    friend bool operator==(ButtonChange const&, ButtonChange const&) = default;
+  };
+  std::vector<ButtonChange> takeButtonChanges();
   // Shows the shape for a cursor id (see docs/host-display.md) on an X window.
   void setCursor(unsigned long window, int cursorId);
   // The window's WM_CLASS: the program's name and class, by which window
