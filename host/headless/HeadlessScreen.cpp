@@ -62,7 +62,7 @@ Zo::Image::Surface HeadlessScreen::windowShot(Glob const& root) {
   Canvas* canvas = root.canvas();
   if (!canvas)
     return {};
-  canvas->paintPending();
+  canvas->paintPendingEverywhere();
   return canvas->surface().clone();
 }
 

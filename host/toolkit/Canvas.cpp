@@ -72,6 +72,7 @@ void Canvas::move(XY<int> screenPosition) {
   if (mapped_)
     screenBackend().canvasMoved(*this);
   GlobRegistry::announce(GlobManagerEvent::kMoved, root_);
+  paintWhatCameIntoView();
 }
 
 void Canvas::movedOnScreen(XY<int> screenPosition) {
@@ -79,6 +80,7 @@ void Canvas::movedOnScreen(XY<int> screenPosition) {
     return;
   position_ = screenPosition;
   GlobRegistry::announce(GlobManagerEvent::kMoved, root_);
+  paintWhatCameIntoView();
 }
 
 void Canvas::resize(XY<int> size) {
@@ -108,6 +110,7 @@ void Canvas::resizedOnScreen(XY<int> screenPosition, XY<int> size) {
   adoptingSize_ = false;
   if (moved)
     GlobRegistry::announce(GlobManagerEvent::kMoved, root_);
+  paintWhatCameIntoView();
   // A root with limits of its own keeps them: the window goes back to it.
   if (size_ != size && mapped_)
     screenBackend().canvasResized(*this);
@@ -191,7 +194,35 @@ void Canvas::addDamage(Zo::Box<int> const& box) {
 
 void Canvas::clearDamage() { damage_ = Zo::Box<int>(); }
 
-void Canvas::paintPending() {
+void Canvas::paintPending() { paintDamageWithin(shownArea()); }
+
+void Canvas::paintPendingEverywhere() { paintDamageWithin(Zo::Box<int>(0, 0, size_.x, size_.y)); }
+
+Zo::Box<int> Canvas::shownArea() const {
+  XY<int> const screen = screenBackend().screenSize();
+  return Zo::Box<int>(0, 0, size_.x, size_.y)
+      .intersect(Zo::Box<int>(-position_.x, -position_.y, screen.x - position_.x, screen.y - position_.y));
+}
+
+namespace {
+
+// What of `damage` lies outside `painted`, as one box: the damage kept.
+Zo::Box<int> damageLeft(Zo::Box<int> const& damage, Zo::Box<int> const& painted) {
+  if (painted.empty())
+    return damage;
+  Zo::Box<int> left;
+  for (Zo::Box<int> const& piece : {Zo::Box<int>(damage.x0, damage.y0, damage.x1, painted.y0),
+                                    Zo::Box<int>(damage.x0, painted.y1, damage.x1, damage.y1),
+                                    Zo::Box<int>(damage.x0, painted.y0, painted.x0, painted.y1),
+                                    Zo::Box<int>(painted.x1, painted.y0, damage.x1, painted.y1)})
+    if (!piece.empty())
+      left = left.unite(piece);
+  return left;
+}
+
+} // namespace
+
+void Canvas::paintDamageWithin(Zo::Box<int> const& limit) {
   // A widget may change while it paints (rows made on first showing): the
   // damage it adds is painted in a further pass, never from inside a paint.
   // While the screen's refresh is off, the damage waits for refresh_on.
@@ -199,9 +230,11 @@ void Canvas::paintPending() {
     return;
   painting_ = true;
   constexpr int kMaxPasses = 4;
-  for (int pass = 0; pass < kMaxPasses && !damage_.empty() && root_ && !surface_.empty(); ++pass) {
-    Zo::Box<int> area = damage_;
-    damage_ = Zo::Box<int>();
+  for (int pass = 0; pass < kMaxPasses && root_ && !surface_.empty(); ++pass) {
+    Zo::Box<int> const area = damage_.intersect(limit);
+    if (area.empty())
+      break;
+    damage_ = damageLeft(damage_, area);
     CanvasRenderer renderer(surface_);
     root_->paint(renderer, area);
     ++paintCount_;
@@ -209,6 +242,11 @@ void Canvas::paintPending() {
       screenBackend().canvasPainted(*this, area);
   }
   painting_ = false;
+}
+
+void Canvas::paintWhatCameIntoView() {
+  if (!damage_.empty() && !Drawable::redrawsDisabled())
+    paintPending();
 }
 
 Canvas* Canvas::atScreenPoint(XY<int> point, Canvas const* lookThrough) {

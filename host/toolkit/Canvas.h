@@ -13,7 +13,9 @@ class Glob;
 // Painting is by damage: invalidated boxes collect, and a paint redraws only
 // the widgets that touch them, clipped to them. While redraws are held
 // (Drawable::disableRedraws) damage only collects; the outermost enable
-// paints every canvas once.
+// paints every canvas once. Only the part of a window on the screen is
+// painted: damage beyond the screen's edges waits until the window is moved
+// or resized to show it, or until its whole picture is asked for.
 class ZO_API Canvas {
 public:
   Canvas(Glob* root, XY<int> screenPosition, XY<int> size);
@@ -54,8 +56,13 @@ public:
   void addDamage(Zo::Box<int> const& box);
   Zo::Box<int> const& pendingDamage() const noexcept { return damage_; }
   void clearDamage();
-  // Paints what is damaged, now.
+  // Paints what is damaged on the screen, now.
   void paintPending();
+  // Paints what is damaged anywhere, on the screen or off it: before the
+  // whole picture is read (surface()).
+  void paintPendingEverywhere();
+  // The part of the canvas on the screen, in canvas coordinates.
+  Zo::Box<int> shownArea() const;
   int paintCount() const noexcept { return paintCount_; }
 
   // The canvas under a screen point, front first, looking through the
@@ -67,13 +74,17 @@ public:
   static Glob* widgetAtScreenPoint(XY<int> point, Canvas const* lookThrough = nullptr);
   // Every canvas, back to front.
   static std::vector<Canvas*> const& stack();
-  // Paints every canvas that has damage.
+  // Paints every canvas that has damage on the screen.
   static void paintAllPending();
 
 private:
   // After a window is raised or shown: the windows of higher layers go back
   // in front of it (dialogues before a panel, popups before both).
   void keepHigherLayersInFront();
+  // Paints the damage within `limit`; what lies outside it stays damaged.
+  void paintDamageWithin(Zo::Box<int> const& limit);
+  // After a move or a resize: damage that came on the screen is painted.
+  void paintWhatCameIntoView();
   Glob* root_;
   XY<int> position_;
   XY<int> size_;

@@ -19,6 +19,8 @@ void HeadlessScreenTest::SetUp() {
   screen_ = &useHeadlessScreen();
 }
 
+void HeadlessScreenTest::useScreenOfSize(XY<int> size) { screen_ = &useHeadlessScreen(size); }
+
 void HeadlessScreenTest::TearDown() {
   // A pointer left resting on a widget with a tooltip leaves the tooltip's
   // timer running, due on this test's clock: the next test must not meet it.

@@ -24,6 +24,8 @@ protected:
   void TearDown() override;
 
   HeadlessScreen& screen() { return *screen_; }
+  // A screen of another size in place of the default one, from SetUp.
+  void useScreenOfSize(XY<int> size);
   // Runs queued work (deferred deletions, messages) until none is left.
   static void pump();
   // A top-level panel of this size at this screen position, realized.

@@ -62,6 +62,57 @@ TEST_F(CanvasTest, AChangeRepaintsOnlyWhatChanged) {
   EXPECT_EQ(rgbOf(widgetPixel(*a, XY<int>(5, 5))), rgbOf(blue));
 }
 
+// A window taller than the screen, its top on the screen: a swatch at its
+// bottom lies below the screen's edge, one at its top on the screen.
+struct TallWindow {
+  StandardPanel* panel;
+  Swatch* bottom;
+  Swatch* top;
+};
+TallWindow openTallWindow(int screenHeight) {
+  StandardPanel::InitArgs args(XY<int>(200, screenHeight + 400));
+  args.screenPosition = XY<int>(100, 0);
+  auto* panel = new StandardPanel(args);
+  auto* bottom = static_cast<Swatch*>(panel->addChild(new Swatch(XY<int>(20, 20), red), Glob::BottomLeft(0, 0)));
+  auto* top = static_cast<Swatch*>(panel->addChild(new Swatch(XY<int>(20, 20), green), Glob::TopLeft(0, 0)));
+  GlobManager::realize(panel);
+  return {panel, bottom, top};
+}
+
+TEST_F(CanvasTest, OnlyWhatTheScreenShowsIsPaintedAndTheRestWhenItComesIntoView) {
+  int const screenHeight = screen().screenSize().y;
+  TallWindow window = openTallWindow(screenHeight);
+  pump();
+  Canvas* canvas = window.panel->canvas();
+  ASSERT_LT(canvas->getPosition().y + window.bottom->getY() + window.bottom->height(), 0) << "below the screen";
+  EXPECT_EQ(canvas->getPosition().y + canvas->getSize().y, screenHeight) << "its top on the screen";
+  EXPECT_GT(window.top->paintCount(), 0);
+  EXPECT_EQ(window.bottom->paintCount(), 0) << "nothing below the screen's edge was painted";
+  EXPECT_FALSE(canvas->pendingDamage().empty()) << "it waits";
+  EXPECT_EQ(canvas->shownArea(), Zo::Box<int>(0, -canvas->getPosition().y, 200, canvas->getSize().y));
+
+  // Moved up by its user, its bottom comes into view, painted.
+  canvas->move(XY<int>(100, 0));
+  EXPECT_EQ(window.bottom->paintCount(), 1);
+  EXPECT_EQ(rgbOf(widgetPixel(*window.bottom, XY<int>(5, 5))), rgbOf(red));
+  EXPECT_TRUE(canvas->pendingDamage().empty() || canvas->pendingDamage().intersect(canvas->shownArea()).empty());
+}
+
+TEST_F(CanvasTest, AChangeBelowTheScreensEdgeWaitsAndTheWholePictureHoldsIt) {
+  TallWindow window = openTallWindow(screen().screenSize().y);
+  pump();
+  int const topPaints = window.top->paintCount();
+  window.bottom->setColour(blue);
+  EXPECT_EQ(window.bottom->paintCount(), 0);
+  EXPECT_EQ(window.top->paintCount(), topPaints) << "the change did not repaint what shows";
+  // The window's picture, read whole, is painted whole first.
+  Zo::Image::Surface const shot = HeadlessScreen::windowShot(*window.panel);
+  EXPECT_EQ(window.bottom->paintCount(), 1);
+  EXPECT_EQ(rgbOf(shot.pixel(5, shot.height() - 1 - 5)), rgbOf(blue));
+  EXPECT_EQ(window.top->paintCount(), topPaints) << "and what was painted is not painted again";
+  EXPECT_TRUE(window.panel->canvas()->pendingDamage().empty());
+}
+
 TEST_F(CanvasTest, RedrawsAskedForWhileHeldCollapseIntoOnePaint) {
   StandardPanel* panel = openPanel(XY<int>(200, 100));
   auto* a = static_cast<Swatch*>(panel->addChild(new Swatch(XY<int>(20, 20), red), Glob::BottomLeft(0, 0)));

@@ -36,6 +36,8 @@ class GlobPaintBandsTest : public HeadlessScreenTest {
 protected:
   void SetUp() override {
     HeadlessScreenTest::SetUp();
+    // All of the window on the screen: a window paints only what shows.
+    useScreenOfSize(XY<int>(kWidth + 200, kHeight + 200));
     panel = new StandardPanel(StandardPanel::InitArgs(GlobCreationInfo(XY<int>(kWidth, kHeight))));
     tall = static_cast<StripedSwatch*>(
         panel->addChild(new StripedSwatch(XY<int>(40, kHeight - 40), kRed, kBlue), Glob::UserBottomLeft(10, 10)));
