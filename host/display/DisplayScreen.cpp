@@ -12,7 +12,9 @@
 #include <cctype>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -135,6 +137,23 @@ struct DisplayScreen::State {
     std::erase(workOrder, canvas);
     workOrder.push_back(canvas);
   }
+  // The desktop gave a window the keyboard (a window manager, a task bar,
+  // xdotool windowactivate): the keys go to that window's widgets, not to
+  // those of the window the user worked in before. The keyboard X gives a
+  // window because we showed or raised it comes back as the same event, a
+  // moment later and before the user does anything more: that echo changes
+  // nothing.
+  void activated(Canvas* canvas) {
+    workedIn(canvas);
+    if (keyboardAskedFor.erase(canvas) == 0)
+      InputRouter::windowActivated(canvas->root());
+  }
+  // We showed or raised a window, or gave it the keyboard back: X's report
+  // that it has the keyboard is to come. Until the user presses a button or
+  // a key, which come after any echo of what we did before.
+  void askedKeyboardFor(Canvas* canvas) { keyboardAskedFor.insert(canvas); }
+  std::set<Canvas*> keyboardAskedFor;
+  bool keyboardLeft = false; // a window of ours lost the keyboard this pump
   Canvas* canvasOfWindow(Uint32 windowId) const {
     SDL_Window* window = SDL_GetWindowFromID(windowId);
     for (auto const& [canvas, shown] : windows)
@@ -299,6 +318,8 @@ void DisplayScreen::canvasMapped(Canvas& canvas) {
   if (!window)
     return;
   state_->windows[&canvas] = State::Shown{window, popup};
+  if (!popup)
+    state_->askedKeyboardFor(&canvas);
   state_->x11->watchWindow(nativeX11Window(window));
   state_->showTitle(canvas, window);
   state_->showClass(window);
@@ -318,12 +339,15 @@ void DisplayScreen::canvasUnmapped(Canvas& canvas) {
   else
     SDL_DestroyWindow(found->second.window);
   state_->windows.erase(found);
+  state_->keyboardAskedFor.erase(&canvas);
   // X gives the keyboard of a window that goes to no one, or to whatever a
   // window manager picks: it goes back to the window the user worked in
   // before, as a menu chosen from gives the keys back to its panel.
   if (workedInLast && !order.empty())
-    if (auto previous = state_->windows.find(order.back()); previous != state_->windows.end())
+    if (auto previous = state_->windows.find(order.back()); previous != state_->windows.end()) {
+      state_->askedKeyboardFor(order.back());
       SDL_SetWindowInputFocus(previous->second.window);
+    }
 }
 
 void DisplayScreen::canvasMoved(Canvas& canvas) {
@@ -346,8 +370,11 @@ void DisplayScreen::canvasResized(Canvas& canvas) {
 
 void DisplayScreen::canvasRaised(Canvas& canvas) {
   auto found = state_->windows.find(&canvas);
-  if (found != state_->windows.end())
+  if (found != state_->windows.end()) {
+    if (!found->second.popup)
+      state_->askedKeyboardFor(&canvas);
     state_->leavingTheKeyboard(found->second.popup, [&] { SDL_RaiseWindow(found->second.window); });
+  }
 }
 
 void DisplayScreen::canvasKeptInFront(Canvas& canvas) {
@@ -429,9 +456,10 @@ bool DisplayScreen::pumpEvents() {
         break;
       bool const pressed = event.type == SDL_MOUSEBUTTONDOWN;
       // A release comes where the pointer was last seen moving.
-      if (pressed)
+      if (pressed) {
         state_->workedIn(canvas);
-      else
+        state_->keyboardAskedFor.clear();
+      } else
         state_->followPointer(modifiers);
       InputRouter::mouseButton(state_->eventPoint(*canvas, event.button.x, event.button.y), button, pressed, modifiers,
                                event.button.clicks);
@@ -463,9 +491,10 @@ bool DisplayScreen::pumpEvents() {
       if (int const code = keyCode(event.key.keysym.sym)) {
         // The modifiers as they were with this key, not after the whole batch.
         int const held = modifierBits(event.key.keysym.mod);
-        if (event.type == SDL_KEYDOWN)
+        if (event.type == SDL_KEYDOWN) {
+          state_->keyboardAskedFor.clear();
           InputRouter::keyPressed(code, held);
-        else
+        } else
           InputRouter::keyReleased(code, held);
       }
       break;
@@ -479,7 +508,9 @@ bool DisplayScreen::pumpEvents() {
         else if (event.window.event == SDL_WINDOWEVENT_CLOSE)
           GlobManager::requestDeletion(canvas->root());
         else if (event.window.event == SDL_WINDOWEVENT_FOCUS_GAINED)
-          state_->workedIn(canvas);
+          state_->activated(canvas);
+        else if (event.window.event == SDL_WINDOWEVENT_FOCUS_LOST)
+          state_->keyboardLeft = true;
         else if (event.window.event == SDL_WINDOWEVENT_MOVED)
           state_->followWindow(*canvas, XY<int>(event.window.data1, event.window.data2), modifiers);
         else if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED)
@@ -492,6 +523,9 @@ bool DisplayScreen::pumpEvents() {
     }
   }
   state_->closeDestroyedWindows();
+  // Another program's window has the keyboard now: our popups close.
+  if (std::exchange(state_->keyboardLeft, false) && !SDL_GetKeyboardFocus())
+    InputRouter::applicationDeactivated();
   Canvas::paintAllPending();
   // One look at the pointer a pump, for the moves and the presses the window
   // library does not report.

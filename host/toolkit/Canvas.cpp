@@ -138,20 +138,30 @@ void Canvas::unmap() {
 }
 
 void Canvas::popToTop() {
+  if (moveToFrontOfStack() && mapped_)
+    screenBackend().canvasRaised(*this);
+  keepHigherLayersInFront();
+}
+
+bool Canvas::raisedOnScreen() {
+  bool const moved = moveToFrontOfStack();
+  keepHigherLayersInFront();
+  return moved;
+}
+
+bool Canvas::moveToFrontOfStack() {
   auto& list = canvases();
   auto found = std::find(list.begin(), list.end(), this);
   if (found == list.end())
-    return;
+    return false;
   // In front already: behind nothing but windows of higher layers (a press
   // in the panel in front raises nothing).
   int const layer = layerOf(this);
   if (std::all_of(found + 1, list.end(), [layer](Canvas const* after) { return layerOf(after) > layer; }))
-    return;
+    return false;
   list.erase(found);
   list.push_back(this);
-  if (mapped_)
-    screenBackend().canvasRaised(*this);
-  keepHigherLayersInFront();
+  return true;
 }
 
 void Canvas::keepHigherLayersInFront() {

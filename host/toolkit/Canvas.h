@@ -43,6 +43,10 @@ public:
   // Puts this window in front of every other, but a panel behind the
   // dialogues (Glob::eWindowKind::kDialogue).
   void popToTop();
+  // The screen put this window in front (a window manager activating it):
+  // the stack follows, and the screen is not asked to raise it again. False
+  // when it was in front already.
+  bool raisedOnScreen();
   // The window's title for the desktop: the root widget's windowTitle().
   LightweightString<wchar_t> title() const;
   // Tells the screen that title() changed.
@@ -81,6 +85,8 @@ private:
   // After a window is raised or shown: the windows of higher layers go back
   // in front of it (dialogues before a panel, popups before both).
   void keepHigherLayersInFront();
+  // False when it was in front of its layer already.
+  bool moveToFrontOfStack();
   // Paints the damage within `limit`; what lies outside it stays damaged.
   void paintDamageWithin(Zo::Box<int> const& limit);
   // After a move or a resize: damage that came on the screen is painted.

@@ -75,6 +75,19 @@ void rememberKeyboard(Glob* window, Glob& widget) {
   taken.push_back({window, &widget, widget.handlerStamp()});
 }
 
+// The widget of each window that last had the keyboard.
+std::vector<TakenKeyboard>& lastFocusOfWindows() {
+  static std::vector<TakenKeyboard> list;
+  return list;
+}
+
+void rememberLastFocus(Glob& widget) {
+  Glob* window = widget.getRootParent();
+  auto& last = lastFocusOfWindows();
+  std::erase_if(last, [window](TakenKeyboard const& entry) { return entry.window == window || !isAlive(entry); });
+  last.push_back({window, &widget, widget.handlerStamp()});
+}
+
 std::vector<FocusRevealer>& revealers() {
   static std::vector<FocusRevealer> list;
   return list;
@@ -162,6 +175,13 @@ void GlobRegistry::windowGone(Glob* root, bool dying) {
     set_kbd_focus(entry.widget);
 }
 
+Glob* GlobRegistry::lastFocusIn(Glob const* root) {
+  for (TakenKeyboard const& entry : lastFocusOfWindows())
+    if (entry.window == root && isAlive(entry) && entry.widget->isShowing() && isInside(entry.widget, root))
+      return entry.widget;
+  return nullptr;
+}
+
 Glob* get_kbd_focus() { return is_good_glob_ptr(focused()) ? focused() : nullptr; }
 
 bool set_kbd_focus(Glob* widget) {
@@ -183,6 +203,7 @@ bool set_kbd_focus(Glob* widget) {
     old->react(lost);
   }
   if (widget && focused() == widget) {
+    rememberLastFocus(*widget);
     widget->handleKbdFocus(true);
     Event gained;
     gained.type = Event::kFocusIn;

@@ -58,6 +58,12 @@ public:
   // Whether this window, coming on the screen, takes the keyboard from the
   // window behind it: panels and dialogues do, popups and tips do not.
   virtual bool takesKeyboardWhenShown() const { return !isPopupWindow(); }
+  // A popup window (a menu, a drop-down) closes as a press outside it would
+  // close it: another window was made the active one. Others ignore it.
+  virtual void dismissPopup() {}
+  // The window a popup belongs to (the one of a menu's button, of a
+  // drop-down's owner); null for none.
+  virtual Glob* popupOwnerWindow() const { return nullptr; }
 
   // --- Tree ---------------------------------------------------------------
   Glob* parent() const noexcept { return parent_; }

@@ -253,6 +253,51 @@ void InputRouter::textTyped(std::string_view utf8) {
   deliverKeyEvent(event);
 }
 
+namespace {
+
+// Whether `widget` lies in the window `root`, or in a popup that belongs to
+// it (a menu of one of its buttons, a menu of a drop-down of it).
+bool belongsToWindow(Glob const* widget, Glob const* root) {
+  constexpr int kDeepestChain = 16;
+  Glob const* window = widget ? widget->getRootParent() : nullptr;
+  for (int depth = 0; window && depth < kDeepestChain; ++depth) {
+    if (window == root)
+      return true;
+    window = window->isPopupWindow() ? window->popupOwnerWindow() : nullptr;
+  }
+  return false;
+}
+
+// Closes the popups that do not belong to `kept` (all of them for null).
+void dismissPopups(Glob const* kept) {
+  hoverDismiss();
+  for (Glob* window : GlobManager::topLevelWindows())
+    if (window->isPopupWindow() && !(kept && belongsToWindow(window, kept)))
+      window->dismissPopup();
+}
+
+} // namespace
+
+void InputRouter::windowActivated(Glob* root) {
+  if (!is_good_glob_ptr(root) || root->isPopupWindow() || GlobManager::refusesInput(root))
+    return;
+  if (belongsToWindow(get_kbd_focus(), root))
+    return;
+  dismissPopups(root);
+  // Its own last widget, or else its first stop, as Tab would enter it.
+  if (Glob* last = GlobRegistry::lastFocusIn(root))
+    set_kbd_focus(last);
+  else if (!TabOrderManager::enterWindow(*root, true))
+    set_kbd_focus(nullptr);
+  // A window just shown is in front already: its first activation by the
+  // desktop is no change of window, and those who hear of one (a hint that
+  // closes when another window is activated) hear nothing.
+  if (Canvas* canvas = root->canvas(); canvas && canvas->raisedOnScreen())
+    GlobRegistry::announce(GlobManagerEvent::kActivated, root);
+}
+
+void InputRouter::applicationDeactivated() { dismissPopups(nullptr); }
+
 XY<int> InputRouter::mousePosition() { return state().mouse; }
 int InputRouter::buttonsHeld() { return state().buttons; }
 Glob* InputRouter::mouseCapture() { return state().capture; }

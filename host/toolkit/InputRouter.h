@@ -37,6 +37,16 @@ ZO_API Glob* hoveredWidget();
 ZO_API bool moveFocus(bool forward);
 // A dying widget is forgotten as a target.
 void forget(Glob* widget);
+// The desktop made `root`'s window the active one (a window manager, a task
+// bar, a tool): unless the keyboard is in that window already (or in a popup
+// of it), the popups of other windows close and the keyboard goes to the
+// widget of that window that last had it, or else to its first stop, as Tab
+// enters a window (or to the window itself when it has none). Nothing
+// happens while a modal window refuses input to it.
+ZO_API void windowActivated(Glob* root);
+// The desktop made another program's window the active one: open popups
+// (menus, drop-downs, hints) close, as a press outside them closes them.
+ZO_API void applicationDeactivated();
 
 // What shows hints about the widget under the pointer; tooltips install it.
 // `pointerMoved` hears every move the pointer makes while no widget holds

@@ -16,7 +16,7 @@ screenshot) needed+=(import compare) ;;
 titles) needed+=(xprop) ;;
 wm_late) needed+=(xprop openbox) ;;
 form_menu_keys | tearoff) needed+=(xwininfo) ;;
-form_menu_wm | form_tip_wm | form_menu_outside_wm) needed+=(openbox xwininfo xmessage) ;;
+form_menu_wm | form_tip_wm | form_menu_outside_wm | form_activate_wm) needed+=(openbox xwininfo xmessage) ;;
 moved_wm | destroyed_wm) needed+=(openbox) ;;
 scale) needed+=(identify) ;;
 ipaddress) needed+=(xclip) ;;
@@ -565,6 +565,40 @@ form_menu_outside | form_menu_outside_wm)
   form=$(ask form)
   expect "the menu after a tap outside the program" "$(menu_rows "$form")" ""
   expect "the mode, which the tap did not choose" "$(field "$form" mode)" "$mode"
+  ;;
+form_activate_wm)
+  # The window manager makes windows active: the keys go to the active
+  # window's own widgets, and an open menu closes when another program's
+  # window is made active.
+  e2e_window=$(xdotool search --name '^e2e$' | head -n1)
+  form_window=$(xdotool search --name '^Form$' | head -n1)
+  [ -n "$e2e_window" ] && [ -n "$form_window" ] || fail "the two windows were not found"
+  read -r x y <<<"$(centre "$(ask form)" textbox)"
+  xdotool mousemove "$x" "$y" click 1
+  sleep 0.3
+  xdotool key ctrl+a
+  xdotool type --delay 60 'Dusk'
+  sleep 0.2
+  keys_before=$(number "$(ask state)" keys)
+  xdotool windowactivate --sync "$e2e_window"
+  sleep 0.5
+  xdotool type --delay 60 'xy'
+  sleep 0.3
+  state=$(ask state)
+  [ "$(number "$state" keys)" -gt "$keys_before" ] || fail "the window made active heard no keys"
+  expect "the keys reach the active window" "$(text "$state")" 'xy'
+  xdotool windowactivate --sync "$form_window"
+  sleep 0.5
+  xdotool type --delay 60 ' sky'
+  xdotool key Return
+  sleep 0.3
+  expect "back in the form, its text box has the keys again" "$(field "$(ask form)" title)" 'Dusk sky'
+  another_program +900+500
+  open_form_menu
+  xdotool windowactivate --sync "$other"
+  sleep 0.6
+  expect "the menu after another program was made active" "$(menu_rows "$(ask form)")" ""
+  expect "the mode, which nothing chose" "$(field "$(ask form)" mode)" "$mode"
   ;;
 form_tip_wm)
   # A tip shown as the pointer rests on a row does not take the keyboard

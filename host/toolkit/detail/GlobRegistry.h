@@ -27,4 +27,7 @@ void forgetFocus(Glob* widget);
 // meanwhile.
 void windowShown(Glob* root);
 void windowGone(Glob* root, bool dying);
+// The widget of the window `root` that last had the keyboard, if it lives
+// and shows there still; else null.
+Glob* lastFocusIn(Glob const* root);
 } // namespace GlobRegistry

@@ -50,6 +50,11 @@ void DropDownHostBase::stopIntercepting() {
   unsetModalContextGlob();
 }
 
+Glob* DropDownHostBase::popupOwnerWindow() const {
+  Glob* owner = owner_.get();
+  return owner ? owner->getRootParent() : nullptr;
+}
+
 LightweightString<wchar_t> DropDownHostBase::windowTitle() const {
   return detached_ ? title_.getString() : LightweightString<wchar_t>();
 }

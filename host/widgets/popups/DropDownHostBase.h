@@ -75,6 +75,13 @@ public:
   void unsetModalContextGlob();
   // Closes the host as an outside press does, telling the owner.
   void dismiss();
+  // Another window was made the active one: dismissed, unless torn off.
+  void dismissPopup() override {
+    if (!detached_)
+      dismiss();
+  }
+  // The owner's window.
+  Glob* popupOwnerWindow() const override;
   // Closes the host without a dismissal report (the owner asked for it).
   void close();
   bool isClosing() const noexcept { return closing_; }

@@ -5,6 +5,7 @@
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -128,6 +129,7 @@ MenuWindow* MenuWindow::open(Menu const& menu, XY<int> topLeft, ChangeHandler on
 MenuWindow* MenuWindow::openAt(InitArgs args, XY<int> topLeft, Canvas* near) {
   args.screenPosition = GlobManager::getSafePosForGlob(near, args.size, XY<int>(topLeft.x, topLeft.y - args.size.y));
   auto* window = new MenuWindow(args);
+  window->ownerWindow_ = GlobHandle(near ? near->root() : nullptr);
   GlobManager::realize(window);
   getEventInterceptStack().push(window);
   window->claimKbdFocus();

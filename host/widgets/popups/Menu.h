@@ -4,6 +4,7 @@
 #include <zowidgets/host/drawing/Colour.h>
 #include <zowidgets/host/drawing/Fonts.h>
 #include <zowidgets/host/toolkit/Glob.h>
+#include <zowidgets/host/toolkit/GlobHandle.h>
 
 #include <algorithm>
 #include <functional>
@@ -123,6 +124,10 @@ public:
 
   // Ends the menu with `change` (chosen or cancelled); later calls do nothing.
   void close(MenuData::Change const& change);
+  // Another window was made the active one: cancelled.
+  void dismissPopup() override { close(MenuData::Change{MenuData::Change::kCancelled, -1}); }
+  // The window it was opened near.
+  Glob* popupOwnerWindow() const override { return ownerWindow_.get(); }
   // Forgets the owner: it hears nothing more.
   void detach() { onChange_ = nullptr; }
   bool isClosing() const noexcept { return closing_; }
@@ -167,5 +172,6 @@ private:
   int contentHeight_ = 0;
   int offset_ = 0;
   ScrollBar* bar_ = nullptr;
+  GlobHandle ownerWindow_;
   bool closing_ = false;
 };

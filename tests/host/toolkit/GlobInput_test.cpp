@@ -228,6 +228,55 @@ TEST_F(GlobInputTest, AWindowShownTakesTheKeyboardAndGivesItBackWhenItCloses) {
   EXPECT_EQ(get_kbd_focus(), left) << "back where it was before the window came";
 }
 
+TEST_F(GlobInputTest, AWindowTheDesktopActivatesGetsTheKeysAtItsOwnLastWidget) {
+  left->setCanBeIt(true);
+  HeadlessInput::clickOn(*left);
+  StandardPanel* page = openPanel(XY<int>(120, 80), XY<int>(700, 300));
+  auto* onPage = static_cast<Probe*>(page->addChild(new Probe(XY<int>(40, 30), log, "page"), Glob::UserTopLeft(0, 0)));
+  onPage->setCanBeIt(true);
+  HeadlessInput::clickOn(*onPage);
+  ASSERT_EQ(get_kbd_focus(), onPage);
+
+  // A window manager makes the first window the active one again.
+  InputRouter::windowActivated(panel);
+  EXPECT_EQ(get_kbd_focus(), left);
+  EXPECT_EQ(Canvas::stack().back(), panel->canvas()) << "in front";
+  log.clear();
+  HeadlessInput::key(' ');
+  EXPECT_NE(std::find(log.begin(), log.end(), "left key 32"), log.end());
+  EXPECT_EQ(std::find(log.begin(), log.end(), "page key 32"), log.end()) << "the window behind hears no keys";
+
+  InputRouter::windowActivated(page);
+  EXPECT_EQ(get_kbd_focus(), onPage);
+  InputRouter::windowActivated(page);
+  EXPECT_EQ(get_kbd_focus(), onPage) << "activated again, nothing moves";
+}
+
+TEST_F(GlobInputTest, AWindowActivatedThatNeverHadTheKeysGivesThemToItsFirstStop) {
+  right->setCanBeIt(true);
+  HeadlessInput::clickOn(*right);
+  StandardPanel* other = openPanel(XY<int>(120, 80), XY<int>(700, 300));
+  auto* first = static_cast<Probe*>(other->addChild(new Probe(XY<int>(40, 30), log, "first"), Glob::UserTopLeft(0, 0)));
+  first->setCanBeIt(true);
+  InputRouter::windowActivated(panel); // back to the first window
+  ASSERT_EQ(get_kbd_focus(), right);
+  InputRouter::windowActivated(other);
+  EXPECT_EQ(get_kbd_focus(), first) << "no widget of it ever had the keys: its first stop";
+}
+
+TEST_F(GlobInputTest, AWindowAModalWindowBlocksIsNotActivated) {
+  left->setCanBeIt(true);
+  StandardPanel* dialogue = openPanel(XY<int>(120, 80), XY<int>(700, 300));
+  auto* answer =
+      static_cast<Probe*>(dialogue->addChild(new Probe(XY<int>(40, 30), log, "answer"), Glob::UserTopLeft(0, 0)));
+  answer->setCanBeIt(true);
+  HeadlessInput::clickOn(*answer);
+  GlobManager::addModalGlob(dialogue);
+  InputRouter::windowActivated(panel);
+  EXPECT_EQ(get_kbd_focus(), answer);
+  GlobManager::removeModalGlob(dialogue);
+}
+
 TEST_F(GlobInputTest, AWindowHiddenGivesTheKeyboardBackUnlessItWentElsewhere) {
   left->setCanBeIt(true);
   right->setCanBeIt(true);

@@ -271,6 +271,24 @@ TEST_F(DropDownHostBaseTest, ATitleGivenIsWhatTheTornOffWindowSays) {
   EXPECT_EQ(host->windowTitle(), LightweightString<wchar_t>(L"Lift colour"));
 }
 
+TEST_F(DropDownHostBaseTest, AnotherProgramActivatedDismissesItUnlessTornOff) {
+  StandardPanel* owner = openPanel(XY<int>(200, 40), XY<int>(100, 100));
+  DropDownHostBase* host = openHost(owner, true);
+  InputRouter::applicationDeactivated();
+  EXPECT_EQ(events.kinds, std::vector<int>{DropDownHostBase::Event::kDismissed});
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(host));
+
+  events.kinds.clear();
+  DropDownHostBase* torn = openHost(owner, true);
+  torn->detach();
+  events.kinds.clear();
+  InputRouter::applicationDeactivated();
+  pump();
+  EXPECT_TRUE(is_good_glob_ptr(torn)) << "a torn-off window is a window like the others";
+  EXPECT_TRUE(events.kinds.empty());
+}
+
 TEST_F(DropDownHostBaseTest, ItMovesWithItsOwnersWindowUntilTornOff) {
   StandardPanel* owner = openPanel(XY<int>(200, 40), XY<int>(100, 100));
   DropDownHostBase* host = openHost(owner, true);

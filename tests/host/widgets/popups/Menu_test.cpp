@@ -110,6 +110,22 @@ TEST_F(MenuTest, WithRoomOnNeitherSideTheMenuOpensBelowKeptOnTheScreen) {
   EXPECT_LE(window->screenPosition().y + window->height(), screenHeight);
 }
 
+TEST_F(MenuTest, AnotherWindowActivatedOrAnotherProgramsCancelsTheMenu) {
+  StandardPanel* other = openPanel(XY<int>(120, 80), XY<int>(900, 300));
+  MenuWindow* window = openByClick();
+  ASSERT_NE(window, nullptr);
+  InputRouter::windowActivated(other);
+  EXPECT_EQ(button->getMenuWindow(), nullptr);
+  EXPECT_EQ(button->getSelectedItem(), 2) << "nothing chosen";
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(window));
+
+  ASSERT_NE(openByClick(), nullptr);
+  InputRouter::applicationDeactivated();
+  EXPECT_EQ(button->getMenuWindow(), nullptr);
+  EXPECT_TRUE(hooked.empty());
+}
+
 TEST_F(MenuTest, ArrowKeysSkipHeadingsSeparatorsAndInactiveRowsAndReturnChooses) {
   MenuWindow* window = openByClick();
   ASSERT_NE(window, nullptr);
