@@ -3,7 +3,9 @@
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
+#include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/textentry/MultiLineTextBoxPanel.h>
+#include <zowidgets/textentry/TextFilterWidget.h>
 
 #include <string>
 #include <vector>
@@ -71,6 +73,18 @@ TEST_F(MultiLineTextBoxPanelTest, TheBoxStartsWithTheTextAndTheGhostLabelShowsWh
   EXPECT_EQ(panel->getTextBox()->getString().str(), L"first line\nsecond");
   EXPECT_EQ(panel->getTextBox()->getGhostLabel().getString().str(), L"Type your text here");
   EXPECT_EQ(panel->getTooltip().getString().str(), L"Type your text here");
+}
+
+TEST_F(MultiLineTextBoxPanelTest, TextTypedAsSoonAsThePickerOpensGoesToItsSearch) {
+  open(L"");
+  HeadlessInput::clickOn(*panel->getEmojiButton());
+  pump();
+  EmojiPanel* picker = panel->getEmojiButton()->getDropDownPanel();
+  ASSERT_NE(picker, nullptr);
+  HeadlessInput::typeText("heart");
+  EXPECT_EQ(picker->getFilter()->getString(), LightweightString<wchar_t>(L"heart"));
+  EXPECT_EQ(get_kbd_focus(), picker->getFilter()->getTextBox());
+  EXPECT_EQ(panel->getTextBox()->getString().str(), L"") << "not in the note";
 }
 
 TEST_F(MultiLineTextBoxPanelTest, AnEmojiPickedFromTheDropDownGoesInAtTheCursor) {

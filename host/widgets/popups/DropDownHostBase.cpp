@@ -5,6 +5,7 @@
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
+#include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
@@ -198,6 +199,11 @@ bool DropDownHostBase::isOnOwner(XY<int> screen) const {
 int DropDownHostBase::react(::Event const& event) {
   if (event.isMouse())
     return handleMouseEvent(event);
+  // Typed at once, before a Tab: the text enters the panel as Tab would and
+  // goes to its first stop, so a search box there has the letters.
+  if (event.type == ::Event::kTextInput && !get_kbd_focus() && TabOrderManager::enterWindow(*this, true))
+    if (Glob* entered = get_kbd_focus(); entered && isParentedTo(entered, this))
+      return entered->react(event);
   return TipWindowBase::react(event);
 }
 
