@@ -53,13 +53,18 @@ template <> struct SliderRowRules<double> {
 
 // A slider row's number box is two rows wide, which holds the numbers of
 // most ranges; it widens only where that would cut the digits of the range's
-// ends or of the value, and then to at most half of the room beside the
-// legend, so the slider keeps the other half.
+// ends, of the values a drag gives, or of the value, and then to at most
+// half of the room beside the legend, so the slider keeps the other half.
 template <class T> int numberBoxWidth(Param<T> const& param, int roomBesideLegend) {
   using Text = ValAdaptorConversion<LightweightString<wchar_t>, T>;
   int needed = 0;
   if (param.hasRange)
     needed = std::max(TextBox::widthToShow(Text::toWidget(param.min)), TextBox::widthToShow(Text::toWidget(param.max)));
+  // A dragged slider gives fractions with every decimal the box shows, and
+  // the sign: "-23.88" where the ends read "-24" and "12".
+  if constexpr (std::is_floating_point_v<T>)
+    if (param.hasRange)
+      needed = std::max(needed, TextBox::widthToShow(NumericTextBox::longestTextFor(param.min, param.max)));
   // An integer within its range has no more digits than the wider end; a
   // double's value may have more than either (a third of 0 to 1).
   T const value = param.getValue();

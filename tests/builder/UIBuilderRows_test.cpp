@@ -154,6 +154,23 @@ TEST_F(UIBuilderRows, ANumberBoxWidensOnlyWhereTwoRowsWouldCutItsDigits) {
             TextBox::widthToShow(rowWidget<SliderParamHost>(*built, "big")->getTextBox()->getString()));
 }
 
+TEST_F(UIBuilderRows, ANegativeFractionADragGivesShowsWholeWithItsSign) {
+  ParamList params{doubleParam("gain", 0, -24, 12)};
+  Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(params, panel, 0);
+  auto* host = rowWidget<SliderParamHost>(*built, "gain");
+  NumericTextBox* box = host->getTextBox();
+  EXPECT_EQ(NumericTextBox::longestTextFor(-24, 12), LightweightString<wchar_t>(L"-24.88"));
+  // A click on the slider's track a fifth of the way along.
+  Slider* slider = host->getSlider();
+  HeadlessInput::clickOn(*slider, XY<int>(slider->width() / 5, slider->height() / 2));
+  pump();
+  std::string const shown = box->getString().toUTF8().str();
+  ASSERT_TRUE(shown.starts_with("-")) << shown;
+  EXPECT_NE(shown.find('.'), std::string::npos) << shown;
+  EXPECT_GE(box->width(), TextBox::widthToShow(box->getString())) << shown << " is cut";
+  EXPECT_LT(std::abs(dynamic_cast<GenericParam::DoubleParam&>(*params[0]).getValue() - box->getValue()), 0.01);
+}
+
 TEST_F(UIBuilderRows, AWideNumberBoxTakesAtMostHalfTheRoomBesideTheLegend) {
   int const width = 6 * UifStd::getRowHeight();
   Glob* row =

@@ -55,15 +55,37 @@ double NumericTextBox::getValue() const {
   return value;
 }
 
-int NumericTextBox::shownDecimals() const {
+int NumericTextBox::shownDecimals() const { return decimalsFor(min_, max_); }
+
+int NumericTextBox::decimalsFor(double min, double max) {
   constexpr int kWithoutRange = 6;
   // A range this wide (a codec's option from minus to plus the largest
   // float) bounds nothing a user types: it counts as none.
   constexpr double kUnbounded = 1e9;
-  double const span = std::abs(max_ - min_);
+  double const span = std::abs(max - min);
   if (span == 0.0 || !(span < kUnbounded))
     return kWithoutRange;
   return std::clamp(static_cast<int>(std::ceil(3.0 - std::log10(span))), 0, kWithoutRange);
+}
+
+LightweightString<wchar_t> NumericTextBox::longestTextFor(double min, double max) {
+  int const decimals = decimalsFor(min, max);
+  LightweightString<wchar_t> longest;
+  for (double end : {min, max}) {
+    if (!std::isfinite(end))
+      continue;
+    // The end's whole digits and every decimal shown: a value just inside it.
+    LightweightString<wchar_t> text = format(std::trunc(std::abs(end)));
+    if (end < 0)
+      text = LightweightString<wchar_t>(L"-") + text;
+    if (decimals > 0) {
+      text += L".";
+      text += LightweightString<wchar_t>(std::wstring(static_cast<std::size_t>(decimals), L'8').c_str());
+    }
+    if (text.size() > longest.size())
+      longest = text;
+  }
+  return longest;
 }
 
 void NumericTextBox::setNewWidgetValue(LightweightString<wchar_t>& value, eRedrawFlag redraw) {

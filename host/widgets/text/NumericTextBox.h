@@ -25,6 +25,12 @@ public:
   double getValue() const;
   // Digits after the point that a fraction from the data is shown with.
   int shownDecimals() const;
+  // The same for a box over [min, max].
+  static int decimalsFor(double min, double max);
+  // A text as long as the longest a fraction from the data in [min, max] is
+  // shown as ("-24.88" for -24 to 12, as long as -23.88): what a box must
+  // hold to show every value of the range whole.
+  static LightweightString<wchar_t> longestTextFor(double min, double max);
 
   void setNewWidgetValue(LightweightString<wchar_t>& value, eRedrawFlag redraw) override;
 
