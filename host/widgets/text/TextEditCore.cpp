@@ -1,6 +1,8 @@
 #include <zowidgets/host/events/Event.h>
 #include <zowidgets/host/widgets/text/TextEditCore.h>
 
+#include <glib.h>
+
 #include <algorithm>
 #include <cwctype>
 
@@ -11,13 +13,17 @@ namespace {
 int characterClass(wchar_t character) {
   if (TextEditCore::isWordCharacter(character))
     return 0;
-  return std::iswspace(static_cast<wint_t>(character)) ? 1 : 2;
+  return g_unichar_isspace(static_cast<gunichar>(character)) ? 1 : 2;
 }
 
 } // namespace
 
 bool TextEditCore::isWordCharacter(wchar_t character) noexcept {
-  return character == L'_' || std::iswalnum(static_cast<wint_t>(character));
+  // By the character's Unicode class, whatever the C library's locale (the
+  // program's is "C", where only ASCII letters are letters): "ß", "é" and
+  // a combining accent belong to their word.
+  auto const unicode = static_cast<gunichar>(character);
+  return character == L'_' || g_unichar_isalnum(unicode) || g_unichar_ismark(unicode);
 }
 
 void TextEditCore::setText(std::wstring_view text) {
@@ -230,10 +236,15 @@ int TextEditCore::applyCommonKey(int key, bool editable, KeyActions const& actio
     actions.caretMoved();
     return 1;
   case kKeyBackspace:
+    // With Control, the word before the caret (or the run of spaces).
+    if (editable && command && !hasSelection())
+      moveWordLeft(true);
     if (editable && deleteBackward())
       actions.textEdited();
     return 1;
   case kKeyDelete:
+    if (editable && command && !hasSelection())
+      moveWordRight(true);
     if (editable && deleteForward())
       actions.textEdited();
     return 1;

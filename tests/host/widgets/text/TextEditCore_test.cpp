@@ -84,6 +84,22 @@ TEST(TextEditCore, SelectWordTakesTheWordOrTheRunOfSpaces) {
   EXPECT_EQ(editor.selectedText(), L"cut");
 }
 
+TEST(TextEditCore, WordsHoldLettersOfEveryScriptWhateverTheLocale) {
+  TextEditCore editor = editorWith(L"Gr\u00fc\u00dfe Stra\u00dfe caf\u0065\u0301 \u65e5\u672c\u8a9e", 0);
+  editor.selectWordAt(1);
+  EXPECT_EQ(editor.selectedText(), L"Gr\u00fc\u00dfe");
+  editor.selectWordAt(8);
+  EXPECT_EQ(editor.selectedText(), L"Stra\u00dfe");
+  editor.selectWordAt(13);
+  EXPECT_EQ(editor.selectedText(), L"caf\u0065\u0301") << "a combining accent is part of its word";
+  editor.selectWordAt(20);
+  EXPECT_EQ(editor.selectedText(), L"\u65e5\u672c\u8a9e");
+  editor.setCaret(editor.text().size());
+  editor.moveWordLeft(true);
+  editor.moveWordLeft(true);
+  EXPECT_EQ(editor.selectedText(), L"caf\u0065\u0301 \u65e5\u672c\u8a9e");
+}
+
 TEST(TextEditCore, TypingReplacesTheSelection) {
   TextEditCore editor = editorWith(L"old name", 0);
   editor.setCaret(3, true);
@@ -167,6 +183,22 @@ TEST_F(CommonKeys, DeletionNeedsAnEditableBoxAndAChange) {
   EXPECT_EQ(editor.text(), L"one tw");
   EXPECT_EQ(editor.applyCommonKey(kKeyDelete, true, actions), 1); // at the end: nothing to delete
   EXPECT_EQ(done, std::vector<std::string>{"edited"});
+}
+
+TEST_F(CommonKeys, ControlBackspaceAndControlDeleteTakeAWord) {
+  editor.setText(L"take three shots");
+  editor.setCaret(10); // after "three"
+  EXPECT_EQ(editor.applyCommonKey(int(kKeyBackspace) | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"take  shots");
+  EXPECT_EQ(editor.caret(), 5u);
+  // Up to the start of the next word, as Control-Right moves.
+  EXPECT_EQ(editor.applyCommonKey(int(kKeyDelete) | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"take shots");
+  EXPECT_EQ(editor.applyCommonKey(int(kKeyDelete) | kKeyCtrl, true, actions), 1);
+  EXPECT_EQ(editor.text(), L"take ");
+  EXPECT_EQ(editor.applyCommonKey(int(kKeyBackspace) | kKeyCtrl, false, actions), 1);
+  EXPECT_EQ(editor.text(), L"take ") << "nothing in a box that is not editable";
+  EXPECT_EQ(editor.caret(), 5u);
 }
 
 TEST_F(CommonKeys, ClipboardKeysAskTheEditorAndCutOnlyWhereAllowed) {
