@@ -16,21 +16,22 @@
 
 namespace {
 
-// Where the next page opens: to the right of the launcher, each a row further
-// right and down than the last, starting again after a few.
+// Where the next page opens: to the right of the launcher where it is now
+// (its user may have moved it), each a row further right and down than the
+// last, starting again after a few. The launcher owns the buttons that ask,
+// so it outlives the placer.
 class PagePlacer {
 public:
-  explicit PagePlacer(Glob const& launcher)
-      : origin_(launcher.screenPosition().x + launcher.width() + UifStd::getWidgetGap(),
-                screenBackend().screenSize().y / 3) {}
+  explicit PagePlacer(Glob const& launcher) : launcher_(launcher) {}
   XY<int> next() {
     int const step = UifStd::getRowHeight() * (opened_++ % kCascade);
-    return XY<int>(origin_.x + step, origin_.y - step);
+    int const right = launcher_.screenPosition().x + launcher_.width() + UifStd::getWidgetGap();
+    return XY<int>(right + step, screenBackend().screenSize().y / 3 - step);
   }
 
 private:
   static constexpr int kCascade = 8;
-  XY<int> origin_;
+  Glob const& launcher_;
   int opened_ = 0;
 };
 

@@ -13,6 +13,7 @@
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/Command.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
+#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
@@ -631,6 +632,26 @@ TEST_F(GalleryTest, TheValuesPageShowsTheSpeedAsANumberBesideItsSlider) {
   model.speed = 75.0;
   settleWindows();
   EXPECT_EQ(speedBox.editor().text(), L"75");
+}
+
+TEST_F(GalleryTest, APageOpensBesideTheLauncherWhereItHasBeenMoved) {
+  std::vector<GalleryPage> const pages = allPages();
+  Launcher launcher(pages, model);
+  auto* launcherWindow = dynamic_cast<StandardPanel*>(launcher.window());
+  ASSERT_NE(launcherWindow, nullptr);
+  launcherWindow->canvas()->move(launcherWindow->screenPosition() + XY<int>(400, -50));
+  std::vector<PushButton*> const buttons = widgetsIn<PushButton>(*launcherWindow);
+  ASSERT_FALSE(buttons.empty());
+  std::vector<Glob*> const before = GlobManager::topLevelWindows();
+  HeadlessInput::clickOn(*buttons[0]);
+  settleWindows();
+  Glob* page = nullptr;
+  for (Glob* window : GlobManager::topLevelWindows())
+    if (std::find(before.begin(), before.end(), window) == before.end())
+      page = page ? page : window;
+  ASSERT_NE(page, nullptr);
+  EXPECT_GE(page->screenPosition().x, launcherWindow->screenPosition().x + launcherWindow->width())
+      << "right of the launcher as it stands now";
 }
 
 TEST_F(GalleryTest, ClosingTheLauncherClosesThePagesItOpened) {
