@@ -18,6 +18,7 @@ public:
   void handleTextTyped() override;
   void handleEnterPressed() override;
   void handleSearchPressed() override;
+  using TextSearchWidget::getTooltip;
   UIString getTooltip() const override;
 
   // Puts the icon the box's state calls for on the button.

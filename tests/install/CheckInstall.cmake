@@ -100,12 +100,20 @@ endif()
 separate_arguments(flags UNIX_COMMAND "${flags}")
 # Headers and libraries must come from this install, not from an older one
 # elsewhere on the machine.
+set(after_isystem FALSE)
 foreach(flag IN LISTS flags)
-  if(flag MATCHES "^-[IL](.+)$")
+  if(after_isystem)
+    require_inside_prefix("pkg-config gives -isystem ${flag}:" "${flag}")
+    set(after_isystem FALSE)
+  elseif(flag STREQUAL "-isystem")
+    set(after_isystem TRUE)
+  elseif(flag MATCHES "^-[IL](.+)$")
     require_inside_prefix("pkg-config gives ${flag}:" "${CMAKE_MATCH_1}")
   endif()
 endforeach()
 set(pc_program ${WORK_DIR}/consumer-pkgconfig)
+# The library's headers come in as the system's do: a program built with
+# strict warnings, as errors, hears nothing from them.
 run_step("Compiling with pkg-config flags" ${CXX_COMPILER_LAUNCHER} ${CXX_COMPILER} ${CONSUMER_SOURCE_DIR}/main.cpp
-         ${flags} -Wl,-rpath,${libdir} -o ${pc_program})
+         -Wall -Wextra -Wshadow -Woverloaded-virtual -Werror ${flags} -Wl,-rpath,${libdir} -o ${pc_program})
 check_program("pkg-config consumer" ${pc_program})
