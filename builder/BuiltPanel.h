@@ -9,8 +9,9 @@ public:
   char const* idstring() const override { return "BuiltPanel"; }
   void setBuiltParams(Zo::Ptr<UIBuilder::Params> const& params) { params_ = params; }
   UIBuilder::Params* getBuiltParams() const noexcept { return params_.get(); }
-  // Rows taller than one row (a label of several lines) need more room than
-  // a count of entries gives: grows the panel until every shown row fits.
+  // The separators between rows and rows taller than one (a label of several
+  // lines) need more room than a count of entries gives: grows the panel
+  // until every shown row fits.
   void growToShowEveryRow();
 
 private:

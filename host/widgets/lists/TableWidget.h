@@ -68,7 +68,8 @@ public:
   ~TableWidget() override;
   char const* idstring() const override { return "TableWidget"; }
 
-  // The height that shows `numRows` rows with these options.
+  // The height that shows `numRows` rows with these options, for a table
+  // without a border of its own (InitArgs::setBorder(Border())).
   static int calcHeight(int numRows, int options, Theme const& theme);
   static int calcHeight(int numRows, int options = 0);
 
