@@ -164,7 +164,9 @@ void zoBuildFromJSON(benchmark::State& state) {
 }
 
 // Redraws are held through the build and the realizing, so the panel is
-// painted once, whole, as they are let go.
+// painted once as they are let go: what of it the screen shows (panels of
+// 100 rows and more are taller than the screen; the rest is painted when it
+// comes into view).
 void zoBuildAndFirstPaint(benchmark::State& state) {
   timeBuilds(
       state, "the panel was not painted once", &makeParams,
