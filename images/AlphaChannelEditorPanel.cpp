@@ -8,6 +8,7 @@
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/files/FileChooserWindow.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <algorithm>
@@ -119,23 +120,24 @@ bool AlphaChannelEditorPanel::saveFile() {
   return ZoImage::Saver::saveImage(rgbView_->getImage(), outputPath());
 }
 
+// The line names the file, which a long folder would push off its end; the
+// whole path is its tooltip.
 void AlphaChannelEditorPanel::saveAndReport() {
+  LightweightString<wchar_t> const name = LightweightString<wchar_t>::fromUTF8(kOutputName);
   LightweightString<wchar_t> text;
+  LightweightString<wchar_t> where;
   if (rgbView_->getImage().empty()) {
     text = L"There is no picture to save: open one first.";
   } else if (saveFile()) {
-    text = L"Saved as ";
-    text += outputPath();
-    text += L".";
+    text = L"Saved as " + name + L".";
+    where = outputPath();
   } else {
     int const error = errno;
-    text = L"Could not save ";
-    text += outputPath();
-    text += L": ";
-    text += LightweightString<wchar_t>::fromUTF8(std::strerror(error));
-    text += L".";
+    text = L"Could not save " + name + L": " + LightweightString<wchar_t>::fromUTF8(std::strerror(error)) + L".";
+    where = outputPath();
   }
   saveReport_->setString(UIString(text));
+  saveReport_->setContextString(TooltipDetails(UIString(where)));
 }
 
 void AlphaChannelEditorPanel::chooseFile() {

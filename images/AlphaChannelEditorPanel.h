@@ -40,8 +40,8 @@ public:
   bool saveFile();
   LightweightString<wchar_t> const& getFileName() const noexcept { return fileName_; }
   LightweightString<wchar_t> outputPath() const;
-  // The line beside the Save button where Save and Control-S say where the
-  // picture went, or why it did not.
+  // The line beside the Save button where Save and Control-S say that the
+  // picture was saved, or why it was not; its tooltip is the file's path.
   TextLabel* getSaveReport() const noexcept { return saveReport_; }
 
   ImageEditorView* getRGBView() const noexcept { return rgbView_; }

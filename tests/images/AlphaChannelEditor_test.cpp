@@ -223,7 +223,8 @@ TEST_F(AlphaEditorTest, SaveSaysWhereThePictureWentBesideTheButton) {
   EXPECT_TRUE(reportOf(*editor).empty());
   clickOn(*save);
   pump();
-  EXPECT_EQ(reportOf(*editor), wide("Saved as " + folder + "/AT-Output.png."));
+  EXPECT_EQ(reportOf(*editor), LightweightString<wchar_t>(L"Saved as AT-Output.png."));
+  EXPECT_EQ(editor->getSaveReport()->getTooltip().getString(), wide(folder + "/AT-Output.png"));
   EXPECT_TRUE(std::filesystem::exists(folder + "/AT-Output.png"));
   TextLabel* report = editor->getSaveReport();
   EXPECT_EQ(report->getY(), save->getY()) << "on the buttons' row";
@@ -247,8 +248,9 @@ TEST_F(AlphaEditorTest, ASaveThatFailsSaysWhy) {
   key('S', kKeyCtrl);
   pump();
   std::string const text = reportOf(*editor).toUTF8().str();
-  EXPECT_TRUE(text.starts_with("Could not save " + folder + "/AT-Output.png: ")) << text;
-  EXPECT_GT(text.size(), ("Could not save " + folder + "/AT-Output.png: .").size()) << "with the reason";
+  EXPECT_TRUE(text.starts_with("Could not save AT-Output.png: ")) << text;
+  EXPECT_GT(text.size(), std::string("Could not save AT-Output.png: .").size()) << "with the reason";
+  EXPECT_EQ(editor->getSaveReport()->getTooltip().getString(), wide(folder + "/AT-Output.png"));
   EXPECT_TRUE(std::filesystem::is_directory(folder + "/AT-Output.png/inside")) << "and nothing was lost";
 }
 
