@@ -167,6 +167,7 @@ void ScrollableTextBoxBase::drawBackground(CanvasRenderer& renderer) {
 MultiLineTextBox::MultiLineTextBox(InitArgs const& args)
     : ScrollableTextBoxBase(args), ghostLabel_(args.ghostLabel), editable_(args.editable) {
   setCanBeIt(true);
+  editor_.setLineBreaksAllowed(true);
   linesChanged();
 }
 
@@ -188,30 +189,21 @@ void MultiLineTextBox::placeCaret(std::size_t position) {
 LightweightString<wchar_t> MultiLineTextBox::getString() const { return LightweightString<wchar_t>(editor_.text()); }
 
 void MultiLineTextBox::insertAtCaret(std::wstring_view text) {
-  // The editing core keeps line breaks out, as a one-line box needs; they go
-  // in here, between the lines it takes.
-  bool changed = false;
-  while (true) {
-    std::size_t const lineBreak = text.find_first_of(L"\r\n");
-    changed = editor_.insert(text.substr(0, lineBreak)) || changed;
-    if (lineBreak == std::wstring_view::npos)
-      break;
-    insertLineBreak();
-    changed = true;
-    bool const crlf = text[lineBreak] == L'\r' && lineBreak + 1 < text.size() && text[lineBreak + 1] == L'\n';
-    text.remove_prefix(lineBreak + (crlf ? 2 : 1));
+  // Every kind of line break becomes "\n", and the whole text goes in as one
+  // edit, so that one undo takes back a paste of many lines.
+  std::wstring normalised;
+  normalised.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != L'\r') {
+      normalised += text[i];
+      continue;
+    }
+    normalised += L'\n';
+    if (i + 1 < text.size() && text[i + 1] == L'\n')
+      ++i;
   }
-  if (changed)
+  if (editor_.insert(normalised))
     textEdited();
-}
-
-void MultiLineTextBox::insertLineBreak() {
-  editor_.deleteSelection();
-  std::size_t const caret = editor_.caret();
-  std::wstring text = editor_.text();
-  text.insert(caret, 1, L'\n');
-  editor_.setText(text);
-  editor_.setCaret(caret + 1);
 }
 
 void MultiLineTextBox::setEditable(bool editable) {

@@ -123,7 +123,6 @@ protected:
 
 private:
   int handleKey(int key);
-  void insertLineBreak();
   double advance(std::size_t start, std::size_t end) const;
   std::size_t indexAt(XY<int> point) const;
   std::size_t indexOnLine(int line, double x) const;

@@ -199,6 +199,8 @@ void TextEditCore::setCharacters(std::wstring_view characters, eCharacterRestric
 }
 
 bool TextEditCore::accepts(wchar_t character) const noexcept {
+  if (character == L'\n' && lineBreaksAllowed_)
+    return true;
   // Control characters (line breaks, tabs) never enter a one-line box.
   if (character < L' ' || character == 0x7F)
     return false;

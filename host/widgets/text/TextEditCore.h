@@ -69,6 +69,9 @@ public:
   bool redo();
 
   void setCharacters(std::wstring_view characters, eCharacterRestriction restriction);
+  // A box of many lines lets line breaks ("\n") in; a one-line box keeps
+  // them out, as every other control character.
+  void setLineBreaksAllowed(bool allowed) noexcept { lineBreaksAllowed_ = allowed; }
   bool accepts(wchar_t character) const noexcept;
   // 0: no limit.
   void setSizeLimit(std::size_t limit) { sizeLimit_ = limit; }
@@ -117,4 +120,5 @@ private:
   std::wstring characters_;
   eCharacterRestriction restriction_ = kNoRestriction;
   std::size_t sizeLimit_ = 0;
+  bool lineBreaksAllowed_ = false;
 };

@@ -4,9 +4,9 @@
 #include <zowidgets/host/drawing/TextLayout.h>
 #include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/text/LinkAwareMultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <iterator>
 #include <random>
@@ -203,6 +203,28 @@ TEST_F(MultiLineTextBoxTest, TheClipboardCarriesLines) {
   HeadlessInput::key('v', kKeyCtrl);
   EXPECT_EQ(box->getString().str(), L"one\ntwo\none\ntwo");
   EXPECT_EQ(box->displayLines().size(), 4u);
+}
+
+TEST_F(MultiLineTextBoxTest, APasteOfManyLinesIsOneUndoStepAndEarlierEditsStayUndoable) {
+  HeadlessInput::clickOn(*box);
+  HeadlessInput::typeText("note");
+  HeadlessInput::key(kKeyReturn);
+  HeadlessInput::typeText("two");
+  OS().setClipboardText(L"pasted\r\nover\rthree lines");
+  HeadlessInput::key('v', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"note\ntwopasted\nover\nthree lines");
+
+  HeadlessInput::key('z', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"note\ntwo") << "the whole paste taken back at once";
+  EXPECT_EQ(box->editor().caret(), 8u);
+  HeadlessInput::key('z', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"") << "the typing before it, line break included, is still there to undo";
+  HeadlessInput::key('y', kKeyCtrl);
+  HeadlessInput::key('y', kKeyCtrl);
+  EXPECT_EQ(box->getString().str(), L"note\ntwopasted\nover\nthree lines");
+  EXPECT_EQ(box->displayLines().size(), 4u);
+  ASSERT_FALSE(events.empty());
+  EXPECT_EQ(events.back().text.str(), L"note\ntwopasted\nover\nthree lines");
 }
 
 TEST_F(MultiLineTextBoxTest, DraggingSelectsAcrossLines) {

@@ -142,6 +142,16 @@ TEST(TextEditCore, ControlCharactersNeverEnter) {
   EXPECT_EQ(editor.text(), L"onetwo");
 }
 
+TEST(TextEditCore, LineBreaksEnterOnlyWhereAllowedAndOtherControlsNever) {
+  TextEditCore editor;
+  editor.setLineBreaksAllowed(true);
+  editor.insert(L"one\ntwo\t\r");
+  EXPECT_EQ(editor.text(), L"one\ntwo");
+  editor.setLineBreaksAllowed(false);
+  editor.insert(L"\nthree");
+  EXPECT_EQ(editor.text(), L"one\ntwothree");
+}
+
 TEST(TextEditCore, TheSizeLimitCutsWhatIsTyped) {
   TextEditCore editor;
   editor.setSizeLimit(4);
