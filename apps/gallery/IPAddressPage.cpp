@@ -4,9 +4,14 @@
 #include <zowidgets/host/widgets/text/TextLabel.h>
 #include <zowidgets/textentry/IPAddressEntryBox.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
+
+LightweightString<wchar_t> resultText(LightweightString<wchar_t> const& address) {
+  return LightweightString<wchar_t>(L"Return gives: ") + address;
+}
 
 // Holds the page's rows, each a legend, an entry and a label that shows what
 // the entry holds once Return is pressed in it.
@@ -52,9 +57,7 @@ private:
     return args;
   }
 
-  static void show(Row const& row) {
-    row.result->setString(UIString(LightweightString<wchar_t>(L"Return gives: ") + row.entry->getURI()));
-  }
+  static void show(Row const& row) { row.result->setString(UIString(resultText(row.entry->getURI()))); }
 
   int legendWidth_;
   std::vector<Row> rows_;
@@ -63,7 +66,9 @@ private:
 Glob* buildIPAddressPage(PageContext const& context) {
   PageMetrics const m = PageMetrics::current();
   int const legendWidth = TextLabel::calcWidth(UIString(L"Stream (with port)"));
-  int const width = legendWidth + m.gap + IPAddressEntryBox::calcWidth(true);
+  // Wide enough for the longest address the result line can show.
+  int const resultWidth = TextLabel::calcWidth(UIString(resultText(L"255.255.255.255:65535")));
+  int const width = legendWidth + m.gap + std::max(IPAddressEntryBox::calcWidth(true), resultWidth);
   int const height = 4 * m.row + 3 * m.rowGap;
   StandardPanel* panel = openPageWindow(context, XY<int>(width + 2 * m.gap, height + 2 * m.gap), L"IP address entry");
   auto* rows = new AddressRows(XY<int>(width, height), legendWidth);

@@ -12,6 +12,7 @@
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/Command.h>
+#include <zowidgets/host/shell/OS.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
@@ -32,6 +33,7 @@
 #include <zowidgets/host/widgets/values/ColourSwatch.h>
 #include <zowidgets/host/widgets/values/Slider.h>
 #include <zowidgets/textentry/DropDownSearchPanel.h>
+#include <zowidgets/textentry/IPAddressEntryBox.h>
 #include <zowidgets/textentry/LoginPanel.h>
 
 #include <gtest/gtest.h>
@@ -680,3 +682,23 @@ TEST_F(GalleryTest, ClosingTheLauncherClosesThePagesItOpened) {
 }
 
 } // namespace
+
+TEST_F(GalleryTest, TheIPAddressPagesResultLineShowsTheLongestAddressWhole) {
+  Glob& page = openedPage("ipaddress");
+  std::vector<IPAddressEntryBox*> const entries = widgetsIn<IPAddressEntryBox>(page);
+  ASSERT_EQ(entries.size(), 2u);
+  OS().setClipboardText(L"255.255.255.255:65535");
+  HeadlessInput::clickOn(*entries[1]);
+  HeadlessInput::key('v', kKeyCtrl);
+  HeadlessInput::key(kKeyReturn);
+  settleWindows();
+  ASSERT_EQ(entries[1]->getURI().str(), L"255.255.255.255:65535");
+
+  TextLabel* result = nullptr;
+  for (TextLabel* label : widgetsIn<TextLabel>(page))
+    if (label->getString().getString().str() == L"Return gives: 255.255.255.255:65535")
+      result = label;
+  ASSERT_NE(result, nullptr);
+  EXPECT_LE(TextLabel::calcWidth(result->getString()), result->width());
+  EXPECT_LE(result->canvasBox().x1, page.width());
+}
