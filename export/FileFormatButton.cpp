@@ -58,3 +58,10 @@ void TitledFileFormatButton::init(Compression::eUsage usage, LightweightString<c
   button_ = createChild<FileFormatButton>(buttonArgs, RightCentre(0, 0));
   setChildGlob(button_);
 }
+
+int TitledFileFormatButton::react(Event const& event) {
+  if (event.type == Event::kMessageEvent && event.sourceWidget == button_ && button_ &&
+      event.message == FileFormatButton::FileTypeChangedMsg)
+    return parent() ? Glob::sendMsg(parent(), event.message, button_) : 0;
+  return TitleGlob::react(event);
+}

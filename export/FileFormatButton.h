@@ -55,6 +55,10 @@ public:
   explicit TitledFileFormatButton(TitledFileFormatButtonInitArgs const& args);
   char const* idstring() const override { return "TitledFileFormatButton"; }
   FileFormatButton* getButton() const noexcept { return button_; }
+  // The button's news of a new file type goes on to this row's parent, from
+  // the button, so that an owner reads the type the same way whichever form
+  // it holds.
+  int react(Event const& event) override;
 
 private:
   void init(Compression::eUsage usage, LightweightString<char> const& key, unsigned short buttonWidth);

@@ -81,4 +81,14 @@ TEST_F(FileFormatButtonTest, TitledButtonSitsAtTheRightOfItsLegend) {
   EXPECT_EQ(titled->getButton()->getFileType(), "quicktime");
 }
 
+TEST_F(FileFormatButtonTest, ATitledButtonsChoiceReachesThePanelHoldingItFromItsButton) {
+  TitledFileFormatButtonInitArgs args(Compression::kVideoExport, "", UIString(L"File type"), 300);
+  auto* titled = log->createChild<TitledFileFormatButton>(args, Glob::UserTopLeft(10, 60));
+  chooseRow(*titled->getButton(), rowOf(*titled->getButton(), L"MP4"));
+  ASSERT_EQ(log->messages.size(), 1u) << "told once, not swallowed by the legend's row";
+  EXPECT_EQ(log->messages.front(), FileFormatButton::FileTypeChangedMsg);
+  EXPECT_EQ(log->senders.front(), titled->getButton());
+  EXPECT_EQ(titled->getButton()->getFileType(), "mp4");
+}
+
 } // namespace
