@@ -26,6 +26,13 @@ void CompressionWidget::setCompressionFormat(VideoCompressionInfo const& info,
                                              VectorExt<Zo::Image::Format> const& formats) {
   info_ = info;
   formatButton_->setCompressionFormat(info_, formats);
+  // A format the list lacks (one remembered for another file type) gives
+  // way to the replacement the format button picks when the type changes,
+  // so that the widget never holds a format it does not show.
+  if (!info_.compression.code.isNone() && !formats.contains(info_.compression.code)) {
+    formatButton_->setSelected(info_.compression, info_);
+    info_.compression = formats.empty() ? CompressionFormat() : formatButton_->getLastSelected();
+  }
   if (!info_.compression.code.isNone()) {
     handleCompressionChange();
     return;

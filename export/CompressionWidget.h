@@ -28,7 +28,11 @@ public:
   char const* idstring() const override { return "CompressionWidget"; }
 
   // Takes the shot, format and option values of `info`, offers `formats`,
-  // and rebuilds the options; a code of -1 leaves the button alone.
+  // and rebuilds the options; a code of -1 leaves the button alone. A code
+  // that `formats` lacks is replaced as the format button replaces one when
+  // the file type changes (by the shot's width, else the first format), its
+  // options dropped; no listener is told, as for any value set by the
+  // program, and getVideoCompressionInfo() answers the replacement.
   void setCompressionFormat(VideoCompressionInfo const& info, VectorExt<Zo::Image::Format> const& formats);
   VideoCompressionInfo getVideoCompressionInfo() const { return info_; }
   void setFileType(LightweightString<char> const& fileType) { fileType_ = fileType; }

@@ -130,6 +130,28 @@ TEST_F(CompressionWidgetTest, NoCompressionCodeEmptiesTheWidgetWithoutAnEvent) {
   EXPECT_TRUE(heard.empty());
 }
 
+TEST_F(CompressionWidgetTest, AFormatTheTypeLacksGivesWayToTheReplacementTheButtonShows) {
+  configb remembered;
+  remembered.set(CompressionFormat::kBitRateOption, 99.0);
+  show("XXXX", remembered); // remembered for another file type
+  VideoCompressionInfo const info = widget->getVideoCompressionInfo();
+  EXPECT_EQ(info.compression.code, Format("M701")) << "the high-definition replacement for a 1920 wide shot";
+  EXPECT_EQ(widget->getFormatButton()->getCompressionFormat().code, info.compression.code);
+  EXPECT_DOUBLE_EQ(info.compression.options.getDouble(CompressionFormat::kBitRateOption), 250.0)
+      << "the other format's options do not carry over";
+  ASSERT_NE(widget->getBuiltParams(), nullptr);
+  EXPECT_EQ(widget->getParams().size(), 3u);
+  EXPECT_TRUE(heard.empty()) << "set by the program: no event";
+}
+
+TEST_F(CompressionWidgetTest, AFormatOfferedNoFormatsLeavesOnlyTheButton) {
+  VideoCompressionInfo info(shot(1920, 1080), CompressionFormat(Format("M701")));
+  widget->setCompressionFormat(info, VectorExt<Format>());
+  EXPECT_TRUE(widget->getVideoCompressionInfo().compression.code.isNone());
+  EXPECT_EQ(widget->getBuiltParams(), nullptr);
+  EXPECT_EQ(widget->height(), UifStd::getRowHeight());
+}
+
 TEST_F(CompressionWidgetTest, FormatWithoutOptionsIsAButtonAndAGapHigh) {
   show("RAW ");
   ASSERT_NE(widget->getBuiltParams(), nullptr);
