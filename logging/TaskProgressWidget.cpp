@@ -36,7 +36,11 @@ TaskProgressWidget::TaskProgressWidget(InitArgs const& args) : Glob(args), task_
 }
 
 int TaskProgressWidget::calcHeight(eAppearance appearance) {
-  return GlobTheme::gaugeHeight() + (appearance == kPlain ? UifStd::getWidgetGap() : 2 * UifStd::getRowHeight());
+  // The plain form's label takes a row above the gauge: a gauge and a gap
+  // alone left the label outside the widget, never seen.
+  int const labelRoom =
+      appearance == kPlain ? UifStd::getRowHeight() + UifStd::getWidgetGap() : 2 * UifStd::getRowHeight();
+  return GlobTheme::gaugeHeight() + labelRoom;
 }
 
 void TaskProgressWidget::setString(UIString const& text) { label_->setString(text); }

@@ -34,8 +34,11 @@ public:
   explicit TaskProgressWidget(InitArgs const& args);
   char const* idstring() const override { return "TaskProgressWidget"; }
 
+  // Room for the label (the busy sign too in the tall form) and the gauge.
   static int calcHeight(eAppearance appearance);
 
+  // The label is the owner's: the text of the task's progress reports does
+  // not replace it.
   void setString(UIString const& text);
   // Shows the task's progress now, unless the gauge already shows it.
   void updateGauge();

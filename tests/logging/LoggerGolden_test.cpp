@@ -60,8 +60,7 @@ TEST_F(LoggerGolden, TaskProgressAndTitledBars) {
   bar->setProgress(0.7);
   Zo::Ptr<HandDrivenTask> task(new HandDrivenTask);
   task->reportProgress(0.35f);
-  TaskProgressWidget::InitArgs plainArgs(
-      XY<int>(300, UifStd::getRowHeight() + TaskProgressWidget::calcHeight(TaskProgressWidget::kPlain)));
+  TaskProgressWidget::InitArgs plainArgs(XY<int>(300, TaskProgressWidget::calcHeight(TaskProgressWidget::kPlain)));
   plainArgs.task = task;
   plainArgs.label = UIString(L"Export to disk");
   panel->createWidget<TaskProgressWidget>(plainArgs, Glob::Below(UifStd::getRowGap(), bar));

@@ -164,9 +164,10 @@ TEST_F(TitledProgressBarTest, TheGaugeIsAsHighAsTheThemeSays) {
 
 using TaskProgressWidgetTest = ProgressTest;
 
-TEST_F(TaskProgressWidgetTest, TheGaugeIsAsHighAsTheThemeSays) {
+TEST_F(TaskProgressWidgetTest, TheGaugeIsAsHighAsTheThemeSaysAndThePlainFormsLabelHasARowAboveIt) {
   UifStd::getTheme().set(GlobTheme::kGaugeHeightKey, 11);
-  EXPECT_EQ(TaskProgressWidget::calcHeight(TaskProgressWidget::kPlain), 11 + UifStd::getWidgetGap());
+  EXPECT_EQ(TaskProgressWidget::calcHeight(TaskProgressWidget::kPlain),
+            UifStd::getRowHeight() + UifStd::getWidgetGap() + 11);
 }
 
 TaskProgressWidget* follow(StandardPanel* panel, Zo::Ptr<iBackgroundTask> const& task,
@@ -245,7 +246,20 @@ TEST_F(TaskProgressWidgetTest, TheTallFormHasABusySignTwoRowsHigher) {
   EXPECT_NE(tall->indicator(), nullptr);
   EXPECT_EQ(TaskProgressWidget::calcHeight(TaskProgressWidget::kTall) -
                 TaskProgressWidget::calcHeight(TaskProgressWidget::kPlain),
-            2 * UifStd::getRowHeight() - UifStd::getWidgetGap());
+            UifStd::getRowHeight() - UifStd::getWidgetGap());
+}
+
+TEST_F(TaskProgressWidgetTest, AtItsOwnHeightThePlainFormShowsItsLabelWholeAboveTheGauge) {
+  StandardPanel* panel = openPanel(XY<int>(400, 200));
+  Zo::Ptr<HandDrivenTask> task(new HandDrivenTask);
+  TaskProgressWidget* widget = follow(panel, task);
+  Glob* label = nullptr;
+  for (Glob* child : widget->getChildren())
+    if (child->isType("TextLabel"))
+      label = child;
+  ASSERT_NE(label, nullptr);
+  EXPECT_GE(label->getY(), widget->gauge()->getY() + widget->gauge()->height()) << "not over the gauge";
+  EXPECT_LE(label->getY() + label->height(), widget->height()) << "not cut at the top";
 }
 
 using RenderProgressPanelTest = ProgressTest;
