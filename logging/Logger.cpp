@@ -167,6 +167,10 @@ Logger::Logger(InitArgs const& args) : StandardPanel(args), flags_(args.flags) {
   font_ = UifStd::getFont();
   addStandardWidgets(standardWidgetsFor(flags_));
   setTitle(args.title, UifStd::getTitleFont(), kNoRedraw);
+  // A title still names the window to the desktop, but draws no bar when
+  // the flags say none.
+  if (flags_ & kFlagNoTitleBar)
+    removeStandardWidgets(StandardPanel::kTitle);
   setResizable(!(flags_ & kFlagNotResizable));
   setMinSize(XY<int>(width(), std::min(height(), 10 * UifStd::getRowHeight())));
   if (!args.autoSaveFile.empty()) {

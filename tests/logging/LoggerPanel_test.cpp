@@ -220,4 +220,17 @@ TEST_F(LoggerPanel, ResizingKeepsTheTableInTheUserArea) {
   EXPECT_GE(logger->table()->getY(), logger->gauge()->getY() + logger->gauge()->height());
 }
 
+TEST_F(LoggerPanel, WithoutATitleBarATitleNamesTheWindowButDrawsNoBar) {
+  Logger::InitArgs args(8, 400, Logger::kFlagNoTitleBar | Logger::kFlagNoCloseButton);
+  args.title = UIString(L"Export log");
+  Logger* logger = make_logger(args, 50, 50);
+  EXPECT_EQ(logger->getStandardWidgets() & StandardPanel::kTitle, 0u);
+  EXPECT_TRUE(logger->getTitleArea().empty());
+  EXPECT_EQ(logger->windowTitle().str(), L"Export log");
+
+  Logger::InitArgs titled(8, 400, Logger::kFlagNoCloseButton);
+  titled.title = UIString(L"Export log");
+  EXPECT_NE(make_logger(titled, 500, 50)->getStandardWidgets() & StandardPanel::kTitle, 0u);
+}
+
 } // namespace
