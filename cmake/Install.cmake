@@ -30,3 +30,7 @@ install(FILES ${CMAKE_BINARY_DIR}/zowidgetsConfig.cmake ${CMAKE_BINARY_DIR}/zowi
 file(RELATIVE_PATH ZO_PC_PREFIX_FROM_PCFILEDIR ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/zowidgets.pc.in ${CMAKE_BINARY_DIR}/zowidgets.pc @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/zowidgets.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# The sanitizers' suppressions of what the system's font libraries keep for
+# the whole process, for programs built on the library to check themselves.
+install(FILES scripts/lsan.supp scripts/tsan.supp DESTINATION ${CMAKE_INSTALL_DATADIR}/zowidgets)

@@ -58,6 +58,12 @@ if(installed_private)
   message(FATAL_ERROR "Private headers were installed: ${installed_private}")
 endif()
 
+foreach(suppressions lsan.supp tsan.supp)
+  if(NOT EXISTS ${prefix}/share/zowidgets/${suppressions})
+    message(FATAL_ERROR "The sanitizer suppressions ${suppressions} were not installed")
+  endif()
+endforeach()
+
 # The installed programs start from the prefix, with nothing on the loader's
 # path: they find the installed libraries themselves.
 if(EXISTS ${prefix}/bin/zopanel)
