@@ -22,7 +22,8 @@ public:
 
   constexpr std::int32_t raw() const noexcept { return raw_; }
   constexpr bool isNone() const noexcept { return raw_ == kNone; }
-  // The four characters, or empty for no format.
+  // The four characters, or empty for no format. A code made some other
+  // way (a hash of an encoder's name) need not be printable: keep raw().
   LightweightString<char> toString() const;
 
   friend constexpr bool operator==(Format, Format) = default;
