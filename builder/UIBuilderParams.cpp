@@ -2,6 +2,7 @@
 #include <zowidgets/builder/UIBuilderParams.h>
 #include <zowidgets/host/base/configb.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/values/params/GroupParam.h>
 
 UIBuilder::Params::Params(ParamList const& params, WidgetMap const& widgets,
                           std::vector<Zo::Ptr<iPostCondition>> const& postConditions)
@@ -70,6 +71,25 @@ unsigned short UIBuilder::Params::calcHeight() const {
   if (visible == 0)
     return static_cast<unsigned short>(total);
   return static_cast<unsigned short>(total - UifStd::getRowGap());
+}
+
+namespace {
+
+Zo::Ptr<GenericParam::iParam> findIn(GenericParam::ParamList const& params, LightweightString<char> const& id) {
+  for (Zo::Ptr<GenericParam::iParam> const& param : params) {
+    if (param->getID() == id)
+      return param;
+    if (auto const* group = dynamic_cast<GenericParam::GroupParam const*>(param.get()))
+      if (Zo::Ptr<GenericParam::iParam> found = findIn(group->getChildren(), id))
+        return found;
+  }
+  return {};
+}
+
+} // namespace
+
+Zo::Ptr<GenericParam::iParam> UIBuilder::Params::getParam(LightweightString<char> const& id) const {
+  return findIn(params_, id);
 }
 
 Glob* UIBuilder::Params::getWidget(LightweightString<char> const& id) const {

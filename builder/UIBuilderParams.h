@@ -32,6 +32,8 @@ public:
   WidgetMap const& getWidgets() const noexcept { return widgets_; }
   // The row of a parameter, or null.
   Glob* getWidget(LightweightString<char> const& id) const;
+  // The parameter of that id, in groups too; null when there is none.
+  Zo::Ptr<iParam> getParam(LightweightString<char> const& id) const;
   std::vector<Zo::Ptr<iPostCondition>> const& getPostConditions() const noexcept { return postConditions_; }
   bool isNotifyEnabled() const noexcept { return notifyEnabled_; }
 

@@ -39,6 +39,28 @@ TEST_F(UIBuilderParamsTest, AListenerIsToldOfAChangeByTheParametersId) {
   EXPECT_EQ(heard.names[0], "count");
 }
 
+TEST_F(UIBuilderParamsTest, AParameterIsFoundByItsIdInGroupsTooAndItsValueReadsWhatTheUserTyped) {
+  Zo::Ptr<iParam> count = intParam("count", 1, 0, 10);
+  Zo::Ptr<iParam> inner = intParam("copies", 2, 1, 5);
+  Zo::Ptr<iParam> group(new GroupParam(L"Output", "output", {}, ParamList{inner}));
+  Zo::Ptr<UIBuilder::Params> built = build(ParamList{count, group});
+  EXPECT_EQ(built->getParam("count").get(), count.get());
+  EXPECT_EQ(built->getParam("output").get(), group.get());
+  ASSERT_NE(built->getParam("copies").get(), nullptr) << "inside its group";
+  EXPECT_EQ(built->getParam("copies")->getID(), "copies");
+  EXPECT_EQ(built->getParam("nothing").get(), nullptr);
+
+  auto* host = dynamic_cast<UIBuilder::HostWidgetBase*>(built->getWidget("count"));
+  ASSERT_NE(host, nullptr);
+  NumericTextBox* box = dynamic_cast<SliderParamHost*>(host->getChild())->getTextBox();
+  ASSERT_NE(box, nullptr);
+  HeadlessInput::clickOn(*box);
+  HeadlessInput::key('a', kKeyCtrl);
+  HeadlessInput::typeText("7");
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_EQ(built->getParam("count")->getValueAsString().str(), L"7");
+}
+
 TEST_F(UIBuilderParamsTest, AnActionSettingThreeValuesIsHeardOnceAfterwardsIfItSaysSo) {
   Zo::Ptr<iParam> a = intParam("a", 0, 0, 10), b = intParam("b", 0, 0, 10), c = intParam("c", 0, 0, 10);
   std::size_t heardDuring = 99;
