@@ -7,7 +7,7 @@
 
 // The icons the library shows, by the names widgets ask for them, and the
 // icon of the system theme that draws each. One table holds every pair, so a
-// new icon is one line in IconNames.cpp.
+// new icon is one line in IconNames.cpp. docs/host-icons.md lists the names.
 struct IconName {
   std::string_view ours;  // as widgets ask for it: "eye-open.png"
   std::string_view theme; // the theme's icon, without folder or extension
