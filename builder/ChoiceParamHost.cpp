@@ -13,6 +13,7 @@ ChoiceParamHost::ChoiceParamHost(InitArgs const& args) : Glob(args) {
     items.push_back(std::move(item));
   }
   TitleMenuButton::InitArgs buttonArgs(args.legend, std::move(items), -1, getSize());
+  buttonArgs.titleWidth = args.legendWidth;
   button_ = createChild<TitleMenuButton>(buttonArgs, Glob::BottomLeft(0, 0));
   button_->getBtn().setSelectionHook([this](int index) { handleChoice(index); });
 }

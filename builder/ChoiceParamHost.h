@@ -19,6 +19,7 @@ public:
         : GlobCreationInfo(size), legend(std::move(legend)), choices(choices) {}
     UIString legend;
     std::vector<GenericParam::ChoiceParam::Choice> choices;
+    int legendWidth = 0; // 0: the legend's own
   };
 
   explicit ChoiceParamHost(InitArgs const& args);

@@ -233,6 +233,10 @@ void UIBuilder::setLegendWidthFor(std::vector<UIString> const& legends) {
   legendWidth_ = static_cast<unsigned short>(std::max(widest - Button::getRevealIndicatorWidth(), 0));
 }
 
+int UIBuilder::legendColumn(UIString const& legend) const {
+  return std::max<int>(legendWidth_, TitleMenuButton::calcTitleWidth(legend));
+}
+
 // A label row shows its text across the whole row, with no legend beside
 // it: counted as a legend, a long text took every other row's room.
 void UIBuilder::calcMaxLegendWidth(ParamList const& params) {

@@ -112,6 +112,9 @@ public:
 
 private:
   Glob* currentParent() const { return parents_.empty() ? nullptr : parents_.back(); }
+  // Where a titled row's control starts: at the legend column the sliders
+  // start at, or past a longer legend of its own.
+  int legendColumn(UIString const& legend) const;
   // The maker for a parameter, by the first class that matches.
   Glob* makeRow(Zo::Ptr<iParam> const& param, bool doubleFirst, WidgetPosition const& position,
                 WidgetSurround const& surround);

@@ -73,6 +73,7 @@ Glob* UIBuilder::makeFileWidget(Zo::Ptr<iParam> const& param, WidgetPosition con
   auto& fileParam = dynamic_cast<FileParam&>(*param);
   TitledFileChooserButton::InitArgs args(param->getLegend(), XY<int>(width_, UifStd::getRowHeight()),
                                          param->getValueAsString());
+  args.titleWidth = legendColumn(param->getLegend());
   auto* row = createWidget<TitledFileChooserButton>(args, isWidgetInitiallyVisible(param), position, surround);
   if (!row)
     return nullptr;

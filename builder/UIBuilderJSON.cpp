@@ -72,11 +72,17 @@ unsigned UIBuilder::getTooltip(JSONElementPtr const& entry) {
 
 void UIBuilder::calcMaxLegendWidth(JSONElementPtr const& root) {
   std::vector<UIString> legends;
-  // A label row's legend is its text, across the whole row (as with
-  // parameters).
+  // The legend of a label row, or of a line of text (a type the builder
+  // does not know), is its text, across the whole row (as with parameters).
+  auto const hasLegendBeside = [](LightweightString<char> const& type) {
+    for (char const* kind : {"bool", "int", "text", "float", "colour", "font", "file"})
+      if (type == kind)
+        return true;
+    return false;
+  };
   if (JSONElementPtr const entries = root ? root->getChild(static_cast<unsigned short>(0)) : JSONElementPtr())
     for (unsigned short i = 0; i < entries->getNumChildren(); ++i)
-      if (JSONElementPtr const entry = entries->getChild(i); entry && entry->getString("type") != "label")
+      if (JSONElementPtr const entry = entries->getChild(i); entry && hasLegendBeside(entry->getString("type")))
         legends.push_back(legendOf(entry));
   setLegendWidthFor(legends);
 }

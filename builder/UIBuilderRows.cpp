@@ -201,6 +201,7 @@ Glob* UIBuilder::makeChoiceWidget(Zo::Ptr<iParam> const& param, WidgetPosition c
                                   WidgetSurround const& surround) {
   auto& choiceParam = as<ChoiceParam>(param);
   ChoiceParamHost::InitArgs args(param->getLegend(), XY<int>(width_, UifStd::getRowHeight()), choiceParam.getChoices());
+  args.legendWidth = legendColumn(param->getLegend());
   auto* row = createWidget<ChoiceParamHost>(args, isWidgetInitiallyVisible(param), position, surround);
   if (!row)
     return nullptr;
@@ -224,6 +225,7 @@ Glob* UIBuilder::makeTextWidget(Zo::Ptr<iParam> const& param, WidgetPosition con
   } else {
     TitleTextBox::InitArgs args(XY<int>(width_, UifStd::getRowHeight()));
     args.ghostLabel = textParam.getHint();
+    args.titleWidth = legendColumn(param->getLegend());
     box = createWidget<TitleTextBox>(args, visible, position, surround);
     if (box)
       static_cast<TitleTextBox*>(box)->setTitle(param->getLegend());

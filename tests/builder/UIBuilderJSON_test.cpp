@@ -95,6 +95,35 @@ TEST_F(UIBuilderJSON, ALabelRowsTextTakesNoRoomFromTheOtherRowsLegends) {
   EXPECT_EQ(fromParams.getLegendWidth(), builder.getLegendWidth());
 }
 
+TEST_F(UIBuilderJSON, ALineOfTextOfATypeTheBuilderDoesNotKnowTakesNoLegendRoomEither) {
+  UIBuilder builder(panel);
+  builder.build(parse(LR"({"rows": [
+    {"type": "int", "name": "n", "legend": "Count", "min": 0, "max": 10, "default": 3},
+    {"type": "Note", "legend": "A note as long as a sentence, which stands across the whole of its row"}]})"));
+  EXPECT_EQ(builder.getLegendWidth(),
+            DropDownMenuButton::calcWidth({L"Count"}, UifStd::getFont()) - Button::getRevealIndicatorWidth());
+}
+
+TEST_F(UIBuilderJSON, TextMenuAndFileRowsStartTheirControlsAtTheSlidersLegendColumn) {
+  Zo::Ptr<UIBuilder::Params> built = build(LR"({"rows": [
+    {"type": "float", "name": "q", "legend": "Export quality", "min": 0, "max": 1, "default": 0.5},
+    {"type": "text", "name": "t", "legend": "Name", "value": "clip"},
+    {"type": "int", "name": "m", "legend": "Mode", "values": {"Fast": 1, "Best": 2}, "choice": "2"},
+    {"type": "file", "name": "f", "legend": "File", "value": "/tmp/clip.mov"}]})");
+  SliderParamHost* slider = rowWidget<SliderParamHost>(*built, "q");
+  TitleTextBox* text = rowWidget<TitleTextBox>(*built, "t");
+  ChoiceParamHost* menu = rowWidget<ChoiceParamHost>(*built, "m");
+  ASSERT_TRUE(slider && text && menu);
+  // The slider keeps the theme's edge (a pixel) clear inside its column.
+  int const column = slider->getSlider()->canvasBox().x0 - slider->canvasBox().x0;
+  EXPECT_NEAR(text->getFieldBox().x0, column, 1);
+  EXPECT_NEAR(menu->getMenuButton()->getBtn().canvasBox().x0 - menu->canvasBox().x0, column, 1);
+  auto* file =
+      dynamic_cast<TitleMenuButton*>(dynamic_cast<UIBuilder::HostWidgetBase*>(built->getWidget("f"))->getChild());
+  ASSERT_NE(file, nullptr);
+  EXPECT_NEAR(file->getBtn().canvasBox().x0 - file->canvasBox().x0, column, 1);
+}
+
 TEST_F(UIBuilderJSON, ParametersDieWithTheirRowsSoRulesAndStateHaveNoEffect) {
   Zo::Ptr<UIBuilder::Params> built = build(kWorkedExample);
   EXPECT_TRUE(built->getParams().empty());

@@ -160,7 +160,8 @@ void DropDownMenuButton::draw(CanvasRenderer& renderer) {
       Glib::LineDescription(XY<double>(cx, cy - half / 2), XY<double>(cx + half, cy + half / 2), thickness, arrow));
 }
 
-TitleMenuButton::TitleMenuButton(InitArgs const& args) : Glob(args), title_(args.title.getString()) {
+TitleMenuButton::TitleMenuButton(InitArgs const& args)
+    : Glob(args), title_(args.title.getString()), titleWidth_(args.titleWidth) {
   if (getSize().y == 0)
     resize(getSize().x, Button::calcHeight());
   if (getSize().x == 0) {
@@ -174,10 +175,12 @@ TitleMenuButton::TitleMenuButton(InitArgs const& args) : Glob(args), title_(args
   button_ = createChild<DropDownMenuButton>(buttonArgs, RightCentre(0, 0));
 }
 
-int TitleMenuButton::titleWidth() const {
-  Glib::TextMetrics const metrics = Glib::TextLayout::measure(title_, UifStd::getFont());
+int TitleMenuButton::calcTitleWidth(UIString const& title) {
+  Glib::TextMetrics const metrics = Glib::TextLayout::measure(title.getString(), UifStd::getFont());
   return static_cast<int>(std::ceil(metrics.width)) + UifStd::getWidgetGap() * 2;
 }
+
+int TitleMenuButton::titleWidth() const { return titleWidth_ > 0 ? titleWidth_ : calcTitleWidth(UIString(title_)); }
 
 int TitleMenuButton::react(Event const& event) {
   if (event.isMessage() && event.sourceWidget == button_ &&

@@ -83,9 +83,14 @@ public:
     UIString title;
     std::vector<MenuItem> items;
     int selected = 0;
+    // The room the title takes, so that the buttons of rows one above the
+    // other line up; 0: the title's own width and two widget gaps.
+    int titleWidth = 0;
   };
 
   explicit TitleMenuButton(InitArgs const& args);
+  // The room a title takes by itself.
+  static int calcTitleWidth(UIString const& title);
   char const* idstring() const override { return "TitleMenuButton"; }
 
   DropDownMenuButton& getBtn() noexcept { return *button_; }
@@ -104,5 +109,6 @@ private:
   int titleWidth() const;
 
   LightweightString<wchar_t> title_;
+  int titleWidth_;
   DropDownMenuButton* button_ = nullptr;
 };
