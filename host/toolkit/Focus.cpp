@@ -279,21 +279,42 @@ Glob* TabOrderManager::next(Glob const* current, bool forward) const {
   return found == current && usable.size() <= 1 ? nullptr : found;
 }
 
+std::vector<Glob*> TabOrderManager::sequenceIn(Glob& panel, Glob const* current) const {
+  std::vector<Glob*> const stops = usableStops(current);
+  std::vector<Glob*> all;
+  collectFocusable(&panel, all);
+  auto const firstStop = std::find_if(all.begin(), all.end(), [this](Glob const* widget) { return contains(widget); });
+  std::vector<Glob*> sequence;
+  sequence.reserve(all.size() + 1);
+  for (auto it = all.begin(); it != firstStop; ++it)
+    sequence.push_back(*it);
+  sequence.insert(sequence.end(), stops.begin(), stops.end());
+  for (auto it = firstStop; it != all.end(); ++it)
+    if (!contains(*it))
+      sequence.push_back(*it);
+  return sequence;
+}
+
 Glob* TabOrderManager::nextFor(Glob* focus, bool forward) {
   if (!focus)
     return nullptr;
   Glob const* left = focus;
-  for (Glob* panel = focus->parent(); panel; panel = panel->parent())
-    if (TabOrderManager* order = panel->getTabOrder(); order && order->contains(focus)) {
-      std::vector<Glob*> const usable = order->usableStops(focus);
-      bool const leavesPanel = panel->parent() && (forward ? usable.back() : usable.front()) == focus;
-      if (Glob* next = leavesPanel ? nullptr : order->next(focus, forward))
-        return next;
-      // Past its panel's last stop, or its only one: on through the window
-      // from the panel's end, whatever order its own widgets lie in.
-      left = panel;
-      break;
-    }
+  for (Glob* panel = focus->parent(); panel; panel = panel->parent()) {
+    TabOrderManager const* order = panel->getTabOrder();
+    if (!order || order->empty())
+      continue;
+    std::vector<Glob*> const sequence = order->sequenceIn(*panel, focus);
+    auto const at = std::find(sequence.begin(), sequence.end(), focus);
+    if (at == sequence.end())
+      continue;
+    bool const atEnd = forward ? at + 1 == sequence.end() : at == sequence.begin();
+    if (sequence.size() > 1 && !(atEnd && panel->parent()))
+      return stepThrough(sequence, focus, forward);
+    // Past its panel's last stop, or its only one: on through the window
+    // from the panel's end, whatever order its own widgets lie in.
+    left = panel;
+    break;
+  }
   std::vector<Glob*> all;
   collectFocusable(focus->getRootParent(), all);
   return stepPast(all, left, forward);
@@ -305,8 +326,10 @@ bool TabOrderManager::decrementTabStop() { return stepFocus(false); }
 
 bool TabOrderManager::enterWindow(Glob& window, bool forward) {
   Glob* first = nullptr;
-  if (TabOrderManager const* order = window.getTabOrder(); order && !order->empty())
-    first = order->next(nullptr, forward);
+  if (TabOrderManager const* order = window.getTabOrder(); order && !order->empty()) {
+    std::vector<Glob*> const sequence = order->sequenceIn(window, nullptr);
+    first = stepThrough(sequence, nullptr, forward);
+  }
   if (!first) {
     std::vector<Glob*> all;
     collectFocusable(&window, all);

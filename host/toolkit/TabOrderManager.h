@@ -31,7 +31,10 @@ public:
   // panel that has one and holds `focus`, else by tree order in its window.
   // Tab goes on through the window from a panel's only stop, and from the
   // last stop (Shift-Tab: the first) of a panel within a window, rather
-  // than keeping to that panel; a window's own order wraps round.
+  // than keeping to that panel; a window's own order wraps round. The
+  // panel's focusable widgets that are not stops (a button put beside
+  // built rows) are visited too, in tree order: those before the first
+  // stop in the tree before the stops, the others after them.
   static Glob* nextFor(Glob* focus, bool forward);
   // Move the keyboard focus as Tab and Shift-Tab do; true when it moved.
   static bool incrementTabStop();
@@ -45,6 +48,9 @@ public:
 private:
   // The stops Tab may visit now, with `current` kept in its place.
   std::vector<Glob*> usableStops(Glob const* current) const;
+  // What Tab visits in `panel`, whose order this is: the usable stops, and
+  // the focusable widgets that are not stops placed around them.
+  std::vector<Glob*> sequenceIn(Glob& panel, Glob const* current) const;
 
   struct Stop {
     Glob* widget;

@@ -61,6 +61,22 @@ TEST_F(UIBuilderParamsTest, AParameterIsFoundByItsIdInGroupsTooAndItsValueReadsW
   EXPECT_EQ(built->getParam("count")->getValueAsString().str(), L"7");
 }
 
+TEST_F(UIBuilderParamsTest, AButtonAddedUnderBuiltRowsIsReachedByTabAfterThem) {
+  Zo::Ptr<UIBuilder::Params> built = build(ParamList{boolParam("on", false), textParam("name", L"clip")});
+  auto* render =
+      panel->createWidget<PushButton>(PushButton::InitArgs(UIString(L"Render"), XY<int>(80, PushButton::calcHeight())),
+                                      Glob::Below(UifStd::getRowGap(), built->getWidget("name")));
+  auto* name =
+      dynamic_cast<TitleTextBox*>(dynamic_cast<UIBuilder::HostWidgetBase*>(built->getWidget("name"))->getChild());
+  ASSERT_NE(name, nullptr);
+  HeadlessInput::clickOn(*name);
+  ASSERT_EQ(get_kbd_focus(), name);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), render) << "not left out because the rows have an order";
+  HeadlessInput::key(kKeyTab);
+  EXPECT_TRUE(get_kbd_focus() != render && get_kbd_focus() != name) << "and on round to the first row";
+}
+
 TEST_F(UIBuilderParamsTest, AnActionSettingThreeValuesIsHeardOnceAfterwardsIfItSaysSo) {
   Zo::Ptr<iParam> a = intParam("a", 0, 0, 10), b = intParam("b", 0, 0, 10), c = intParam("c", 0, 0, 10);
   std::size_t heardDuring = 99;

@@ -402,12 +402,40 @@ TEST_F(GlobInputTest, TabLeavesAPanelWithinTheWindowPastItsLastStopAndShiftTabPa
   set_kbd_focus(box);
   HeadlessInput::key(kKeyTab, kKeyShift);
   EXPECT_EQ(get_kbd_focus(), right) << "Shift-Tab past its first, back through the window";
-  // A window's own order still wraps round.
+  // A window's own order wraps round, once the panel within it, which is
+  // not among its stops, has been through.
   panel->tabOrder().addTabStop(*left, 1);
   panel->tabOrder().addTabStop(*right, 2);
   set_kbd_focus(right);
   HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), box);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), clear);
+  HeadlessInput::key(kKeyTab);
   EXPECT_EQ(get_kbd_focus(), left);
+}
+
+TEST_F(GlobInputTest, WidgetsBesideAPanelsStopsAreVisitedInTreeOrderAroundThem) {
+  // A button made before the ordered rows, two after: none is a stop.
+  auto* before =
+      static_cast<Probe*>(panel->addChild(new Probe(XY<int>(20, 20), log, "before", false), Glob::RightOf(5)));
+  auto* row = static_cast<Probe*>(panel->addChild(new Probe(XY<int>(20, 20), log, "row", false), Glob::RightOf(5)));
+  auto* after = static_cast<Probe*>(panel->addChild(new Probe(XY<int>(20, 20), log, "after", false), Glob::RightOf(5)));
+  for (Probe* p : {left, right, before, row, after})
+    p->setCanBeIt(true);
+  // left and right come first in the tree; the stops are row, then left.
+  panel->tabOrder().addTabStop(*row, 1);
+  panel->tabOrder().addTabStop(*left, 2);
+  set_kbd_focus(row);
+  std::vector<Glob*> visited;
+  for (int i = 0; i < 5; ++i) {
+    HeadlessInput::key(kKeyTab);
+    visited.push_back(get_kbd_focus());
+  }
+  EXPECT_EQ(visited, (std::vector<Glob*>{left, right, before, after, row}))
+      << "the stops by their order, then the others in tree order, round again";
+  HeadlessInput::key(kKeyTab, kKeyShift);
+  EXPECT_EQ(get_kbd_focus(), after);
 }
 
 // A widget of two focusable parts that lends them to its owner's order.
