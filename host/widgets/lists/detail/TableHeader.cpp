@@ -85,9 +85,15 @@ void TableHeader::draw(CanvasRenderer& renderer) {
   TableWidget::Look const look = TableWidget::lookFor(getPalette());
   int const margin = TableColumnDescription::textMargin();
   double const arrow = height() / 5.0;
+  // The lines between titles stand where the rows' lines between cells do:
+  // on the first pixel of each column after the first, and one past the last.
   for (int column = 0; column < table_->numColumns(); ++column) {
     int const left = table_->columnLeft(column);
     int const right = left + table_->getColumnWidth(column);
+    if (column > 0)
+      renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(left, 0, left + 1, height()), look.grid));
+    if (column + 1 == table_->numColumns())
+      renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(right, 0, right + 1, height()), look.grid));
     bool const sorted = table_->getSortColumn() == column;
     double const textRight = right - margin - (sorted ? 3 * arrow : 0);
     renderer.renderPrimitive(Glib::TextDescription(
@@ -105,6 +111,5 @@ void TableHeader::draw(CanvasRenderer& renderer) {
                                                                                            {cx, cy - arrow / 2}};
       renderer.renderPrimitive(Glib::TriangleFanDescription{points, {look.titleText}});
     }
-    renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(right - 1, 0, right, height()), look.grid));
   }
 }

@@ -8,8 +8,8 @@
 #include <zowidgets/host/widgets/lists/TableCellEditor.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/lists/WStringEditor.h>
-#include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
+#include <zowidgets/host/widgets/values/ScrollBar.h>
 
 #include <climits>
 #include <memory>
@@ -546,6 +546,33 @@ TEST_F(TableWidgetTest, EditorsRegisteredForAFieldTypeDrawAndEditItsCells) {
   EXPECT_EQ(table->liveRowCount(), 5);
   ASSERT_TRUE(table->beginEdit(XY<int>(2, 0)));
   EXPECT_TRUE(counting->hasFocus());
+}
+
+TEST_F(TableWidgetTest, TheLinesBetweenTitlesStandOverTheLinesBetweenCells) {
+  openTable(&shots);
+  pump();
+  Glob* header = table->getHeader();
+  ASSERT_NE(header, nullptr);
+  // Screen rows a pixel inside the header's top and the first row's top,
+  // clear of any text.
+  int const headerY = header->screenPosition().y + header->height() - 3;
+  Zo::Box<int> const firstCell = table->getCellBox(XY<int>(1, 0));
+  int const rowY = table->screenPosition().y + firstCell.y1 - 3;
+  for (int column = 1; column < table->numColumns(); ++column) {
+    int const boundary = table->screenPosition().x + table->getCellBox(XY<int>(column, 0)).x0;
+    // The line is the one pixel near the boundary unlike the ground beside it.
+    auto lineAt = [&](int y) {
+      std::uint32_t const ground = screenPixel(XY<int>(boundary + 4, y));
+      for (int x = boundary - 3; x <= boundary + 3; ++x)
+        if (screenPixel(XY<int>(x, y)) != ground)
+          return x;
+      return INT_MIN;
+    };
+    int const inHeader = lineAt(headerY);
+    ASSERT_NE(inHeader, INT_MIN) << "column " << column;
+    EXPECT_EQ(inHeader, lineAt(rowY)) << "column " << column;
+    EXPECT_EQ(inHeader, boundary) << "column " << column;
+  }
 }
 
 } // namespace
