@@ -99,11 +99,10 @@ int TextBoxBase::react(Event const& event) {
     if (!mouse_left_event(event))
       return 0;
     if (eyeBox().contains(event.position)) {
-      revealed_ = !revealed_;
-      scrollToCaret();
-      invalidate();
+      toggleReveal();
       return 1;
     }
+    setEyeFocused(false);
     dragging_ = editor_.pressAt(indexAt(event.position.x), event.clicks, (event.modifiers & kKeyShift) != 0);
     caretMoved();
     return 1;
@@ -118,8 +117,14 @@ int TextBoxBase::react(Event const& event) {
     dragging_ = false;
     return mouse_left_event(event) ? 1 : 0;
   case Event::kKeyDown:
+    if (int const taken = handleEyeKey(event.key); taken >= 0)
+      return taken;
     return handleKeyboardEvent(event.key);
   case Event::kTextInput:
+    // The space that follows a Space pressed on the eye is not typed.
+    if (isEyeFocused() && event.text.view() == " ")
+      return 1;
+    setEyeFocused(false);
     if (!editable_)
       return 0;
     if (editor_.insert(toWide(event.text.view()).view()))
@@ -131,6 +136,8 @@ int TextBoxBase::react(Event const& event) {
       editor_.selectAll();
       caretMoved();
     }
+    // Shift-Tab from the widget after comes back to the eye first.
+    setEyeFocused(event.key == (int{kKeyTab} | kKeyShift) && !eyeBox().empty());
     return Glob::react(event);
   default:
     return Glob::react(event);
@@ -140,9 +147,47 @@ int TextBoxBase::react(Event const& event) {
 void TextBoxBase::handleKbdFocus(bool gained) {
   Glob::handleKbdFocus(gained);
   if (!gained) {
+    eyeFocused_ = false;
     dragging_ = false;
     commit(false);
   }
+}
+
+void TextBoxBase::toggleReveal() {
+  revealed_ = !revealed_;
+  scrollToCaret();
+  invalidate();
+}
+
+void TextBoxBase::setEyeFocused(bool focused) {
+  if (focused == eyeFocused_)
+    return;
+  eyeFocused_ = focused;
+  invalidate();
+}
+
+int TextBoxBase::handleEyeKey(int key) {
+  if (eyeBox().empty()) {
+    eyeFocused_ = false;
+    return -1;
+  }
+  if (key == kKeyTab && !eyeFocused_) {
+    setEyeFocused(true);
+    return 1;
+  }
+  if (key == (int{kKeyTab} | kKeyShift) && eyeFocused_) {
+    setEyeFocused(false);
+    return 1;
+  }
+  if (!eyeFocused_ || (key & ~kKeyModifierMask) == kKeyTab)
+    return -1;
+  if (key == L' ' || key == kKeyReturn) {
+    toggleReveal();
+    return 1;
+  }
+  // Any other key is for the text again.
+  setEyeFocused(false);
+  return -1;
 }
 
 int TextBoxBase::handleKeyboardEvent(int key) {
@@ -367,7 +412,7 @@ void TextBoxBase::draw(CanvasRenderer& renderer) {
   }
   if (editor_.size() != 0)
     renderer.renderPrimitive(text);
-  if (focused && editable_) {
+  if (focused && editable_ && !eyeFocused_) {
     double const caretX = std::round(originX + prefixWidths()[editor_.caret()]);
     renderer.renderPrimitive(Glib::RectDescription(Zo::Box<double>(caretX, textBottom, caretX + lineWidth(), textTop),
                                                    palette.headingText()));
@@ -376,6 +421,9 @@ void TextBoxBase::draw(CanvasRenderer& renderer) {
 
   if (!eyeBox().empty())
     drawEye(renderer, palette);
+  if (focused && eyeFocused_ && !eyeBox().empty())
+    renderer.renderPrimitive(Glib::RoundedRectDescription(Glib::toDoubleBox(eyeBox()), UifStd::getIndentWidth() / 2.0,
+                                                          Colour::invalid(), palette.selection(), 2.0 * lineWidth()));
 }
 
 void TextBoxBase::drawEye(CanvasRenderer& renderer, Palette const& palette) const {

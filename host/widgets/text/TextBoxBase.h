@@ -59,6 +59,8 @@ public:
   void setShowPasswordControl(bool shown);
   bool hasShowPasswordControl() const noexcept { return showPasswordControl_; }
   bool isPasswordRevealed() const noexcept { return revealed_; }
+  // Whether the keys go to the eye rather than the text.
+  bool isEyeFocused() const noexcept { return eyeFocused_ && hasKbdFocus(); }
   void setCharacters(LightweightString<wchar_t> const& characters, eCharacterRestriction restriction = kOnlyAllowed);
   // Most characters the text may hold; 0 for no limit.
   void setSizeLimit(std::size_t limit) { editor_.setSizeLimit(limit); }
@@ -106,6 +108,10 @@ private:
   std::wstring displayText() const;
   Zo::Box<int> textArea() const;
   Zo::Box<int> eyeBox() const;
+  void toggleReveal();
+  void setEyeFocused(bool focused);
+  // A key while the eye shows: taken (1), or -1 for the text to have.
+  int handleEyeKey(int key);
   // The displayed text's width; and the advance widths of every prefix of
   // it, measured only when a caret, a selection or a click needs them.
   double textWidth() const;
@@ -132,6 +138,9 @@ private:
   bool obfuscated_ = false;
   bool showPasswordControl_ = false;
   bool revealed_ = false;
+  // The eye holds the keyboard within the box: Tab from the text reaches
+  // it, Space or Return shows or hides the password.
+  bool eyeFocused_ = false;
   bool modified_ = false;
   bool dragging_ = false;
 };

@@ -463,6 +463,45 @@ TEST_F(TextBoxTest, TheShowPasswordControlRevealsTheText) {
   EXPECT_EQ(box->getString().str(), L"hunter");
 }
 
+TEST_F(TextBoxTest, TheKeyboardReachesTheEyeByTabAndSpaceOrReturnRevealTheText) {
+  box->setObfuscatedDisplay(true);
+  box->setShowPasswordControl(true);
+  box->setEditable(true);
+  auto* after = panel->createWidget<TextBox>(TextBox::InitArgs(GlobCreationInfo(XY<int>(100, UifStd::getRowHeight()))),
+                                             Glob::Below(UifStd::getRowGap(), box));
+  after->setEditable(true);
+  HeadlessInput::clickOn(*box);
+  HeadlessInput::typeText("hunter");
+  Zo::Image::Surface const onText = HeadlessScreen::windowShot(*panel).clone();
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), box) << "the eye is the box's own stop";
+  EXPECT_TRUE(box->isEyeFocused());
+  EXPECT_GT(Zo::Image::Surface::maxChannelDifference(onText, HeadlessScreen::windowShot(*panel)), 0)
+      << "the eye shows that it holds the keys";
+  HeadlessInput::typeText(" "); // the key, then its character
+  EXPECT_TRUE(box->isPasswordRevealed());
+  EXPECT_EQ(box->getString().str(), L"hunter") << "the Space is not typed";
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_FALSE(box->isPasswordRevealed());
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), after);
+  HeadlessInput::key(kKeyTab, kKeyShift);
+  EXPECT_EQ(get_kbd_focus(), box);
+  EXPECT_TRUE(box->isEyeFocused()) << "Shift-Tab comes back to the eye first";
+  HeadlessInput::key(kKeyTab, kKeyShift);
+  EXPECT_FALSE(box->isEyeFocused());
+  HeadlessInput::key(kKeyTab);
+  ASSERT_TRUE(box->isEyeFocused());
+  HeadlessInput::key(kKeyEnd);
+  EXPECT_FALSE(box->isEyeFocused()) << "any other key is the text's again";
+  HeadlessInput::typeText("2");
+  EXPECT_EQ(box->getString().str(), L"hunter2");
+
+  box->setShowPasswordControl(false);
+  HeadlessInput::key(kKeyTab);
+  EXPECT_EQ(get_kbd_focus(), after) << "no eye, no stop";
+}
+
 TEST_F(TextBoxTest, ThePasswordEyeIsTheThemesEyeStruckThroughOrOpen) {
   ScopedEnv noOverride("ZOWIDGETS_ICON_THEME_DIR", std::nullopt);
   ScopedEnv defaultDataDirs("XDG_DATA_DIRS", std::nullopt);
