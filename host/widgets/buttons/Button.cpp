@@ -26,7 +26,8 @@ int labelPadding() { return UifStd::getWidgetGap() * 2; }
 void drawFocusRing(CanvasRenderer& renderer, Zo::Box<double> const& box, Glob const& button, Colour const& face) {
   if (button.hasKbdFocus())
     renderer.renderPrimitive(Glib::RoundedRectDescription(box, UifStd::getIndentWidth() * 1.5, Colour::invalid(),
-                                                          FocusRing::colourOver(button.getPalette(), face)));
+                                                          FocusRing::colourOver(button.getPalette(), face),
+                                                          FocusRing::width()));
 }
 
 } // namespace

@@ -125,9 +125,10 @@ void Checkbox::draw(CanvasRenderer& renderer) {
   Zo::Box<double> const labelArea(box.x1 + UifStd::getWidgetGap() * 2, 0, width(), height());
   renderer.renderPrimitive(Glib::TextDescription(label_, labelArea, UifStd::getFont(), text));
   if (hasKbdFocus()) {
-    Zo::Box<double> const ring(box.x0 - 0.5, box.y0 - 0.5, box.x1 + 0.5, box.y1 + 0.5);
+    double const out = FocusRing::width() - 0.5;
+    Zo::Box<double> const ring(box.x0 - out, box.y0 - out, box.x1 + out, box.y1 + out);
     renderer.renderPrimitive(Glib::RoundedRectDescription(
         ring, UifStd::getIndentWidth(), Colour::invalid(),
-        FocusRing::colourOver(palette, checked_ ? palette.selection() : palette.window())));
+        FocusRing::colourOver(palette, checked_ ? palette.selection() : palette.window()), FocusRing::width()));
   }
 }

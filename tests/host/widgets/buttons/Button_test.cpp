@@ -300,7 +300,7 @@ TEST_F(ButtonTest, TheKeyboardRingShowsOverAFaceOfTheSelectionColour) {
 TEST(FocusRingColour, TheSelectionColourUnlessTheFaceIsNearlyThatColour) {
   Palette palette = makeWindowPalette(UifStd::getColourScheme());
   Colour const selection = palette.selection();
-  EXPECT_EQ(FocusRing::colourOver(palette, palette.window()), selection);
+  EXPECT_EQ(FocusRing::colourOver(palette, palette.window()), Colour::mix(selection, palette.text(), 0.7));
   EXPECT_EQ(FocusRing::colourOver(palette, selection), palette.text());
   Colour const nearly(selection.red() + 0.1, selection.green() - 0.1, selection.blue());
   EXPECT_EQ(FocusRing::colourOver(palette, nearly), palette.text());
