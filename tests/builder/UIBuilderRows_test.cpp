@@ -13,6 +13,8 @@
 #include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
 
+#include <cstring>
+
 using namespace BuilderTest;
 
 namespace {
@@ -326,6 +328,24 @@ TEST_F(UIBuilderRows, AParameterListOnAScrollingPanelStacksInItsView) {
   EXPECT_EQ(scrolling->getManagedWidgets().size(), 10u);
   EXPECT_GT(scrolling->getWidgetsHeight(), scrolling->getView()->height());
   EXPECT_EQ(built->getWidget("b0")->parent(), scrolling->getView());
+}
+
+TEST_F(UIBuilderRows, ARoundNumberTypedIntoAWideIntegerRowIsKept) {
+  Zo::Ptr<iParam> bitRate = intParam("b", 200000, 0, 2147483647);
+  Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(ParamList{bitRate}, panel, 0);
+  NumericTextBox* box = rowWidget<SliderParamHost>(*built, "b")->getTextBox();
+  // Their shortest texts are "3e+05", "1e+06", "5e+06", "2e+05".
+  for (char const* typed : {"300000", "1000000", "5000000", "200000", "123456"}) {
+    SCOPED_TRACE(typed);
+    HeadlessInput::clickOn(*box);
+    HeadlessInput::key('a', kKeyCtrl);
+    HeadlessInput::typeText(typed);
+    HeadlessInput::key(kKeyReturn);
+    pump();
+    std::wstring const expected(typed, typed + std::strlen(typed));
+    EXPECT_EQ(bitRate->getValueAsString().str(), expected);
+    EXPECT_EQ(box->getString().str(), expected) << "shown in digits";
+  }
 }
 
 } // namespace

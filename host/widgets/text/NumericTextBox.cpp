@@ -6,15 +6,21 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <string>
 
 namespace {
 
-LightweightString<wchar_t> format(double value) {
-  return DataConvert::convert<double, LightweightString<wchar_t>>(value);
-}
-
 // Beyond this a fraction's digits are not worth rounding: its text is kept.
 constexpr double kLargestRounded = 1e15;
+
+LightweightString<wchar_t> format(double value) {
+  // A whole number is written in its digits ("300000"), never in the
+  // shorter "3e+05": a whole-number value cannot read that back (it took it
+  // for 0), and a person reads digits more easily.
+  if (std::isfinite(value) && value == std::trunc(value) && std::abs(value) < kLargestRounded)
+    return LightweightString<wchar_t>(std::to_wstring(static_cast<long long>(value)).c_str());
+  return DataConvert::convert<double, LightweightString<wchar_t>>(value);
+}
 
 // A number's text with a fraction or an exponent, and nothing else.
 bool isFraction(LightweightString<wchar_t> const& text) {
