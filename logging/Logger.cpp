@@ -7,6 +7,7 @@
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/shell/FilePaths.h>
 #include <zowidgets/host/shell/OS.h>
+#include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
@@ -567,8 +568,14 @@ LightweightString<wchar_t> Logger::saveToFile(LightweightString<wchar_t> const& 
                                                                    StandardPanel::kPoot | StandardPanel::kTitle,
                                                                    StandardPanel::getDefaultBorder())
                                           .x);
+  // Room for the table's own border round its one row, which was cut in
+  // half without it.
+  args.size.y += StandardPanel::calcPanelSize(XY<int>(), 0, StandardPanel::getDefaultBorder()).y;
   Drawable::Suspender hold;
-  Glob::setupRootPos(nullptr, GlobManager::getSafePosForGlob(canvas(), args.size, XY<int>(getX(), getY())));
+  // Over the middle of this log, where the user is looking.
+  Zo::Box<int> const shown = canvas() ? canvas()->screenBox() : Zo::Box<int>();
+  XY<int> const centred((shown.x0 + shown.x1 - args.size.x) / 2, (shown.y0 + shown.y1 - args.size.y) / 2);
+  Glob::setupRootPos(nullptr, GlobManager::getSafePosForGlob(canvas(), args.size, centred));
   auto* confirmation = new Logger(args);
   GlobManager::realize(confirmation);
   GlobManager::addModalGlob(confirmation);

@@ -155,6 +155,30 @@ TEST_F(LoggerModel, SavingAsTextConfirmsWithALinkToTheFile) {
   EXPECT_EQ(LoggerBase::HyperLink::fromString(confirmation->rows()[0].text).targets().front(), path);
 }
 
+TEST_F(LoggerModel, TheSavedConfirmationStandsOverItsLogShowsItsRowWholeAndEscapeClosesIt) {
+  Logger* logger = openLogger();
+  logger_write(logger, "alpha");
+  logger->saveToFile(LightweightString<wchar_t>::fromUTF8(folder.string()), L"render");
+  Logger* confirmation = nullptr;
+  for (Glob* window : GlobManager::topLevelWindows())
+    if (window != logger && is_good_glob_ptr(window, "logger"))
+      confirmation = static_cast<Logger*>(window);
+  ASSERT_NE(confirmation, nullptr);
+  pump();
+  Zo::Box<int> const log = logger->canvas()->screenBox();
+  Zo::Box<int> const shown = confirmation->canvas()->screenBox();
+  EXPECT_NEAR((shown.x0 + shown.x1) / 2, (log.x0 + log.x1) / 2, 1) << "over the log, not in a corner";
+  EXPECT_NEAR((shown.y0 + shown.y1) / 2, (log.y0 + log.y1) / 2, 1);
+  TableWidget* table = confirmation->table();
+  EXPECT_GE(table->getUserArea().height(), table->getCellBox(XY<int>(0, 0)).height()) << "the row whole";
+
+  ASSERT_EQ(GlobManager::currentModal(), confirmation);
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(confirmation)) << "a modal window the user can leave from the keyboard";
+  EXPECT_TRUE(is_good_glob_ptr(logger));
+}
+
 TEST_F(LoggerModel, ClosingWithAnAutoSaveFileWritesTheRowsAndTellsTheListener) {
   struct Listener : StandardPanel {
     using StandardPanel::StandardPanel;

@@ -264,8 +264,10 @@ int StandardPanel::handleDataMessageEvent(LightweightString<char> const& message
 }
 
 int StandardPanel::handleKeyboardEvent(int key) {
-  // Escape closes a dialogue shown as a window, as its close button does.
-  if ((key & ~kKeyModifierMask) == kKeyEscape && !parent() && windowKind() == eWindowKind::kDialogue) {
+  // Escape closes a dialogue shown as a window, as its close button does,
+  // and so a modal window that holds up the others (a confirmation).
+  if ((key & ~kKeyModifierMask) == kKeyEscape && !parent() &&
+      (windowKind() == eWindowKind::kDialogue || GlobManager::currentModal() == this)) {
     handlePoot();
     return 1;
   }
