@@ -702,3 +702,20 @@ TEST_F(GalleryTest, TheIPAddressPagesResultLineShowsTheLongestAddressWhole) {
   EXPECT_LE(TextLabel::calcWidth(result->getString()), result->width());
   EXPECT_LE(result->canvasBox().x1, page.width());
 }
+
+TEST_F(GalleryTest, TheWizardPagesTickBoxIsReachedByTabAndEscapeClosesTheWizard) {
+  Glob& page = openedPage("wizard");
+  settleWindows();
+  std::vector<Checkbox*> const boxes = widgetsIn<Checkbox>(page);
+  ASSERT_FALSE(boxes.empty());
+  bool reached = false;
+  for (int i = 0; i < 4 && !reached; ++i) {
+    HeadlessInput::key(kKeyTab);
+    reached = get_kbd_focus() == boxes.front();
+  }
+  EXPECT_TRUE(reached) << "forward Tab, not only Shift-Tab";
+  IdStamp const stamp = EventHandler::stampOf(&page);
+  HeadlessInput::key(kKeyEscape);
+  settleWindows();
+  EXPECT_FALSE(EventHandler::valid(&page, stamp)) << "Escape leaves the wizard as its close box does";
+}
