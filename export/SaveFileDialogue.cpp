@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/shell/FileNameRules.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 
 #include <algorithm>
@@ -78,6 +79,9 @@ SaveFileDialogue* SaveFileDialogue::open(InitArgs args) {
   auto* dialogue = new SaveFileDialogue(args);
   GlobManager::realize(dialogue);
   GlobManager::addModalGlob(dialogue);
+  // The name is what the user came to type: its box takes the keys, the
+  // proposed name selected, as Tab into it would.
+  TabOrderManager::enterWindow(*dialogue, true);
   return dialogue;
 }
 

@@ -99,6 +99,17 @@ TEST_F(SaveFileDialogueTest, ReturnInTheNameSavesAndEscapeClosesWithoutSaving) {
   EXPECT_EQ(heard.size(), 1u) << "Escape saves nothing";
 }
 
+TEST_F(SaveFileDialogueTest, TheNameBoxHasTheKeysAtOnceWithTheProposedNameSelected) {
+  SaveFileDialogue* dialogue = open(L"Task log");
+  EXPECT_EQ(get_kbd_focus(), &dialogue->getNameBox());
+  HeadlessInput::typeText("render");
+  EXPECT_EQ(dialogue->getNameBox().getString(), LightweightString<wchar_t>(L"render")) << "typed over the proposal";
+  key(kKeyReturn);
+  pump();
+  ASSERT_EQ(heard.size(), 1u);
+  EXPECT_EQ(heard[0].name, LightweightString<wchar_t>(L"render"));
+}
+
 TEST_F(SaveFileDialogueTest, TheFolderChosenInTheBrowserIsTheOneSaved) {
   std::filesystem::create_directory(folder / "renders");
   SaveFileDialogue* dialogue = open(L"cut.mov");
