@@ -76,6 +76,27 @@ TEST_F(RealEncoderOptionsTest, ContainersAreTheRealOnesAndTakeTheirEncoders) {
   EXPECT_TRUE(hasX264);
 }
 
+TEST_F(RealEncoderOptionsTest, ATypesFirstFormatIsItsContainersOwnChoiceAndNoneIsExperimental) {
+  iMediaSource& source = Zo::MediaWriters::source();
+  auto formatsOf = [&source](char const* type) {
+    VectorExt<ShotVideoMetadata> digital;
+    VectorExt<Zo::Image::Format> formats;
+    source.validFormats(type, ShotVideoMetadata(1280, 720, {25, 1, false}), digital, formats);
+    return formats;
+  };
+  VectorExt<Zo::Image::Format> const avi = formatsOf("avi");
+  ASSERT_FALSE(avi.empty());
+  AVCodec const* aviDefault = avcodec_find_encoder(AV_CODEC_ID_MPEG4);
+  ASSERT_NE(aviDefault, nullptr);
+  EXPECT_EQ(std::string(source.formatName(avi.front()).toUTF8().view()), aviDefault->name)
+      << "the container's own encoder, not the first of the library's list";
+  for (Encoder const& encoder : everyEncoder()) {
+    AVCodec const* codec = avcodec_find_encoder_by_name(encoder.name.c_str());
+    ASSERT_NE(codec, nullptr) << encoder.name;
+    EXPECT_EQ(codec->capabilities & AV_CODEC_CAP_EXPERIMENTAL, 0) << encoder.name << " refuses to write";
+  }
+}
+
 TEST_F(RealEncoderOptionsTest, EveryEncodersOptionsBuildIntoAPanel) {
   int panels = 0;
   for (Encoder const& encoder : everyEncoder()) {

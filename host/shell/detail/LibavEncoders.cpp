@@ -55,10 +55,22 @@ struct EncoderIndex {
       if (!av_codec_is_encoder(codec) || codec->type != AVMEDIA_TYPE_VIDEO)
         continue;
       byFormat.emplace(formatOf(*codec).raw(), Encoder{codec, LightweightString<wchar_t>::fromUTF8(codec->name)});
+      // An experimental encoder refuses to write unless told the user
+      // accepts that: offered, it would fail the export.
+      if (codec->capabilities & AV_CODEC_CAP_EXPERIMENTAL)
+        continue;
       for (std::size_t i = 0; i < containers().size(); ++i)
         if (libraryAccepts(containers()[i], *codec))
           byContainer[i].push_back(codec);
     }
+    // The container's own choice of encoder comes first, where a type's
+    // first format is what a user gets (AVI's is MPEG-4 Part 2, not "amv").
+    for (std::size_t i = 0; i < containers().size(); ++i)
+      if (AVOutputFormat const* muxer = av_guess_format(containers()[i].muxer, nullptr, nullptr))
+        if (AVCodec const* preferred =
+                muxer->video_codec != AV_CODEC_ID_NONE ? avcodec_find_encoder(muxer->video_codec) : nullptr)
+          std::stable_partition(byContainer[i].begin(), byContainer[i].end(),
+                                [preferred](AVCodec const* codec) { return codec == preferred; });
   }
 
   static EncoderIndex const& instance() {
