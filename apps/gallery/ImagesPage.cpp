@@ -76,6 +76,9 @@ Glob* buildImagesPage(PageContext const& context) {
   XY<int> const marked(picture.x / 2, picture.x * 9 / 32);
   XY<int> const corner((picture.x - marked.x) / 2, (picture.y - marked.y) / 2);
   region->setRegion(Zo::Box<int>(corner, corner + marked));
+  // A left corner dragged past the right one stops here, rather than turning
+  // the region inside out.
+  region->setMinimumRegionWidth(static_cast<unsigned>(picture.x / 8));
 
   ImageThumbnailBrowser::InitArgs browserArgs{GlobCreationInfo(browserSize)};
   browserArgs.lineHeight = static_cast<unsigned short>(m.row * 2);

@@ -32,6 +32,7 @@
 #include <zowidgets/host/widgets/text/TitleTextBox.h>
 #include <zowidgets/host/widgets/values/ColourSwatch.h>
 #include <zowidgets/host/widgets/values/Slider.h>
+#include <zowidgets/images/ImageRegionSelectionView.h>
 #include <zowidgets/textentry/DropDownSearchPanel.h>
 #include <zowidgets/textentry/IPAddressEntryBox.h>
 #include <zowidgets/textentry/LoginPanel.h>
@@ -718,4 +719,22 @@ TEST_F(GalleryTest, TheWizardPagesTickBoxIsReachedByTabAndEscapeClosesTheWizard)
   HeadlessInput::key(kKeyEscape);
   settleWindows();
   EXPECT_FALSE(EventHandler::valid(&page, stamp)) << "Escape leaves the wizard as its close box does";
+}
+
+TEST_F(GalleryTest, TheImagesPagesRegionStopsAtItsMinimumWidthWhenItsLeftCornerIsDraggedPastTheRight) {
+  std::vector<ImageRegionSelectionView*> const views = widgetsOfPage<ImageRegionSelectionView>("images");
+  ASSERT_EQ(views.size(), 1u);
+  ImageRegionSelectionView& view = *views.front();
+  settleWindows();
+  ASSERT_GT(view.getMinimumRegionWidth(), 0u);
+  Zo::Box<int> const before = view.getRegion();
+  Zo::Box<int> const wire = view.getWireframeArea();
+  XY<int> const topLeft = view.screenPosition() + XY<int>(wire.x0, wire.y1 - 1);
+  HeadlessInput::drag(topLeft, topLeft + XY<int>(wire.width() + 100, -20));
+  settleWindows();
+  Zo::Box<int> const region = view.getRegion();
+  EXPECT_GT(region.x0, before.x0) << "the corner was taken and dragged";
+  EXPECT_LT(region.x0, region.x1) << "not inside out";
+  EXPECT_GE(region.x1 - region.x0, static_cast<int>(view.getMinimumRegionWidth()));
+  EXPECT_LT(region.y0, region.y1);
 }
