@@ -289,8 +289,18 @@ void HSColourWheel::setNewWidgetValue(ColourData& value, eRedrawFlag) {
   ColourData const shown = UIColourFromDataColour(value);
   double x = 0.0;
   double y = 0.0;
-  if (convertHStoXY(shown.getHue(), shown.getSaturation(), x, y) == 0)
+  if (convertHStoXY(shown.getHue(), shown.getSaturation(), x, y) == 0) {
+    // A full saturation lies on the rim, whose last whole pixel the cursor
+    // refuses: it stands just inside instead, rather than staying where it
+    // was (every pure hue typed in the boxes left it behind).
+    double const distance = std::sqrt(x * x + y * y);
+    double const inside = std::floor(radius_) - 0.5;
+    if (distance > inside && inside > 0.0) {
+      x *= inside / distance;
+      y *= inside / distance;
+    }
     setCursor(x, y);
+  }
   // The picture keeps the brightness it was made with.
   value_ = shown.getValue();
 }

@@ -6,6 +6,7 @@
 #include "Launcher.h"
 #include "PageWindows.h"
 
+#include <zowidgets/colour/HSColourWheel.h>
 #include <zowidgets/export/CompressionWidget.h>
 #include <zowidgets/hints/HintWindow.h>
 #include <zowidgets/host/drawing/TextLayout.h>
@@ -737,4 +738,27 @@ TEST_F(GalleryTest, TheImagesPagesRegionStopsAtItsMinimumWidthWhenItsLeftCornerI
   EXPECT_LT(region.x0, region.x1) << "not inside out";
   EXPECT_GE(region.x1 - region.x0, static_cast<int>(view.getMinimumRegionWidth()));
   EXPECT_LT(region.y0, region.y1);
+}
+
+TEST_F(GalleryTest, TheColourPagesWheelFollowsAPureHueTypedInTheHexBox) {
+  Glob& page = openedPage("colour");
+  settleWindows();
+  std::vector<HSColourWheel*> const wheels = widgetsIn<HSColourWheel>(page);
+  ASSERT_EQ(wheels.size(), 1u);
+  TitleTextBox* hex = nullptr;
+  for (TitleTextBox* box : widgetsIn<TitleTextBox>(page))
+    if (box->getTitle().getString().str() == L"#")
+      hex = box;
+  ASSERT_NE(hex, nullptr);
+  HeadlessInput::clickOn(*hex);
+  HeadlessInput::key('a', kKeyCtrl);
+  HeadlessInput::typeText("FF8000");
+  HeadlessInput::key(kKeyReturn);
+  settleWindows();
+  XY<double> const cursor = wheels.front()->getCursor();
+  double hue = 0.0;
+  double saturation = 0.0;
+  ASSERT_EQ(wheels.front()->convertXYtoHS(cursor.x, cursor.y, hue, saturation), 0);
+  EXPECT_NEAR(hue, 30.0, 1.0) << "orange";
+  EXPECT_GT(saturation, 0.95) << "at the rim";
 }

@@ -194,12 +194,20 @@ TEST(HSColourWheelGeometry, ShowingAValueMovesTheCursorAndKeepsThePictureBrightn
   EXPECT_EQ(wheel.getDisplayValue(), 1.0);
 }
 
-TEST(HSColourWheelGeometry, AFullySaturatedColourLeavesTheCursorWhereItWas) {
-  // Saturation 1 lies on the rim, which whole-pixel membership refuses.
+TEST(HSColourWheelGeometry, AFullySaturatedColourPutsTheCursorJustInsideTheRim) {
+  // Saturation 1 lies on the rim, which whole-pixel membership refuses: the
+  // cursor stands on the last pixel inside it, on the hue's line.
   HSColourWheel wheel = makeWheel();
   ColourData rim(346.0, 1.0, 1.0, ColourSpace::HSV);
   wheel.setNewWidgetValue(rim, kNoRedraw);
-  EXPECT_EQ(wheel.getCursor(), XY<double>(0.0, 0.0));
+  XY<double> const cursor = wheel.getCursor();
+  EXPECT_NEAR(cursor.x, 0.0, 1e-9) << "hue 346 points straight up";
+  EXPECT_DOUBLE_EQ(cursor.y, std::floor(wheel.getRadius()) - 0.5);
+  double hue = 0.0;
+  double saturation = 0.0;
+  ASSERT_EQ(wheel.convertXYtoHS(cursor.x, cursor.y, hue, saturation), 0);
+  EXPECT_NEAR(hue, 346.0, 1e-6);
+  EXPECT_GT(saturation, 0.95);
 }
 
 TEST(HSColourWheelGeometry, WidgetValueIsTheCursorsColourAtTheWheelsBrightness) {
