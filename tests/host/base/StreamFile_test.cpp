@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -95,6 +96,27 @@ TEST(AtomicFile, AFailedWriteLeavesWhatWasThereWholeAndNoTemporaryFileBehind) {
     ++entries;
   }
   EXPECT_EQ(entries, 1);
+  std::filesystem::remove_all(folder);
+}
+
+TEST(AtomicFile, ANewFileGetsTheUsersPermissionsAndAReplacedOneKeepsItsOwn) {
+  std::filesystem::path const folder =
+      std::filesystem::temp_directory_path() / ("zo-atomic-mode-" + std::to_string(::getpid()));
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directories(folder);
+  mode_t const saved = ::umask(027);
+  auto modeOf = [](std::filesystem::path const& path) {
+    struct stat info {};
+    ::stat(path.c_str(), &info);
+    return info.st_mode & 07777;
+  };
+  // Not the temporary file's private 0600.
+  ASSERT_TRUE(Zo::writeFileAtomically((folder / "new.txt").string(), "text"));
+  EXPECT_EQ(modeOf(folder / "new.txt"), 0640u);
+  ::chmod((folder / "new.txt").c_str(), 0604);
+  ASSERT_TRUE(Zo::writeFileAtomically((folder / "new.txt").string(), "again"));
+  EXPECT_EQ(modeOf(folder / "new.txt"), 0604u);
+  ::umask(saved);
   std::filesystem::remove_all(folder);
 }
 
