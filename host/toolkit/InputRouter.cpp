@@ -208,13 +208,26 @@ void deliverKeyEvent(Event const& event) {
   Glob* target = get_kbd_focus();
   if (GlobManager::refusesInput(target))
     target = GlobManager::currentModal();
+  std::vector<Glob*> const windows = GlobManager::topLevelWindows();
   if (!target) {
-    std::vector<Glob*> windows = GlobManager::topLevelWindows();
-    target = windows.empty() ? nullptr : windows.back();
+    // The front window the user works in: a tip over it (a hint, a status
+    // message) answers Return only once it has the keyboard, not because
+    // nothing had it.
+    auto const front = std::find_if(windows.rbegin(), windows.rend(),
+                                    [](Glob const* window) { return window->windowKind() != Glob::eWindowKind::kTip; });
+    target = front == windows.rend() ? nullptr : *front;
   }
   if (bubble(target, event) || event.type != Event::kKeyDown)
     return;
   int const bare = event.key & ~kKeyModifierMask;
+  // An Escape no widget wanted closes the front tip that closes on it (a
+  // hint the user would rather not read), as its own Escape would.
+  if (bare == kKeyEscape) {
+    for (auto window = windows.rbegin(); window != windows.rend(); ++window)
+      if ((*window)->windowKind() == Glob::eWindowKind::kTip && is_good_glob_ptr(*window) && (*window)->react(event))
+        return;
+    return;
+  }
   if (bare != kKeyTab)
     return;
   bool const forward = (event.modifiers & kKeyShift) == 0;

@@ -97,6 +97,21 @@ TEST_F(HintWindowTest, ReturnAcknowledgesAndEscapeDoesNot) {
   EXPECT_TRUE(second.hasBeenIssued());
 }
 
+TEST_F(HintWindowTest, ReturnBeforeTheHintHasTheKeysIsNotAnAcknowledgementAndEscapeClosesIt) {
+  Hint const hint = trimHint(3);
+  HintWindow* window = showBelowButton(hint);
+  set_kbd_focus(nullptr);
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  EXPECT_TRUE(is_good_glob_ptr(window)) << "a hint the user may not have read";
+  EXPECT_FALSE(hint.hasBeenIssued());
+  // Escape from the window the user works in, which does not want it.
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(window));
+  EXPECT_FALSE(hint.hasBeenIssued());
+}
+
 TEST_F(HintWindowTest, AClickElsewhereDismissesItUnacknowledgedSoItComesBack) {
   Hint const hint = trimHint();
   HintWindow* window = showBelowButton(hint);

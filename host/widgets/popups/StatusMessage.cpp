@@ -96,6 +96,10 @@ Zo::Box<int> StatusMessage::getMarginArea() const {
 }
 
 int StatusMessage::react(Event const& event) {
+  // A press on the message gives it the keyboard: Return then presses OK.
+  // Until then keys stay with the window the user works in.
+  if (event.type == Event::kMouseDown && okButton_ && !okButton_->hasKbdFocus())
+    okButton_->claimKbdFocus();
   if (event.type == Event::kKeyDown) {
     int const key = event.key & ~kKeyModifierMask;
     if (key == kKeyEscape) {
