@@ -45,6 +45,10 @@ public:
   MultiLineTextBox* getTextBox() const noexcept { return textBox_; }
   DropDownButton2<EmojiPanel>* getEmojiButton() const noexcept { return emojiButton_; }
 
+  // Escape closes a panel shown as a window, dropping the text, as its close
+  // box does.
+  int handleKeyboardEvent(int key) override;
+
 protected:
   void handleDoIt() override;
 

@@ -129,6 +129,16 @@ TEST_F(MultiLineTextBoxPanelTest, ClosingThePanelOtherwiseDropsTheText) {
   EXPECT_TRUE(entered.empty());
 }
 
+TEST_F(MultiLineTextBoxPanelTest, EscapeInTheBoxClosesThePanelAndDropsTheText) {
+  open(L"draft");
+  HeadlessInput::clickOn(*panel->getTextBox());
+  HeadlessInput::typeText(" more");
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(panel));
+  EXPECT_TRUE(entered.empty());
+}
+
 TEST_F(MultiLineTextBoxPanelTest, TypingGoesOnInTheBoxRightAfterAPick) {
   open(L"Hi");
   std::wstring const emoji = pickFirstEmoji();
