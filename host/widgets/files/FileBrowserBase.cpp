@@ -198,6 +198,7 @@ void FileBrowserBase::init(InitArgs const& args, unsigned options) {
     if (event.type != TableWidgetEvent::kCurrentChanged)
       return;
     currentPicked_ = !movingCurrent_;
+    currentAutomatic_ = false;
     broadcast(FileBrowserEvent{FileBrowserEvent::kCurrentChanged, getCurrentPath(), this});
   }));
   TextLabel::InitArgs labelArgs(GlobCreationInfo(static_cast<unsigned short>(area.width()),
@@ -250,6 +251,7 @@ bool FileBrowserBase::setFolder(LightweightString<wchar_t> const& folder) {
   startReading({});
   if (table_ && !shown_.empty())
     table_->setCurPos(XY<int>(0, 0), TableWidget::kShowCell | TableWidget::kQuiet);
+  currentAutomatic_ = true;
   broadcast(FileBrowserEvent{FileBrowserEvent::kFolderChanged, folder_, this});
   return true;
 }
@@ -313,7 +315,8 @@ void FileBrowserBase::setShowHidden(bool show) {
 }
 
 void FileBrowserBase::refresh() {
-  int const row = getCurrentRow();
+  // As for the slices of a large folder: only a chosen entry is kept.
+  int const row = currentAutomatic_ ? -1 : getCurrentRow();
   startReading(row >= 0 ? wide(shown_[row].name) : LightweightString<wchar_t>());
 }
 
@@ -356,7 +359,10 @@ void FileBrowserBase::readNextSlice() {
   if (!reader_)
     return;
   bool const more = reader_->readSome(kLaterSlice, all_);
-  int const row = getCurrentRow();
+  // An entry chosen (by the user or the program) stays current as the
+  // slices come in; the first row, current only because it was first, stays
+  // the first row, whichever entry that now is.
+  int const row = currentAutomatic_ ? -1 : getCurrentRow();
   LightweightString<wchar_t> const current = row >= 0 ? wide(shown_[row].name) : LightweightString<wchar_t>();
   if (!more)
     reader_.reset();
@@ -413,8 +419,14 @@ void FileBrowserBase::applyFilters(LightweightString<wchar_t> const& keepCurrent
     // current and the list stays where the user scrolled it.
     table_->setCurPos(XY<int>(0, kept), TableWidget::kQuiet);
     table_->setScrollOffset(offset);
-  } else if (!shown_.empty() && table_->getCurPos().y < 0)
+  } else if (!shown_.empty() && table_->getCurPos().y < 0) {
     table_->setCurPos(XY<int>(0, 0), TableWidget::kShowCell | TableWidget::kQuiet);
+    currentAutomatic_ = true;
+  } else if (!shown_.empty() && currentAutomatic_) {
+    // The table follows its current entry by name; one that was current only
+    // because it came first gives way to the new first.
+    table_->setCurPos(XY<int>(0, 0), TableWidget::kQuiet);
+  }
 }
 
 void FileBrowserBase::showError(LightweightString<wchar_t> const& message) {
@@ -440,6 +452,7 @@ bool FileBrowserBase::selectEntry(LightweightString<wchar_t> const& name) {
   movingCurrent_ = true;
   table_->setCurPos(XY<int>(0, row), TableWidget::kShowCell);
   movingCurrent_ = false;
+  currentAutomatic_ = false;
   return true;
 }
 

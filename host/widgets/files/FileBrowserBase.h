@@ -156,6 +156,8 @@ private:
   LightweightString<wchar_t> typed_;
   double lastTypedAt_ = -1e9;
   bool currentPicked_ = false;
+  // The current row is the first only because it came first.
+  bool currentAutomatic_ = true;
   bool movingCurrent_ = false;
   unsigned readSerial_ = 0;
   std::unique_ptr<Listing> listing_;

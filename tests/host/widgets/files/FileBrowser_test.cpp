@@ -305,4 +305,25 @@ TEST_F(FileBrowserTest, ALargeFolderShowsItsFirstSliceBeforeItIsFullyRead) {
   EXPECT_EQ(browser->entries()[10].name, "clip10");
 }
 
+TEST_F(FileBrowserTest, TheFirstRowStaysCurrentAsALargeFoldersSlicesComeInUnlessAnotherWasChosen) {
+  std::filesystem::create_directory(tree / "many");
+  for (std::size_t i = 0; i < FileBrowserBase::kFirstSlice * 3; ++i)
+    tree.write("many/clip" + std::to_string(i));
+  open();
+  browser->setFolder(tree.wide("many"));
+  ASSERT_TRUE(waitFor([&] { return browser->isReadComplete(); }));
+  EXPECT_EQ(browser->getCurrentRow(), 0);
+  EXPECT_EQ(browser->entries()[0].name, "clip0") << "the first of the whole folder, not of its first slice";
+
+  browser->setFolder(tree.wide());
+  browser->setFolder(tree.wide("many"));
+  ASSERT_FALSE(browser->isReadComplete());
+  ASSERT_GT(browser->entries().size(), 5u);
+  std::string const picked = browser->entries()[5].name;
+  ASSERT_TRUE(browser->selectEntry(LightweightString<wchar_t>::fromUTF8(picked)));
+  ASSERT_TRUE(waitFor([&] { return browser->isReadComplete(); }));
+  ASSERT_GE(browser->getCurrentRow(), 0);
+  EXPECT_EQ(browser->entries()[browser->getCurrentRow()].name, picked) << "a chosen entry stays current";
+}
+
 } // namespace
