@@ -225,7 +225,7 @@ void deliverKeyEvent(Event const& event) {
   if (bare == kKeyEscape) {
     for (auto window = windows.rbegin(); window != windows.rend(); ++window)
       if ((*window)->windowKind() == Glob::eWindowKind::kTip && is_good_glob_ptr(*window) && (*window)->react(event))
-        return;
+        break;
     return;
   }
   if (bare != kKeyTab)
