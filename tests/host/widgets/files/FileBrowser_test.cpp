@@ -291,12 +291,19 @@ TEST_F(FileBrowserTest, ALinkLoopIsNeverFollowed) {
   EXPECT_EQ(browser->getFolder().toUTF8().str(), std::filesystem::canonical(tree.path()).string());
 }
 
-TEST_F(FileBrowserTest, ALargeFolderShowsItsFirstSliceBeforeItIsFullyRead) {
-  std::filesystem::create_directory(tree / "many");
-  for (std::size_t i = 0; i < FileBrowserBase::kFirstSlice * 3; ++i)
-    tree.write("many/clip" + std::to_string(i));
-  open();
-  browser->setFolder(tree.wide("many"));
+// A browser opened on a folder of three first slices' worth of clips.
+struct LargeFolderTest : FileBrowserTest {
+  void openManyClips() {
+    std::filesystem::create_directory(tree / "many");
+    for (std::size_t i = 0; i < FileBrowserBase::kFirstSlice * 3; ++i)
+      tree.write("many/clip" + std::to_string(i));
+    open();
+    browser->setFolder(tree.wide("many"));
+  }
+};
+
+TEST_F(LargeFolderTest, ItShowsItsFirstSliceBeforeItIsFullyRead) {
+  openManyClips();
   EXPECT_FALSE(browser->isReadComplete());
   EXPECT_EQ(browser->entries().size(), FileBrowserBase::kFirstSlice);
   ASSERT_TRUE(waitFor([&] { return browser->isReadComplete(); }));
@@ -305,12 +312,8 @@ TEST_F(FileBrowserTest, ALargeFolderShowsItsFirstSliceBeforeItIsFullyRead) {
   EXPECT_EQ(browser->entries()[10].name, "clip10");
 }
 
-TEST_F(FileBrowserTest, TheFirstRowStaysCurrentAsALargeFoldersSlicesComeInUnlessAnotherWasChosen) {
-  std::filesystem::create_directory(tree / "many");
-  for (std::size_t i = 0; i < FileBrowserBase::kFirstSlice * 3; ++i)
-    tree.write("many/clip" + std::to_string(i));
-  open();
-  browser->setFolder(tree.wide("many"));
+TEST_F(LargeFolderTest, TheFirstRowStaysCurrentAsItsSlicesComeInUnlessAnotherWasChosen) {
+  openManyClips();
   ASSERT_TRUE(waitFor([&] { return browser->isReadComplete(); }));
   EXPECT_EQ(browser->getCurrentRow(), 0);
   EXPECT_EQ(browser->entries()[0].name, "clip0") << "the first of the whole folder, not of its first slice";
