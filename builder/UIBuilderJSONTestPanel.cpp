@@ -5,6 +5,7 @@
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
 #include <zowidgets/host/widgets/text/MultiLineTextBox.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
@@ -63,6 +64,13 @@ StandardPanel* UIBuilderJSONTestPanel::getBuiltPanel() const {
   return static_cast<StandardPanel*>(builtPanel_);
 }
 
+void UIBuilderJSONTestPanel::showStatus(LightweightString<wchar_t> const& text) {
+  status_->setString(UIString(text));
+  // A parser's message can run past the line beside the button: the
+  // tooltip holds it whole.
+  status_->setContextString(TooltipDetails(UIString(text)));
+}
+
 void UIBuilderJSONTestPanel::build() {
   LightweightString<wchar_t> const text = description_->getString();
   JSON::ParseError error;
@@ -70,8 +78,7 @@ void UIBuilderJSONTestPanel::build() {
   if (!root) {
     // Where the parser stopped, in words and with the caret, so the user can
     // mend it there.
-    status_->setString(
-        UIString(LightweightString<wchar_t>(L"The description is not valid JSON: ") + toWide(error.describe())));
+    showStatus(LightweightString<wchar_t>(L"The description is not valid JSON: ") + toWide(error.describe()));
     description_->placeCaret(error.offsetIn(text.view()));
     set_kbd_focus(description_);
     return;
@@ -95,5 +102,5 @@ void UIBuilderJSONTestPanel::build() {
   GlobManager::realize(panel);
   builtPanel_ = panel;
   builtStamp_ = panel->handlerStamp();
-  status_->setString(UIString(toWide(std::to_string(entries) + (entries == 1 ? " row" : " rows") + " built.")));
+  showStatus(toWide(std::to_string(entries) + (entries == 1 ? " row" : " rows") + " built."));
 }

@@ -29,6 +29,9 @@ public:
   void build();
 
 private:
+  // The line under the description, and its tooltip.
+  void showStatus(LightweightString<wchar_t> const& text);
+
   MultiLineTextBox* description_ = nullptr;
   PushButton* build_ = nullptr;
   TextLabel* status_ = nullptr;

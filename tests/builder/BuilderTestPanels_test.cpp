@@ -82,6 +82,8 @@ TEST_F(BuilderTestPanels, ABrokenDescriptionPutsTheCaretWhereTheParserStopped) {
   pump();
   EXPECT_EQ(panel->getStatus()->getString().getString(),
             L"The description is not valid JSON: line 3, column 3: Missing a comma or ']' after an array element.");
+  EXPECT_EQ(panel->getStatus()->getTooltip().getString(), panel->getStatus()->getString().getString())
+      << "the whole message, which the line beside the button may cut";
   // Line 3, column 3: after the first line (11 characters with its break),
   // the second (19) and two spaces.
   EXPECT_EQ(box->editor().caret(), 11u + 19u + 2u);
