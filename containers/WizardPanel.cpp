@@ -213,11 +213,3 @@ void WizardPanel::handleUIChange(unsigned flags) {
   showTitle(kRedrawNow);
   initButtons();
 }
-
-int WizardPanel::handleKeyboardEvent(int key) {
-  if ((key & ~kKeyModifierMask) == kKeyEscape && !parent() && (getStandardWidgets() & kPoot)) {
-    handlePoot();
-    return 1;
-  }
-  return StandardPanel::handleKeyboardEvent(key);
-}

@@ -72,9 +72,9 @@ public:
   PushButton* getNextButton() const noexcept { return next_; }
   PushButton* getBackButton() const noexcept { return back_; }
 
-  // Escape closes a wizard shown as a window, as its close box does: it is a
-  // dialogue the user may leave at any stage.
-  int handleKeyboardEvent(int key) override;
+  // A wizard with a close box is a dialogue the user may leave at any
+  // stage: Escape closes it.
+  bool closesOnEscape() const override { return (getStandardWidgets() & kPoot) != 0; }
 
   // The footer with the buttons lies under the user area.
   Zo::Box<int> getUserArea() const override;

@@ -106,11 +106,3 @@ void MultiLineTextBoxPanel::enterText() {
   broadcast(MultiLineTextBoxPanelEvent{textBox_->getString()});
   GlobManager::requestDeletion(this);
 }
-
-int MultiLineTextBoxPanel::handleKeyboardEvent(int key) {
-  if ((key & ~kKeyModifierMask) == kKeyEscape && !parent()) {
-    handlePoot();
-    return 1;
-  }
-  return StandardPanel::handleKeyboardEvent(key);
-}

@@ -45,9 +45,8 @@ public:
   MultiLineTextBox* getTextBox() const noexcept { return textBox_; }
   DropDownButton2<EmojiPanel>* getEmojiButton() const noexcept { return emojiButton_; }
 
-  // Escape closes a panel shown as a window, dropping the text, as its close
-  // box does.
-  int handleKeyboardEvent(int key) override;
+  // Escape closes the panel, dropping the text, as its close box does.
+  bool closesOnEscape() const override { return true; }
 
 protected:
   void handleDoIt() override;

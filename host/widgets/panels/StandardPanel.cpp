@@ -263,11 +263,14 @@ int StandardPanel::handleDataMessageEvent(LightweightString<char> const& message
   return handleMessageEvent(message, sender);
 }
 
+bool StandardPanel::closesOnEscape() const {
+  // A dialogue, as its close button does, and so a modal window that holds
+  // up the others (a confirmation).
+  return windowKind() == eWindowKind::kDialogue || GlobManager::currentModal() == this;
+}
+
 int StandardPanel::handleKeyboardEvent(int key) {
-  // Escape closes a dialogue shown as a window, as its close button does,
-  // and so a modal window that holds up the others (a confirmation).
-  if ((key & ~kKeyModifierMask) == kKeyEscape && !parent() &&
-      (windowKind() == eWindowKind::kDialogue || GlobManager::currentModal() == this)) {
+  if ((key & ~kKeyModifierMask) == kKeyEscape && !parent() && closesOnEscape()) {
     handlePoot();
     return 1;
   }

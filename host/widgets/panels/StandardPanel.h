@@ -92,6 +92,9 @@ public:
   virtual int handleDataMessageEvent(LightweightString<char> const& message, Glob* sender,
                                      Zo::Ptr<iObject> const& data);
   virtual int handleKeyboardEvent(int key);
+  // Whether Escape closes this panel when it is a window of its own, as its
+  // close box does: dialogues and modal windows do.
+  virtual bool closesOnEscape() const;
   virtual int handleKeyReleaseEvent(int key);
   virtual int handleMouseEvent(Event const& event);
   virtual void handleTimerEvent() {}

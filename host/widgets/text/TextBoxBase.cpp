@@ -1,5 +1,7 @@
 #include <zowidgets/host/widgets/text/TextBoxBase.h>
 
+#include <zowidgets/host/widgets/buttons/detail/FocusRing.h>
+
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/TextLayout.h>
@@ -422,8 +424,9 @@ void TextBoxBase::draw(CanvasRenderer& renderer) {
   if (!eyeBox().empty())
     drawEye(renderer, palette);
   if (focused && eyeFocused_ && !eyeBox().empty())
-    renderer.renderPrimitive(Glib::RoundedRectDescription(Glib::toDoubleBox(eyeBox()), UifStd::getIndentWidth() / 2.0,
-                                                          Colour::invalid(), palette.selection(), 2.0 * lineWidth()));
+    renderer.renderPrimitive(
+        Glib::RoundedRectDescription(Glib::toDoubleBox(eyeBox()), UifStd::getIndentWidth() / 2.0, Colour::invalid(),
+                                     FocusRing::colourOver(palette, palette.window()), FocusRing::width()));
 }
 
 void TextBoxBase::drawEye(CanvasRenderer& renderer, Palette const& palette) const {
