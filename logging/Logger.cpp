@@ -13,6 +13,7 @@
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/SystemWatchdog.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/Message.h>
 #include <zowidgets/host/widgets/values/ScrollBar.h>
 #include <zowidgets/host/widgets/values/SharkGauge.h>
 #include <zowidgets/logging/LogFiles.h>
@@ -20,10 +21,13 @@
 #include <zowidgets/logging/LogLinkMenu.h>
 #include <zowidgets/logging/LogSaveChooser.h>
 #include <zowidgets/logging/LogTimes.h>
+#include <zowidgets/logging/OutfileReporter.h>
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <mutex>
 #include <unordered_map>
 
@@ -554,7 +558,12 @@ LightweightString<wchar_t> Logger::saveToFile(LightweightString<wchar_t> const& 
                                               LightweightString<wchar_t> const& name) {
   takeNewLines();
   LightweightString<wchar_t> const path = LogFiles::textPath(folder, name);
-  bool const saved = LogFiles::saveText(rowTexts(), path);
+  if (!LogFiles::saveText(rowTexts(), path)) {
+    int const error = errno;
+    makeMessage(UIString(L"Could not save " + path + L": " +
+                         LightweightString<wchar_t>::fromUTF8(std::strerror(error)) + L"."));
+    return {};
+  }
   // The confirmation holds the path as a link, so the user can open it.
   Zo::Ptr<iTaskLog> note(new TaskLog);
   note->write(path, kOutputHyperLink);
@@ -579,7 +588,16 @@ LightweightString<wchar_t> Logger::saveToFile(LightweightString<wchar_t> const& 
   auto* confirmation = new Logger(args);
   GlobManager::realize(confirmation);
   GlobManager::addModalGlob(confirmation);
-  return saved ? path : LightweightString<wchar_t>();
+  return path;
+}
+
+void Logger::saveUnlessInTheWay(LightweightString<wchar_t> const& folder, LightweightString<wchar_t> const& name) {
+  LightweightString<wchar_t> const path = LogFiles::textPath(folder, name);
+  outfile_reporter const report(path, false, this, kReplaceSavedLogMsg);
+  if (report.getCode() == kOutfileUsable)
+    saveToFile(folder, name);
+  else if (report.getCode() == kOutfileExists)
+    pendingSave_ = {folder, name};
 }
 
 void Logger::requestSaveToFile() {
@@ -588,7 +606,7 @@ void Logger::requestSaveToFile() {
       this, UIString(resourceStrW(kSaveLogTitle)), title_,
       [this, stamp](LightweightString<wchar_t> const& folder, LightweightString<wchar_t> const& name) {
         if (EventHandler::valid(this, stamp) && !folder.empty())
-          saveToFile(folder, name);
+          saveUnlessInTheWay(folder, name);
       });
 }
 
@@ -597,6 +615,12 @@ int Logger::handleMessageEvent(LightweightString<char> const& message, Glob* sen
     std::size_t const equals = message.find('=');
     if (equals != LightweightString<char>::npos)
       visitLink(HyperLink::fromString(LightweightString<wchar_t>::fromUTF8(message.view().substr(equals + 1))));
+    return 1;
+  }
+  if (message == kReplaceSavedLogMsg) {
+    if (!pendingSave_.first.empty())
+      saveToFile(pendingSave_.first, pendingSave_.second);
+    pendingSave_ = {};
     return 1;
   }
   return StandardPanel::handleMessageEvent(message, sender);

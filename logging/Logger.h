@@ -125,11 +125,16 @@ public:
   std::vector<LightweightString<wchar_t>> rowTexts() const;
   // Saves the rows as text at `path` (a trailing ".txt" in any case
   // becomes one ".txt") and confirms with a small logger holding a link to
-  // the file. The path written, or empty when it failed.
+  // the file. The path written, or empty when it failed, which a message
+  // tells the user, with the reason.
   LightweightString<wchar_t> saveToFile(LightweightString<wchar_t> const& folder,
                                         LightweightString<wchar_t> const& name);
-  // Asks where to save (LogSaveChooser), then saves.
+  // Asks where to save (LogSaveChooser), then saves; a file already there
+  // is replaced only once the user agrees, and a place that cannot be
+  // written is reported in words instead.
   void requestSaveToFile();
+  // Sent by the replace question's Yes.
+  static constexpr char const* kReplaceSavedLogMsg = "logger_replace_saved";
 
   // A row as paragraphs, wrapped and drawn one line per row height: its own
   // HTML, or its text as plain words.
@@ -179,6 +184,7 @@ private:
   void showNewRows();
   void layOut();
   void autoSave();
+  void saveUnlessInTheWay(LightweightString<wchar_t> const& folder, LightweightString<wchar_t> const& name);
 
   Zo::Ptr<iTaskLog> log_;
   std::vector<LoggedItem> items_;
@@ -200,6 +206,8 @@ private:
   unsigned flags_ = 0;
   int wrapWidth_ = 0;
   XY<int> pressPoint_;
+  // The save that waits for the user's answer on replacing its file.
+  std::pair<LightweightString<wchar_t>, LightweightString<wchar_t>> pendingSave_;
   Glib::FontDesc font_;
   mutable std::vector<std::pair<Glib::FontDesc, std::unordered_map<wchar_t, double>>> advances_;
 };

@@ -7,7 +7,9 @@
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/files/FileChooserWindow.h>
+#include <zowidgets/host/widgets/panels/Message.h>
 #include <zowidgets/logging/LogFiles.h>
+#include <zowidgets/logging/OutfileReporter.h>
 #include <zowidgets/logging/SavableLogger.h>
 
 #include <sys/resource.h>
@@ -15,6 +17,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <functional>
 #include <random>
 #include <regex>
 
@@ -204,9 +207,9 @@ TEST_F(LogFilesTest, AChosenFolderIsWhereTheHTMLGoesAndACancelledChoiceSavesNoth
   EXPECT_TRUE(std::filesystem::exists(folder / "chosen" / "TaskLog.html"));
 }
 
-template <class Window> Window* openWindow() {
+template <class Window> Window* openWindow(std::function<bool(Window*)> const& wanted = {}) {
   for (Glob* window : GlobManager::topLevelWindows())
-    if (auto* found = dynamic_cast<Window*>(window))
+    if (auto* found = dynamic_cast<Window*>(window); found && (!wanted || wanted(found)))
       return found;
   return nullptr;
 }
@@ -231,6 +234,63 @@ TEST_F(LogFilesTest, ByDefaultATextSaveAsksForANameInTheSaveDialogue) {
   EXPECT_EQ(openWindow<SaveFileDialogue>(), nullptr);
   std::string const saved = readFile(folder / "Render log.txt");
   EXPECT_EQ(saved.substr(0, saved.find('\n')), "Render started");
+}
+
+TEST_F(LogFilesTest, ATextSaveOverAnExistingFileAsksFirstAndNoKeepsTheFile) {
+  outfile_reporter::overwrite = nullptr;
+  std::ofstream(folder / "Render log.txt") << "an earlier render\n";
+  Logger* logger = openLogger();
+  logger->getLog()->write(L"Render started", LoggerBase::kOutputPlain);
+  pump();
+  std::size_t const windowsBefore = GlobManager::topLevelWindows().size();
+  logger->requestSaveToFile();
+  pump();
+  ASSERT_TRUE(is_good_glob_ptr(outfile_reporter::overwrite, "warn")) << "asked before replacing";
+  auto* question = static_cast<Warn*>(outfile_reporter::overwrite);
+  EXPECT_EQ(question->getText().str(),
+            LightweightString<wchar_t>::fromUTF8((folder / "Render log.txt").string()).str() +
+                L" already exists. Do you want to replace it?");
+  EXPECT_EQ(readFile(folder / "Render log.txt"), "an earlier render\n") << "nothing written before the answer";
+  HeadlessInput::clickOn(*question->getButton(1));
+  pump();
+  EXPECT_EQ(readFile(folder / "Render log.txt"), "an earlier render\n") << "No keeps the file";
+  EXPECT_EQ(GlobManager::topLevelWindows().size(), windowsBefore) << "and confirms nothing";
+}
+
+TEST_F(LogFilesTest, ATextSaveOverAnExistingFileReplacesItWhenTheUserAgrees) {
+  outfile_reporter::overwrite = nullptr;
+  std::ofstream(folder / "Render log.txt") << "an earlier render\n";
+  Logger* logger = openLogger();
+  logger->getLog()->write(L"Render started", LoggerBase::kOutputPlain);
+  pump();
+  logger->requestSaveToFile();
+  pump();
+  ASSERT_TRUE(is_good_glob_ptr(outfile_reporter::overwrite, "warn"));
+  HeadlessInput::clickOn(*static_cast<Warn*>(outfile_reporter::overwrite)->getButton(0));
+  pump();
+  std::string const saved = readFile(folder / "Render log.txt");
+  EXPECT_EQ(saved.substr(0, saved.find('\n')), "Render started");
+  EXPECT_NE(openWindow<Logger>([logger](Logger* other) { return other != logger; }), nullptr)
+      << "the save is confirmed";
+}
+
+TEST_F(LogFilesTest, ATextSaveThatCannotBeWrittenSaysWhyAndConfirmsNothing) {
+  Logger* logger = openLogger();
+  logger->getLog()->write(L"Render started", LoggerBase::kOutputPlain);
+  pump();
+  // A folder standing where the file would go: the write itself fails.
+  std::filesystem::create_directories(folder / "render.txt");
+  LightweightString<wchar_t> const path =
+      logger->saveToFile(LightweightString<wchar_t>::fromUTF8(folder.string()), L"render");
+  pump();
+  EXPECT_TRUE(path.empty());
+  EXPECT_EQ(openWindow<Logger>([logger](Logger* other) { return other != logger; }), nullptr)
+      << "no \"File saved\" for a file that was not";
+  Warn* message = openWindow<Warn>();
+  ASSERT_NE(message, nullptr);
+  EXPECT_EQ(message->getText().str(), L"Could not save " +
+                                          LightweightString<wchar_t>::fromUTF8((folder / "render.txt").string()).str() +
+                                          L": Is a directory.");
 }
 
 TEST_F(LogFilesTest, ByDefaultTheHTMLFolderIsChosenInTheFileBrowserAndClosingItCancels) {
