@@ -392,6 +392,14 @@ void StandardPanel::updateMenuIfNecessary() {
 MessageBase::MessageBase(InitArgs const& args) : StandardPanel(args) {
   if (!args.palette)
     setPalette(palette());
+  if (Glob const* focus = get_kbd_focus())
+    if (Glob const* window = focus->getRootParent(); window && window != this)
+      speaksFor_ = window->windowTitle();
+}
+
+LightweightString<wchar_t> MessageBase::windowTitle() const {
+  LightweightString<wchar_t> own = StandardPanel::windowTitle();
+  return own.empty() ? speaksFor_ : own;
 }
 
 Palette MessageBase::palette() { return makePopupPalette(UifStd::getColourScheme()); }

@@ -155,6 +155,12 @@ public:
   char const* idstring() const override { return "MessageBase"; }
   // The palette message windows use.
   static Palette palette();
+  // Untitled, it is named on the desktop after the window it speaks for:
+  // the one that had the keyboard when it opened.
+  LightweightString<wchar_t> windowTitle() const override;
+
+private:
+  LightweightString<wchar_t> speaksFor_;
 };
 
 // A plain panel that only hosts children.

@@ -46,6 +46,22 @@ TEST_F(MessageTest, AnalyseWrapsAtTheWidthAndKeepsLineBreaks) {
   EXPECT_EQ(Message::analyse(UIString(LightweightString<wchar_t>(words))).size.x <= MessageText::standardWidth(), true);
 }
 
+TEST_F(MessageTest, AnUntitledMessageIsNamedOnTheDesktopAfterTheWindowThatHadTheKeyboard) {
+  StandardPanel::InitArgs args(XY<int>(240, 120));
+  args.title = UIString(L"Render log");
+  args.screenPosition = XY<int>(40, 40);
+  auto* window = new MessageLog(args);
+  auto* button =
+      window->createWidget<PushButton>(PushButton::InitArgs(L"Save", XY<int>(80, 24)), Glob::UserTopLeft(0, 0));
+  GlobManager::realize(window);
+  ASSERT_TRUE(set_kbd_focus(button));
+  Warn* untitled = makeMessage(UIString(L"Could not save the log."));
+  ASSERT_NE(untitled->canvas(), nullptr);
+  EXPECT_EQ(untitled->canvas()->title().str(), L"Render log");
+  Warn* titled = makeMessage(UIString(L"Saved."), UIString(L"Export"));
+  EXPECT_EQ(titled->canvas()->title().str(), L"Export") << "a title of its own wins";
+}
+
 TEST_F(MessageTest, AMessageIsSizedToItsTextAndShowsAllOfIt) {
   Warn* small = makeMessage(UIString(L"Saved."), UIString(L"Export"));
   std::wstring longer;
