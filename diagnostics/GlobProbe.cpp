@@ -12,13 +12,14 @@
 
 namespace {
 
-constexpr unsigned kStandardWidgets = StandardPanel::kTitle;
+constexpr unsigned kStandardWidgets = StandardPanel::kTitle | StandardPanel::kPoot;
 
 Border inspectorBorder() { return Border::forStyle(Border::kMenuBorder); }
 
 int titleWidth() {
   Glib::TextDescription const title(GlobInspector::kTitleText, XY<double>(0, 0), UifStd::getTitleFont(), Colour());
-  return static_cast<int>(std::ceil(title.calcBounds().width())) + 2 * UifStd::getWidgetGap();
+  // The close box stands at the bar's right end, beside the text.
+  return static_cast<int>(std::ceil(title.calcBounds().width())) + 3 * UifStd::getWidgetGap() + UifStd::getRowHeight();
 }
 
 } // namespace

@@ -17,6 +17,7 @@
 // The target is held by its stamp, not owned: the inspector checks it each
 // time it draws and at each timer tick, and when it has gone the inspector
 // empties itself and shrinks to its title; nothing freed is ever touched.
+// Its close box or Escape closes it.
 class ZO_API GlobInspector : public MessageBase {
 public:
   class InfoWidget;
@@ -55,6 +56,8 @@ public:
   int handleMouseEvent(Event const& event) override;
   int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override;
   void handleTimerEvent() override;
+  // A tool the user closes when done: its close box, or Escape.
+  bool closesOnEscape() const override { return true; }
 
 protected:
   void draw(CanvasRenderer& renderer) override;

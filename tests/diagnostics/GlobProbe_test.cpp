@@ -21,6 +21,22 @@ TEST_F(InspectorTest, OpensUnderThePointerShowingOnlyItsTitle) {
   EXPECT_EQ(GlobManager::topLevelWindows().back(), inspector) << "in front";
 }
 
+TEST_F(InspectorTest, ItsCloseBoxOrEscapeClosesIt) {
+  GlobInspector* inspector = openInspectorAt(XY<int>(500, 400));
+  Zo::Box<int> const box = inspector->getStandardWidgetBox(StandardPanel::kPoot);
+  ASSERT_FALSE(box.empty()) << "a close box in its title bar";
+  Glib::TextDescription const title(GlobInspector::kTitleText, XY<double>(0, 0), UifStd::getTitleFont(), Colour());
+  EXPECT_GE(box.x0 - inspector->getTitleArea().x0, title.calcBounds().width()) << "beside its title, not over it";
+  HeadlessInput::click(inspector->screenPosition() + XY<int>((box.x0 + box.x1) / 2, (box.y0 + box.y1) / 2));
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(inspector, "GlobInspector"));
+
+  GlobInspector* again = openInspectorAt(XY<int>(500, 400));
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(again, "GlobInspector")) << "nothing else has the keys: Escape closes it";
+}
+
 TEST_F(InspectorTest, TheCommandsOpenTheInspectorAndTheTree) {
   ASSERT_TRUE(CommandMap::findCommand("Glob Inspector"));
   ASSERT_TRUE(CommandMap::findCommand("Glob Inspector 2"));
