@@ -3,12 +3,15 @@
 #include "PageLayout.h"
 
 #include <zowidgets/host/shell/FolderEntries.h>
+#include <zowidgets/host/toolkit/GlobHandle.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <algorithm>
 #include <cwchar>
+#include <functional>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -23,6 +26,26 @@ std::wstring timecode(int frames) {
   std::swprintf(text, 16, L"%02d:%02d:%02d:%02d", seconds / 3600 % 24, seconds / 60 % 60, seconds % 60,
                 frames % kFramesPerSecond);
   return text;
+}
+
+// `text` as a timecode "hh:mm:ss:ff" in this list's frame rate, or empty
+// when it is not one. Record times run past a day, so their hours may take
+// three digits; a source's wrap at 24.
+std::wstring readTimecode(std::wstring const& text, bool hoursPastADay) {
+  static std::wregex const source(L"([0-9]{2}):([0-9]{2}):([0-9]{2}):([0-9]{2})");
+  static std::wregex const record(L"([0-9]{2,3}):([0-9]{2}):([0-9]{2}):([0-9]{2})");
+  std::wsmatch parts;
+  if (!std::regex_match(text, parts, hoursPastADay ? record : source))
+    return {};
+  int const hours = std::stoi(parts[1].str());
+  int const minutes = std::stoi(parts[2].str());
+  int const seconds = std::stoi(parts[3].str());
+  int const frames = std::stoi(parts[4].str());
+  if (minutes > 59 || seconds > 59 || frames >= kFramesPerSecond || (!hoursPastADay && hours > 23))
+    return {};
+  wchar_t normal[16];
+  std::swprintf(normal, 16, L"%02d:%02d:%02d:%02d", hours, minutes, seconds, frames);
+  return normal;
 }
 
 // Events of an edit list. Every fiftieth is a scene marker, a taller row
@@ -45,9 +68,9 @@ public:
         event.cells[2] = L"Reel " + std::to_wstring(i % 12 + 1);
         int const sourceIn = kHourOne + (i % 97) * 10 * kFramesPerSecond + (i % 5) * 13;
         int const length = 2 * kFramesPerSecond + (i * 17) % 200;
-        event.cells[3] = timecode(sourceIn);
-        event.cells[4] = timecode(sourceIn + length);
-        event.cells[5] = timecode(record);
+        event.cells[kSourceIn] = timecode(sourceIn);
+        event.cells[kSourceIn + 1] = timecode(sourceIn + length);
+        event.cells[kRecordIn] = timecode(record);
         record += length;
         event.cells[kNotes] =
             i % 7 == 0 ? L"See <a href=\"notes/" + std::to_wstring(i + 1) + L".html\">notes</a>" : L"";
@@ -98,9 +121,21 @@ public:
       events_.at(row).tagged = tagged;
   }
   bool storeFieldText(CellContext& context, LightweightString<wchar_t> const& text) override {
-    events_.at(context.pos.y).cells[context.pos.x] = text.str();
+    std::wstring kept = text.str();
+    if (context.pos.x >= kSourceIn && context.pos.x <= kRecordIn) {
+      kept = readTimecode(kept, context.pos.x == kRecordIn);
+      if (kept.empty()) {
+        if (refused)
+          refused(L"\u201c" + text.str() + L"\u201d is not a timecode: hh:mm:ss:ff, frames 00 to " +
+                  std::to_wstring(kFramesPerSecond - 1));
+        return false;
+      }
+    }
+    events_.at(context.pos.y).cells[context.pos.x] = kept;
     return true;
   }
+  // Told why an edit was not kept; the page sets it to its status line.
+  std::function<void(std::wstring const&)> refused;
   bool sort(int column, bool ascending) override {
     if (column == 0) {
       std::stable_sort(events_.begin(), events_.end(),
@@ -125,6 +160,8 @@ public:
 
 private:
   static constexpr int kEvents = 100'000;
+  static constexpr int kSourceIn = 3;
+  static constexpr int kRecordIn = 5;
   static constexpr int kNotes = 6;
   static constexpr int kHourOne = 3600 * kFramesPerSecond;
   struct Event {
@@ -170,6 +207,10 @@ Glob* buildTablePage(PageContext const& context) {
     }
     label->setString(UIString(LightweightString<wchar_t>(text.c_str())));
   }));
+  editList.refused = [label = GlobHandle(label)](std::wstring const& why) {
+    if (Glob* live = label.get())
+      static_cast<TextLabel*>(live)->setString(UIString(LightweightString<wchar_t>(why.c_str())));
+  };
   table->setCurPos(XY<int>(1, 3), TableWidget::kShowCell | TableWidget::kQuiet);
   table->claimKbdFocus();
   return panel;

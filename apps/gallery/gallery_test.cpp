@@ -214,6 +214,42 @@ TEST_F(GalleryTest, TheImagesPagesRegionIsInThePicturesPixelsAtAnyScale) {
   EXPECT_EQ(regionText(), small);
 }
 
+TEST_F(GalleryTest, TheEditListKeepsOnlyTimecodesInItsTimecodeColumnsAndSaysWhy) {
+  Glob& page = openedPage("table");
+  std::vector<TableWidget*> const tables = widgetsIn<TableWidget>(page);
+  ASSERT_EQ(tables.size(), 1u);
+  TableWidget& table = *tables[0];
+  std::vector<TextLabel*> const labels = widgetsIn<TextLabel>(page);
+  ASSERT_EQ(labels.size(), 1u);
+  iTableAdaptor& events = *table.getAdaptor();
+  Palette const palette;
+  XY<int> const sourceIn(3, 1);
+  auto cell = [&] { return events.getCellData(sourceIn, palette).text.getString().str(); };
+  std::wstring const before = cell();
+  ASSERT_EQ(before.size(), 11u);
+  table.setCurPos(sourceIn, TableWidget::kShowCell);
+  HeadlessInput::typeText("later");
+  HeadlessInput::key(kKeyReturn);
+  settleWindows();
+  EXPECT_EQ(cell(), before) << "not a timecode: the cell keeps its own";
+  EXPECT_EQ(labels[0]->getString().getString().str(),
+            L"\u201clater\u201d is not a timecode: hh:mm:ss:ff, frames 00 to 24");
+  HeadlessInput::typeText("10:00:05:25");
+  HeadlessInput::key(kKeyReturn);
+  settleWindows();
+  EXPECT_EQ(cell(), before) << "a 25th frame is past the last of a second";
+  HeadlessInput::typeText("10:00:05:12");
+  HeadlessInput::key(kKeyReturn);
+  settleWindows();
+  EXPECT_EQ(cell(), L"10:00:05:12");
+  EXPECT_EQ(labels[0]->getString().getString().str(), L"Stored row 2");
+  // The edit list outlives the page: put the cell back for other tests.
+  HeadlessInput::typeText(LightweightString<wchar_t>(before.c_str()).toUTF8().str());
+  HeadlessInput::key(kKeyReturn);
+  settleWindows();
+  EXPECT_EQ(cell(), before);
+}
+
 TEST_F(GalleryTest, TheEditListSortsNamesWithNumbersAsPeopleReadThem) {
   std::vector<TableWidget*> const tables = widgetsOfPage<TableWidget>("table");
   ASSERT_EQ(tables.size(), 1u);
