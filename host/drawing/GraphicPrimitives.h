@@ -129,6 +129,9 @@ struct ZO_API TextDescription {
   eTextAlignment alignment = eTextAlignment::Left;
   eTextVerticalAlignment verticalAlignment = eTextVerticalAlignment::Centre;
   bool wordWrap = false;
+  // Text wider than the box, on one line, is cut at its end with an
+  // ellipsis to fit it.
+  bool ellipsis = false;
   double scale = 1.0;
 };
 

@@ -28,6 +28,7 @@ struct RunHash {
     combine(run.font.style());
     combine(std::hash<double>()(run.scale));
     combine(std::hash<double>()(run.wrapWidth));
+    combine(std::hash<double>()(run.ellipsisWidth));
     combine(static_cast<std::size_t>(run.alignment));
     return seed;
   }
@@ -242,7 +243,8 @@ private:
 
   Layout make(TextRun const& run) {
     Layout result;
-    if (run.wrapWidth <= 0.0) {
+    bool const cut = run.wrapWidth <= 0.0 && run.ellipsisWidth > 0.0;
+    if (run.wrapWidth <= 0.0 && !cut) {
       result.line = detail::ShapedLine::shape(context_, primaryFont(run.font, run.scale), run.text);
       if (result.line) {
         PangoRectangle const logical = result.line.logical();
@@ -262,6 +264,9 @@ private:
       pango_layout_set_width(result.layout, static_cast<int>(run.wrapWidth * PANGO_SCALE));
       pango_layout_set_wrap(result.layout, PANGO_WRAP_WORD_CHAR);
       pango_layout_set_alignment(result.layout, toPango(run.alignment));
+    } else if (cut) {
+      pango_layout_set_width(result.layout, static_cast<int>(run.ellipsisWidth * PANGO_SCALE));
+      pango_layout_set_ellipsize(result.layout, PANGO_ELLIPSIZE_END);
     }
     LightweightString<char> const utf8 = run.text.toUTF8();
     pango_layout_set_text(result.layout, utf8.c_str(), static_cast<int>(utf8.size()));
@@ -369,6 +374,10 @@ TextLayout::Placement TextLayout::place(TextDescription const& description) {
     placement.run.alignment = description.alignment;
   }
   placement.metrics = measure(placement.run);
+  if (inBox && description.ellipsis && !description.wordWrap && placement.metrics.width > box.width()) {
+    placement.run.ellipsisWidth = std::max(1.0, box.width());
+    placement.metrics = measure(placement.run);
+  }
   TextMetrics const& metrics = placement.metrics;
   if (!inBox) {
     placement.topLeft = XY<double>(description.position.x, description.position.y + metrics.baseline);

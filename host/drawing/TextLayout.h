@@ -19,6 +19,9 @@ struct ZO_API TextRun {
   // Lines break at words to fit this width in pixels; 0 keeps each paragraph
   // on one line.
   double wrapWidth = 0.0;
+  // A one-line text wider than this is cut at its end with an ellipsis to
+  // fit; 0 never cuts. Ignored when the text wraps.
+  double ellipsisWidth = 0.0;
   // How wrapped lines sit within wrapWidth.
   eTextAlignment alignment = eTextAlignment::Left;
 

@@ -174,8 +174,13 @@ private:
     if (!isActive())
       colour = Palette::inactive(colour, look.page);
     Zo::Box<double> const text(box.x0 + look.padding / 2.0, box.y0 + look.edge, box.x1 - look.padding / 2.0, box.y1);
-    renderer.renderPrimitive(
-        Glib::TextDescription(page.title.getString(), text, UifStd::getFont(), colour, Glib::eTextAlignment::Centre));
+    // A tab squeezed narrower than an ellipsis shows no title: cut to
+    // nothing, a title would still draw its ellipsis over the neighbours.
+    if (text.width() < Glib::TextLayout::measure(L"\u2026", UifStd::getFont()).width)
+      return;
+    Glib::TextDescription title(page.title.getString(), text, UifStd::getFont(), colour, Glib::eTextAlignment::Centre);
+    title.ellipsis = true;
+    renderer.renderPrimitive(title);
   }
 
   TabbedDialogue& owner_;

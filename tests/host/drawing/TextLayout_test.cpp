@@ -211,3 +211,17 @@ TEST(TextDescription, WrapsToItsBox) {
   EXPECT_NEAR(bounds.height(), lineHeight * TextLayout::countLines(text.text, text.font, 90.0), 1.0);
   EXPECT_GT(bounds.height(), 2.5 * lineHeight);
 }
+
+TEST(TextDescription, WithAnEllipsisTextTooWideForItsBoxIsCutToFitIt) {
+  Glib::TextDescription text(L"A title far too long for its tab", Zo::Box<double>(0, 0, 60, 20), dejaVu(13), Colour());
+  double const whole = text.calcBounds().width();
+  ASSERT_GT(whole, 60.0);
+  text.ellipsis = true;
+  TextLayout::Placement const cut = TextLayout::place(text);
+  EXPECT_LE(cut.metrics.width, 60.0);
+  EXPECT_GT(cut.metrics.width, TextLayout::measure(L"\u2026", dejaVu(13)).width)
+      << "the start of the text and an ellipsis";
+  EXPECT_EQ(cut.metrics.lineCount, 1);
+  text.box = Zo::Box<double>(0, 0, 400, 20);
+  EXPECT_EQ(TextLayout::place(text).metrics.width, whole) << "text that fits is not cut";
+}

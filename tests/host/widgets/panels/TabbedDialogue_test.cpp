@@ -245,4 +245,26 @@ TEST_F(TabbedDialogueTest, TabsTooWideForTheRowShareItEvenly) {
   EXPECT_EQ(tabs->getTabBox(0).width(), last.width());
 }
 
+TEST_F(TabbedDialogueTest, TitlesOfTabsSqueezedNarrowStayWithinTheirTabs) {
+  // Two dialogues alike but for their titles, too narrow for any title.
+  auto squeezed = [this](wchar_t const* title, XY<int> where) {
+    StandardPanel* owner = openPanel(XY<int>(36, 120), where);
+    TabbedDialogue* dialogue = makeDialogue(*owner);
+    for (int tab = 0; tab < 6; ++tab)
+      dialogue->addTab(TabbedDialogue::Page(title));
+    return dialogue;
+  };
+  TabbedDialogue* titled = squeezed(L"Effects and transitions", XY<int>(20, 500));
+  TabbedDialogue* blank = squeezed(L"", XY<int>(300, 500));
+  pump();
+  Glob const& row = *titled->getTabRow();
+  ASSERT_LT(titled->getTabBox(0).width(), 4) << "narrower than a title's padding";
+  int differing = 0;
+  for (int y = 0; y < row.height(); ++y)
+    for (int x = 0; x < row.width(); ++x)
+      if (widgetPixel(row, XY<int>(x, y)) != widgetPixel(*blank->getTabRow(), XY<int>(x, y)))
+        ++differing;
+  EXPECT_EQ(differing, 0) << "too narrow for a title, a tab shows none, and none spills over its neighbours";
+}
+
 } // namespace
