@@ -3,6 +3,7 @@
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/detail/FocusRing.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -80,6 +81,18 @@ void ScrollListGridViewBase::ItemWidgetBase::drawBackground(CanvasRenderer& rend
   renderer.renderPrimitive(Glib::RectDescription(Zo::Box<int>(0, 0, width(), height()), ground));
 }
 
+void ScrollListGridViewBase::ItemWidgetBase::draw(CanvasRenderer& renderer) {
+  StandardPanel::draw(renderer);
+  if (!grid_ || grid_->keyboardItem() != index_ || !grid_->hasKbdFocus())
+    return;
+  Palette const& palette = getPalette();
+  double const ring = FocusRing::width();
+  Zo::Box<double> const edge(ring / 2, ring / 2, width() - ring / 2, height() - ring / 2);
+  renderer.renderPrimitive(Glib::RoundedRectDescription(
+      edge, ring, Colour::invalid(), FocusRing::colourOver(palette, selected_ ? palette.selection() : palette.window()),
+      ring));
+}
+
 ScrollListGridViewBase::ScrollListGridViewBase(InitArgs const& args) : VerticalScrollingBase(args) { setCanBeIt(true); }
 
 Glob* ScrollListGridViewBase::addSeparator(UIString const& title) {
@@ -125,6 +138,8 @@ int ScrollListGridViewBase::itemsPerRow(int itemWidth) const {
 void ScrollListGridViewBase::setSelectedItem(int index) {
   if (index < -1 || index >= getItemCount())
     return;
+  // Each change is painted as it is invalidated: the state changes first.
+  int const keyedBefore = keyboardItem();
   if (ItemWidgetBase* old = getItem(selected_)) {
     old->selected_ = false;
     old->invalidate();
@@ -135,6 +150,11 @@ void ScrollListGridViewBase::setSelectedItem(int index) {
     item->invalidate();
     revealWidget(rows_[itemRows_[index]]);
   }
+  // The focus ring may move with the selection, to the first item or from it.
+  if (keyedBefore != keyboardItem())
+    for (int keyed : {keyedBefore, keyboardItem()})
+      if (ItemWidgetBase* item = getItem(keyed))
+        item->invalidate();
 }
 
 void ScrollListGridViewBase::handleItemPress(ItemWidgetBase* item) {
@@ -207,6 +227,12 @@ int ScrollListGridViewBase::handleKeyboardEvent(int key) {
   default:
     return VerticalScrollingBase::handleKeyboardEvent(key);
   }
+}
+
+void ScrollListGridViewBase::handleKbdFocus(bool gained) {
+  VerticalScrollingBase::handleKbdFocus(gained);
+  if (ItemWidgetBase* item = getItem(keyboardItem()))
+    item->invalidate();
 }
 
 void ScrollListGridViewBase::forgetGridContents() {

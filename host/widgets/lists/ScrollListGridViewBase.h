@@ -37,6 +37,9 @@ public:
 
   protected:
     void drawBackground(CanvasRenderer& renderer) override;
+    // Over the content: the focus ring, on the item the keys act on while
+    // the grid has them.
+    void draw(CanvasRenderer& renderer) override;
 
   private:
     friend class ScrollListGridViewBase;
@@ -58,6 +61,10 @@ public:
   void addItemWidget(ItemWidgetBase* item);
 
   int getSelectedItem() const noexcept { return selected_; }
+  // The item the keys act on: the selected one, or the first when none is
+  // (an arrow key starts there); -1 in an empty grid. It wears the focus
+  // ring while the grid has the keyboard.
+  int keyboardItem() const noexcept { return selected_ >= 0 ? selected_ : (items_.empty() ? -1 : 0); }
   // Selects one item (-1 clears) and scrolls its row into sight.
   void setSelectedItem(int index);
   void clearSelection() { setSelectedItem(-1); }
@@ -72,6 +79,7 @@ public:
   void handleItemPress(ItemWidgetBase* item);
 
   int handleKeyboardEvent(int key) override;
+  void handleKbdFocus(bool gained) override;
 
   // What the grid says while it holds no items (a search that found
   // nothing, say); empty, the default, says nothing.

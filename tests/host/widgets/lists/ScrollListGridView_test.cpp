@@ -143,6 +143,34 @@ TEST_F(GridTest, TheItemUnderThePointerIsHighlighted) {
   EXPECT_FALSE(item->isMouseInside());
 }
 
+TEST_F(GridTest, WithTheKeyboardTheItemTheKeysActOnWearsTheFocusRing) {
+  grid->addGroup(6, L"");
+  HeadlessInput::moveTo(XY<int>(0, 0));
+  Item* first = grid->getItem(0);
+  // The right side: inside the grid, away from anything the grid draws
+  // round its own edge.
+  XY<int> const edge(first->width() - 2, first->height() / 2);
+  Colour const plain = first->getPalette().window();
+  pump();
+  EXPECT_TRUE(near(rgbOf(widgetPixel(*first, edge)), rgbOf(plain), 2)) << "no ring without the keyboard";
+  ASSERT_TRUE(grid->claimKbdFocus());
+  pump();
+  EXPECT_EQ(grid->keyboardItem(), 0) << "nothing selected: the keys start at the first";
+  EXPECT_FALSE(near(rgbOf(widgetPixel(*first, edge)), rgbOf(plain), 2)) << "the first item is ringed";
+  HeadlessInput::key(kKeyRight);
+  HeadlessInput::key(kKeyRight);
+  pump();
+  Item* second = grid->getItem(1);
+  EXPECT_EQ(grid->getSelectedItem(), 1);
+  EXPECT_NE(rgbOf(widgetPixel(*second, edge)), rgbOf(second->getPalette().selection()))
+      << "the ring shows on the selection";
+  EXPECT_TRUE(near(rgbOf(widgetPixel(*first, edge)), rgbOf(plain), 2)) << "and leaves the first";
+  grid->relinquishKbdFocus();
+  pump();
+  EXPECT_TRUE(near(rgbOf(widgetPixel(*second, edge)), rgbOf(second->getPalette().selection()), 2))
+      << "the keyboard gone, the ring goes";
+}
+
 TEST_F(GridTest, ClearingEmptiesTheGridForRefilling) {
   grid->addGroup(8, L"First");
   grid->setSelectedItem(2);
