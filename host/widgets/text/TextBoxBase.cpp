@@ -373,7 +373,10 @@ WidgetSurround TextBoxBase::getLightInsetSurround() { return WidgetSurround::all
 void TextBoxBase::drawBackground(CanvasRenderer& renderer) {
   Palette const palette = fieldPalette();
   Colour const around = getPalette().window();
-  Colour const edge = unlessActive(*this, hasKbdFocus() ? palette.selection() : palette.window(-3), around);
+  // Focused, the edge takes the focus ring's colour, which stands out from
+  // the field as the plain selection colour did not.
+  Colour const edge = unlessActive(
+      *this, hasKbdFocus() ? FocusRing::colourOver(palette, palette.window()) : palette.window(-3), around);
   double const radius = UifStd::getIndentWidth();
   renderer.renderPrimitive(Glib::RoundedRectDescription(
       Glib::toDoubleBox(getFieldBox()), radius, unlessActive(*this, palette.window(), around), edge, lineWidth()));
