@@ -24,3 +24,12 @@ void UIBuilder::HostWidgetBase::setVisible(bool visible) {
   // Our own size only: the child keeps its height for the next showing.
   Glob::resize(width(), visible ? delta : 0);
 }
+
+void UIBuilder::HostWidgetBase::handleChildResize(Glob* child) {
+  Glob::handleChildResize(child);
+  if (child != getChild() || !isVisible())
+    return;
+  // Our own size only, so the child is not resized back.
+  if (int const wanted = child->height() + UifStd::getRowGap(); wanted != height())
+    Glob::resize(width(), wanted);
+}

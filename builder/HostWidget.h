@@ -6,7 +6,8 @@
 
 // A row of a built panel: a container around one widget, one row gap taller
 // than it so that rows placed below keep their distance. Hiding it takes its
-// height away, so the rows below move up.
+// height away, so the rows below move up; a widget that changes its own
+// height (a group folding) takes the rows below with it the same way.
 class ZO_API UIBuilder::HostWidgetBase : public Glob {
 public:
   explicit HostWidgetBase(GlobCreationInfo const& info) : Glob(info) {}
@@ -15,6 +16,7 @@ public:
   void setActive(bool active, eRedrawFlag redraw) override;
   void resize(double width, double height) override;
   void setVisible(bool visible) override;
+  void handleChildResize(Glob* child) override;
 
 protected:
   void drawBackground(CanvasRenderer&) override {}

@@ -67,6 +67,29 @@ TEST_F(UIBuilderRows, RowsStackDownThePanelOneRowGapApart) {
   EXPECT_EQ(top(a) - c->getY() - UifStd::getRowGap(), UIBuilder::calcHeight(params, 0));
 }
 
+TEST_F(UIBuilderRows, FoldingAGroupMovesTheRowsBelowItUpAndUnfoldingBackDown) {
+  ParamList children{boolParam("one", true), boolParam("two", true), boolParam("three", true)};
+  ParamList params{Zo::Ptr<iParam>(new GroupParam(L"Group", "g", {}, children)), boolParam("after", true)};
+  Zo::Ptr<UIBuilder::Params> built = UIBuilder::build(params, panel, 0);
+  auto* group = rowWidget<MinimizableGroup>(*built, "g");
+  ASSERT_NE(group, nullptr);
+  Glob* after = built->getWidget("after");
+  Glob* groupRow = built->getWidget("g");
+  int const openTop = top(after);
+  EXPECT_EQ(top(groupRow) - top(after), groupRow->height()) << "open, the row below comes after the group";
+  int const openHeight = group->height();
+  HeadlessInput::clickOn(*group, XY<int>(group->width() / 2, group->height() - 4));
+  pump();
+  ASSERT_TRUE(group->isMinimized());
+  int const folded = openHeight - group->height();
+  ASSERT_GT(folded, 0);
+  EXPECT_EQ(top(after), openTop + folded) << "folded, the row below moves up by what the group gave";
+  EXPECT_EQ(top(groupRow) - top(after), group->height() + UifStd::getRowGap()) << "a row gap apart, as before";
+  group->setMinimized(false);
+  pump();
+  EXPECT_EQ(top(after), openTop) << "unfolded, it goes back";
+}
+
 TEST_F(UIBuilderRows, AGroupInsideAGroupRestoresParentsAndWidthInReverse) {
   ParamList inner{boolParam("deep", true)};
   ParamList outer{Zo::Ptr<iParam>(new GroupParam(L"Inner", "inner", {}, inner)), boolParam("mid", true)};
