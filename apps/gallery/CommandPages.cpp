@@ -11,6 +11,7 @@
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 namespace {
@@ -51,8 +52,11 @@ Glob* buildCommandListPage(PageContext const& context) {
     auto* label = panel->createManagedWidget<TextLabel>(row);
     int const lines = Glib::TextLayout::countLines(text, label->getFont(), label->textBox().width());
     if (lines > 1) {
+      // Each further line takes the font's line height, not a whole row,
+      // so a wrapped entry reads as one entry rather than rows apart.
+      int const lineHeight = static_cast<int>(std::ceil(Glib::TextLayout::fontMetrics(label->getFont()).lineHeight));
       label->setWordWrap(true);
-      label->resize(label->width(), lines * m.row);
+      label->resize(label->width(), m.row + (lines - 1) * lineHeight);
     }
   };
   if (names.empty())

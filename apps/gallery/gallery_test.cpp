@@ -602,10 +602,20 @@ TEST_F(GalleryTest, ACommandPageRunsTheCommandAndCapturesTheWindowItOpens) {
   ASSERT_NE(listed, rows.end());
   EXPECT_EQ(toNarrow((*listed)->getString().getString()), "gallery.test/open \u2014 Open (Ctrl+Shift+O)")
       << "the key by its name";
-  for (TextLabel const* row : rows)
-    EXPECT_EQ(Glib::TextLayout::countLines(row->getString().getString(), row->getFont(), row->textBox().width()),
-              row->height() / UifStd::getRowHeight())
+  double const lineHeight = Glib::TextLayout::fontMetrics(UifStd::getFont()).lineHeight;
+  int wrapped = 0;
+  for (TextLabel const* row : rows) {
+    int const lines =
+        Glib::TextLayout::countLines(row->getString().getString(), row->getFont(), row->textBox().width());
+    wrapped += lines > 1;
+    // A row for the first line, a line's height for each further one: no
+    // gap inside an entry wider than the gap between entries.
+    EXPECT_GE(row->textBox().height(), lines * lineHeight)
         << "every line of a long row shows: " << toNarrow(row->getString().getString());
+    EXPECT_LE(row->height(), UifStd::getRowHeight() + (lines - 1) * std::ceil(lineHeight))
+        << "and no more than its lines: " << toNarrow(row->getString().getString());
+  }
+  EXPECT_GT(wrapped, 0) << "some entries are long enough to wrap";
   EXPECT_TRUE(CommandMap::unregisterCommand("gallery.test/open"));
 }
 
