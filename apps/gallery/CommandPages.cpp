@@ -55,6 +55,12 @@ Glob* buildCommandListPage(PageContext const& context) {
       // Each further line takes the font's line height, not a whole row,
       // so a wrapped entry reads as one entry rather than rows apart.
       int const lineHeight = static_cast<int>(std::ceil(Glib::TextLayout::fontMetrics(label->getFont()).lineHeight));
+      // Wrapped text starts at the top: the room a row keeps round its line
+      // goes half above, half below, as a one-line entry's does.
+      int const spare = m.row - lineHeight;
+      Border edges;
+      edges.setMargins(0, 0, spare / 2, spare - spare / 2);
+      label->setBorder(edges);
       label->setWordWrap(true);
       label->resize(label->width(), m.row + (lines - 1) * lineHeight);
     }
