@@ -65,7 +65,11 @@ Border announcementBorder(StartupMessage const& message, bool banner) {
   int const bottom = message.isRecurring() && !banner
                          ? std::max(border.bottom(), UifStd::getRowHeight() + UifStd::getWidgetGap())
                          : border.bottom();
-  border.setMargins(border.left(), border.right(), top, bottom);
+  // A banner's picture runs to the visible edge; its footer is its own.
+  if (banner)
+    border.setMargins(border.thickness(), border.thickness(), border.thickness(), border.thickness());
+  else
+    border.setMargins(border.left(), border.right(), top, bottom);
   return border;
 }
 
@@ -86,7 +90,7 @@ int textLines(std::vector<HTMLParagraph> const& paragraphs, int width) {
 AnnouncementPanel::InitArgs::InitArgs(StartupMessage const& given) : message(given) {
   if (!message.imagePath.empty())
     image = ZoImage::Loader::loadImage(message.imagePath);
-  border = announcementBorder(message, !image.empty() && isBanner(message));
+  setBorder(announcementBorder(message, !image.empty() && isBanner(message)));
   title = UIString(message.title);
   size = calcSize();
 }
@@ -101,16 +105,23 @@ XY<int> AnnouncementPanel::InitArgs::calcSize() const {
     return XY<int>(static_cast<int>(image.width() * scale) + edge,
                    static_cast<int>(image.height() * scale) + edge + calcFooterHeight());
   }
+  // The text box keeps a widget gap round its text: the lines are counted
+  // at the width inside it, and the gap is part of the height, so the text
+  // the panel was sized for shows whole.
+  int const margin = UifStd::getWidgetGap();
+  auto textHeight = [&](int boxWidth) {
+    return MultiLineTextBox::calcHeightForLines(textLines(paragraphs, boxWidth - 2 * margin), getDefaultFontSize(),
+                                                margin);
+  };
   XY<int> inner;
   if (image.empty()) {
     inner.x = 25 * row;
-    inner.y = MultiLineTextBox::calcHeightForLines(textLines(paragraphs, inner.x), getDefaultFontSize(), 0);
+    inner.y = textHeight(inner.x);
   } else {
     XY<int> const picture = pictureSize(image);
     int const textWidth = std::min(16 * row, maxWidth);
-    inner.x = picture.x + textWidth + 2 * UifStd::getWidgetGap();
-    inner.y = std::max(picture.y,
-                       MultiLineTextBox::calcHeightForLines(textLines(paragraphs, inner.x), getDefaultFontSize(), 0));
+    inner.x = picture.x + textWidth + 2 * margin;
+    inner.y = std::max(picture.y, textHeight(inner.x - picture.x - margin));
   }
   return StandardPanel::calcPanelSize(inner, message.title.empty() ? kTitle : kTitled, border);
 }
@@ -169,9 +180,10 @@ void AnnouncementPanel::addBanner(InitArgs const& args) {
   int const edge = getBorder().thickness();
   ImageView::InitArgs picture(XY<int>(width() - 2 * edge, height() - calcFooterHeight() - 2 * edge));
   picture.image = args.image;
-  addChild(new Banner(picture, getBannerLink(m_message)), TopLeft(edge, edge));
+  // Placements start inside the margins, which for a banner are the edge.
+  addChild(new Banner(picture, getBannerLink(m_message)), TopLeft(0, 0));
   if (m_message.isRecurring())
-    addDontShowAgain();
+    addDontShowAgain(calcFooterHeight());
 }
 
 void AnnouncementPanel::addPictureAndText(InitArgs const& args) {
@@ -204,12 +216,17 @@ void AnnouncementPanel::addText(Glob* beside) {
   text->setMargins(UifStd::getWidgetGap());
   text->setPalette(makeWindowPalette(palette, scale(palette.window(0), 1.1)));
   if (m_message.isRecurring())
-    addDontShowAgain();
+    addDontShowAgain(getBorder().bottom() - getBorder().thickness());
 }
 
-void AnnouncementPanel::addDontShowAgain() {
+void AnnouncementPanel::addDontShowAgain(int room) {
   UIString const label(kDontShowAgainId);
   Checkbox::InitArgs box(label, XY<int>(Checkbox::calcWidth(label), UifStd::getRowHeight()));
   box.appearance = Checkbox::getDefaultAppearance();
-  m_dontShowAgain = createWidget<Checkbox>(box, MarginBottomLeft(0, 0));
+  // Placements start inside the margins: the strip starts below them, at
+  // the visible edge, and the box keeps a widget gap from the left edge.
+  Border const& edges = getBorder();
+  int const fromBottom = edges.thickness() + std::max(0, room - box.size.y) / 2;
+  int const fromLeft = std::max(0, UifStd::getWidgetGap() - (edges.left() - edges.thickness()));
+  m_dontShowAgain = createWidget<Checkbox>(box, BottomLeft(fromLeft, fromBottom - edges.bottom()));
 }

@@ -49,7 +49,9 @@ private:
   void addBanner(InitArgs const& args);
   void addPictureAndText(InitArgs const& args);
   void addText(Glob* beside);
-  void addDontShowAgain();
+  // The tick box, centred in the `room` high strip along the panel's
+  // bottom edge that was kept for it.
+  void addDontShowAgain(int room);
   int handlePressAnywhere(Event const& event);
 
   StartupMessage m_message;

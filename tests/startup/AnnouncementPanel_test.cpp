@@ -206,6 +206,23 @@ TEST_F(AnnouncementPanelTest, ARecurringMessageComesBackUnlessItsCheckboxIsTicke
   EXPECT_TRUE(ticked.isRead());
 }
 
+TEST_F(AnnouncementPanelTest, ARecurringMessagesTickBoxHasARowOfItsOwnUnderTheText) {
+  WString const picture = writePicture("tip.png", XY<int>(120, 90));
+  for (WString const& image : {WString(), picture}) {
+    StartupMessage const tip = newsItem(image, L"every start", L"<p>Tip of the day: J, K and L shuttle.</p>");
+    AnnouncementPanel* panel = show(tip);
+    Checkbox* box = panel->dontShowAgain();
+    ASSERT_NE(box, nullptr);
+    std::vector<LinkAwareMultiLineTextBox*> const texts = childrenOf<LinkAwareMultiLineTextBox>(*panel);
+    ASSERT_EQ(texts.size(), 1u);
+    EXPECT_LE(box->getY() + box->height(), texts[0]->getY()) << "the tick box lies wholly below the text's frame";
+    EXPECT_GE(texts[0]->height(), MultiLineTextBox::calcHeightForLines(1, getDefaultFontSize(), 0))
+        << "and the text keeps its room";
+    EXPECT_GE(box->getY(), 0) << "inside the panel";
+    delete panel;
+  }
+}
+
 TEST_F(AnnouncementPanelTest, APictureAndTextSitSideBySide) {
   WString const picture = writePicture("news.png", XY<int>(120, 90));
   AnnouncementPanel* panel = show(newsItem(picture, L"once", L"<p>Clips now snap to markers.</p>"));
@@ -252,7 +269,7 @@ TEST_F(AnnouncementPanelTest, APictureThatDoesNotLoadLeavesTheTextAndShowsALinkA
 TEST_F(AnnouncementPanelTest, EmptyTextGivesAPanelOneLineHigh) {
   StartupMessage const message(L"", L"", L"", L"empty", L"test", L"once");
   AnnouncementPanel::InitArgs const args(message);
-  int const oneLine = MultiLineTextBox::calcHeightForLines(1, getDefaultFontSize(), 0);
+  int const oneLine = MultiLineTextBox::calcHeightForLines(1, getDefaultFontSize(), UifStd::getWidgetGap());
   EXPECT_EQ(args.calcSize(), StandardPanel::calcPanelSize(XY<int>(25 * UifStd::getRowHeight(), oneLine),
                                                           StandardPanel::kTitle, args.border));
 }
