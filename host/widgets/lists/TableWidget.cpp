@@ -592,6 +592,19 @@ int TableWidget::handleKeyboardEvent(int key) {
   }
   case kKeyReturn:
     return curPos_.y >= 0 && beginEdit(curPos_) ? 1 : 0;
+  case kKeyEscape:
+    // Tags all go at once; with none, Escape is left to the window. Not
+    // every adaptor counts its tags, so the rows are asked.
+    if (adaptor_->getNumTagged() == 0) {
+      bool anyTagged = false;
+      for (int row = 0; row < rowCount_ && !anyTagged; ++row)
+        anyTagged = adaptor_->getTag(row);
+      if (!anyTagged)
+        return 0;
+    }
+    tagRows(0, rowCount_ - 1, false);
+    tagAnchor_ = -1;
+    return 1;
   case 'a':
   case 'A':
     if (ctrl) {

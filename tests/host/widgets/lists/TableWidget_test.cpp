@@ -238,6 +238,19 @@ TEST_F(TableWidgetTest, CtrlClickTogglesATagAndShiftClickTagsARange) {
   EXPECT_EQ(shots.getNumTagged(), 6);
 }
 
+TEST_F(TableWidgetTest, EscapeClearsEveryTagAtOnceAndWithNoneIsLeftToTheWindow) {
+  openTable(&shots);
+  HeadlessInput::click(cellPoint(XY<int>(0, 1)));
+  HeadlessInput::click(cellPoint(XY<int>(0, 4)), kMouseLeft, kKeyShift);
+  ASSERT_EQ(shots.tags.size(), 4u);
+  EXPECT_EQ(table->handleKeyboardEvent(kKeyEscape), 1);
+  EXPECT_TRUE(shots.tags.empty());
+  EXPECT_EQ(events.back().type, TableWidgetEvent::kTagsChanged);
+  EXPECT_EQ(table->handleKeyboardEvent(kKeyEscape), 0) << "nothing tagged: the window may close on it";
+  HeadlessInput::click(cellPoint(XY<int>(0, 2)), kMouseLeft, kKeyShift);
+  EXPECT_EQ(shots.tags, (std::set<std::int64_t>{2, 3, 4})) << "a new range runs from the current row";
+}
+
 TEST_F(TableWidgetTest, ShiftArrowsTagRowsFromWhereTheyStarted) {
   openTable(&shots);
   HeadlessInput::click(cellPoint(XY<int>(0, 2)));
