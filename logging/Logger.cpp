@@ -610,6 +610,27 @@ void Logger::requestSaveToFile() {
       });
 }
 
+LightweightString<wchar_t> Logger::shownText(std::size_t row) const {
+  if (row >= items_.size())
+    return {};
+  LoggedItem const& item = items_[row];
+  if (item.type == kOutputHyperLink)
+    return HyperLink::fromString(item.text).getDescription();
+  return item.htmlLines ? HTMLRenderer::visibleText(*item.htmlLines) : item.text;
+}
+
+int Logger::handleKeyboardEvent(int key) {
+  int const bare = key & ~kKeyModifierMask;
+  if ((bare == 'c' || bare == 'C') && (key & kKeyModifierMask) == kKeyCtrl && table_) {
+    int const row = table_->getCurPos().y;
+    if (row >= 0 && static_cast<std::size_t>(row) < numItems_) {
+      OS().setClipboardText(shownText(static_cast<std::size_t>(row)));
+      return 1;
+    }
+  }
+  return StandardPanel::handleKeyboardEvent(key);
+}
+
 int Logger::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {
   if (message.startsWith(HTMLStringEditor::kLinkClickedMsg)) {
     std::size_t const equals = message.find('=');

@@ -154,7 +154,12 @@ public:
   // StandardPanel
   void resize(double width, double height) override;
   int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override;
+  // Ctrl+C copies the current row's text, as it shows: a link's
+  // description, an HTML row's words without their markup.
+  int handleKeyboardEvent(int key) override;
   void reviewMenu(Event const* event) override;
+  // The text a row shows, for copying.
+  LightweightString<wchar_t> shownText(std::size_t row) const;
 
   // iTableAdaptor
   int getSize() override { return static_cast<int>(items_.size()); }

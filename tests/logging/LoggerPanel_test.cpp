@@ -54,6 +54,24 @@ TEST_F(LoggerPanel, AnHTMLRowThatWrapsToThreeLinesIsThreeRowsTallAndIsRemeasured
   EXPECT_EQ(logger->getRowHeight(0), narrower * UifStd::getRowHeight());
 }
 
+TEST_F(LoggerPanel, CtrlCCopiesTheClickedRowsTextAsItShows) {
+  Logger* logger = openLogger();
+  loggerWrite(logger, L"Render started", LoggerBase::kOutputPlain);
+  loggerWrite(logger, L"<b>Shot 4</b> rendered", LoggerBase::kOutputPlain);
+  loggerWrite(logger, linkTo({L"/renders/final.mov"}, L"final.mov"), LoggerBase::kOutputHyperLink);
+  pump();
+  auto copyRow = [&](int row) {
+    OS().setClipboardText(L"");
+    HeadlessInput::click(rowOnScreen(*logger, row));
+    pump();
+    HeadlessInput::key('c', kKeyCtrl);
+    return OS().clipboardText().str();
+  };
+  EXPECT_EQ(copyRow(0), L"Render started");
+  EXPECT_EQ(copyRow(1), L"Shot 4 rendered") << "the words, not the markup";
+  EXPECT_EQ(copyRow(2), L"final.mov") << "a link as it shows";
+}
+
 TEST_F(LoggerPanel, APlainRowWrapsAndIsDrawnOverItsLines) {
   Logger* logger = openLogger(0, 10, 300);
   std::wstring text = L"Frame";
