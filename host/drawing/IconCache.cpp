@@ -1,5 +1,6 @@
 #include <zowidgets/host/drawing/IconCache.h>
 
+#include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/base/detail/LruCache.h>
 #include <zowidgets/host/drawing/FallbackIcon.h>
 #include <zowidgets/host/drawing/IconTheme.h>
@@ -11,6 +12,7 @@
 #include <functional>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace {
@@ -48,6 +50,8 @@ struct Store {
   // The settings the theme folder was looked for under.
   std::optional<std::string> overrideSetting, dataDirsSetting;
   std::size_t drawn = 0;
+  // Names no theme had, each told to the log once.
+  std::set<std::string> missingTold;
 };
 
 constexpr char const* kOverride = "ZOWIDGETS_ICON_THEME_DIR";
@@ -77,7 +81,7 @@ IconCache::Icon IconCache::get(std::string_view name, int side, Colour const& ti
     return {};
   Key key{std::string(name), side, tint.get_vlib_colour(), turnDegrees};
   Store& kept = store();
-  std::lock_guard lock(kept.mutex);
+  std::unique_lock lock(kept.mutex);
   // Icons are asked for at every paint: the folders are looked at again only
   // when the settings change or an icon is drawn afresh.
   if (settingKept(kept.overrideSetting, kOverride) && settingKept(kept.dataDirsSetting, kDataDirs))
@@ -92,7 +96,14 @@ IconCache::Icon IconCache::get(std::string_view name, int side, Colour const& ti
   if (Icon const* found = kept.icons.find(key))
     return *found;
   ++kept.drawn;
-  return kept.icons.insert(key, drawIcon(key));
+  Icon const icon = kept.icons.insert(key, drawIcon(key));
+  if (icon.fromTheme || name.empty() || !kept.missingTold.insert(key.name).second)
+    return icon;
+  // A misspelt name would otherwise show only as a question mark. Said
+  // outside the lock: a log sink may draw icons of its own.
+  lock.unlock();
+  LogBoth("no icon named \"" + key.name + "\" in the icon theme; a question mark stands in for it");
+  return icon;
 }
 
 IconCache& IconCache::instance() {
@@ -129,4 +140,5 @@ void IconCache::clear() {
   std::lock_guard lock(store().mutex);
   store().icons.clear();
   store().pictures.clear();
+  store().missingTold.clear();
 }

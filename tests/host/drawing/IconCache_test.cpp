@@ -1,3 +1,4 @@
+#include <zowidgets/host/base/Log.h>
 #include <zowidgets/host/drawing/FallbackIcon.h>
 #include <zowidgets/host/drawing/IconCache.h>
 #include <zowidgets/host/drawing/IconTheme.h>
@@ -7,6 +8,10 @@
 #include "host/drawing/IconTestSupport.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -57,6 +62,17 @@ TEST_F(IconCacheTest, AnUnknownNameGetsTheDrawnStandIn) {
   ASSERT_EQ(icon.surface.width(), 20);
   EXPECT_GT(countNonTransparent(icon.surface), 40);
   EXPECT_TRUE(samePixels(icon.surface, drawFallbackIcon(20, kRed)));
+}
+
+TEST_F(IconCacheTest, AnUnknownNameIsToldToTheLogOnceWhateverItsSize) {
+  std::vector<std::string> logged;
+  int const sink = addLogSink([&logged](std::string_view line) { logged.emplace_back(line); });
+  IconCache::get("stage-ingset.png", 20, kRed);
+  IconCache::get("stage-ingset.png", 32, kText);
+  IconCache::get("magnify.png", 32, kRed);
+  removeLogSink(sink);
+  ASSERT_EQ(logged.size(), 1u) << "once per name, and nothing for a name the theme has";
+  EXPECT_EQ(logged[0], "no icon named \"stage-ingset.png\" in the icon theme; a question mark stands in for it");
 }
 
 TEST_F(IconCacheTest, WithoutAThemeEveryNameGetsTheStandInAndTheCacheStartsAfresh) {
