@@ -1,11 +1,14 @@
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/Canvas.h>
+#include <zowidgets/host/toolkit/GlobHandle.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/detail/GlobRegistry.h>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -19,6 +22,8 @@ struct RouterState {
   Glob* hovered = nullptr;
   int cursor = 0;
   bool contextCursors = true;
+  // Tips taken off the screen while another program was in front.
+  std::vector<GlobHandle> tipsAside;
 };
 
 RouterState& state() {
@@ -291,9 +296,33 @@ void dismissPopups(Glob const* kept) {
 
 } // namespace
 
+namespace {
+
+// A tip (a hint, a status message) floats over every window, other
+// programs' too: while another program is in front, ours step aside.
+void putTipsAside() {
+  for (Glob* window : GlobManager::topLevelWindows())
+    if (window->windowKind() == Glob::eWindowKind::kTip && !GlobManager::isDeletionPending(window))
+      if (Canvas* canvas = window->canvas(); canvas && canvas->isMapped()) {
+        canvas->unmap();
+        state().tipsAside.emplace_back(window);
+      }
+}
+
+void bringTipsBack() {
+  std::vector<GlobHandle> const aside = std::exchange(state().tipsAside, {});
+  for (GlobHandle const& tip : aside)
+    if (Glob* window = tip.get(); window && !GlobManager::isDeletionPending(window))
+      if (Canvas* canvas = window->canvas())
+        canvas->map();
+}
+
+} // namespace
+
 void InputRouter::windowActivated(Glob* root) {
   if (!is_good_glob_ptr(root) || root->isPopupWindow() || GlobManager::refusesInput(root))
     return;
+  bringTipsBack();
   if (belongsToWindow(get_kbd_focus(), root))
     return;
   dismissPopups(root);
@@ -309,7 +338,10 @@ void InputRouter::windowActivated(Glob* root) {
     GlobRegistry::announce(GlobManagerEvent::kActivated, root);
 }
 
-void InputRouter::applicationDeactivated() { dismissPopups(nullptr); }
+void InputRouter::applicationDeactivated() {
+  dismissPopups(nullptr);
+  putTipsAside();
+}
 
 XY<int> InputRouter::mousePosition() { return state().mouse; }
 int InputRouter::buttonsHeld() { return state().buttons; }

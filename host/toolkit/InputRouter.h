@@ -42,10 +42,13 @@ void forget(Glob* widget);
 // of it), the popups of other windows close and the keyboard goes to the
 // widget of that window that last had it, or else to its first stop, as Tab
 // enters a window (or to the window itself when it has none). Nothing
-// happens while a modal window refuses input to it.
+// happens while a modal window refuses input to it. Tips put aside while
+// another program was in front come back.
 ZO_API void windowActivated(Glob* root);
 // The desktop made another program's window the active one: open popups
-// (menus, drop-downs, hints) close, as a press outside them closes them.
+// (menus, drop-downs) close, as a press outside them closes them, and tips
+// (hints, status messages) leave the screen until one of our windows is
+// activated again, so that they do not float over the other program.
 ZO_API void applicationDeactivated();
 
 // What shows hints about the widget under the pointer; tooltips install it.

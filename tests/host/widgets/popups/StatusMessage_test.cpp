@@ -1,5 +1,6 @@
 #include "support/WidgetTestSupport.h"
 
+#include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/popups/StatusMessage.h>
@@ -86,6 +87,21 @@ TEST_F(StatusMessageTest, ItIsSizedToItsTextAndTip) {
   EXPECT_TRUE(message->getMarginArea().contains(ok->getPosition()));
   EXPECT_LE(ok->getY() + ok->height(), user.y0);
   EXPECT_EQ(message->getPalette().window().get_vlib_colour(), StatusMessage::getBaseColour().get_vlib_colour());
+}
+
+TEST_F(StatusMessageTest, WhileAnotherProgramIsInFrontItStepsAsideAndComesBackWithUs) {
+  StandardPanel* owner = openPanel(XY<int>(300, 200), XY<int>(40, 40));
+  StatusMessage::InitArgs args(UIString(L"Drag a clip here"), kRelativeBelow);
+  args.screenPosition = XY<int>(100, 100);
+  auto* message = new StatusMessage(args);
+  GlobManager::realize(message);
+  ASSERT_TRUE(message->canvas()->isMapped());
+  InputRouter::applicationDeactivated();
+  EXPECT_TRUE(is_good_glob_ptr(message)) << "kept, not closed";
+  EXPECT_FALSE(message->canvas()->isMapped()) << "not over the other program";
+  EXPECT_TRUE(owner->canvas()->isMapped()) << "ordinary windows stay where they are";
+  InputRouter::windowActivated(owner);
+  EXPECT_TRUE(message->canvas()->isMapped()) << "back as soon as one of our windows is";
 }
 
 TEST_F(StatusMessageTest, ItCanBeSizedForOtherSpacingAndTellsItsOkButtonsSize) {
