@@ -148,6 +148,20 @@ struct DisplayScreen::State {
     if (keyboardAskedFor.erase(canvas) == 0)
       InputRouter::windowActivated(canvas->root());
   }
+  // A press in a window gives it X's keyboard, as a window manager does on
+  // a click: without one the keyboard stays with the window shown last, and
+  // a popup opened from the pressed window would hand the keyboard back
+  // there, whose activation then closes the popup at once.
+  void keyboardToPressed(Canvas& canvas) {
+    auto found = windows.find(&canvas);
+    if (found == windows.end() || found->second.popup)
+      return;
+    unsigned long const native = nativeX11Window(found->second.window);
+    if (x11->keyboardHolder().window == native)
+      return;
+    askedKeyboardFor(&canvas);
+    x11->giveKeyboardToWindow(native);
+  }
   // We showed or raised a window, or gave it the keyboard back: X's report
   // that it has the keyboard is to come. Until the user presses a button or
   // a key, which come after any echo of what we did before.
@@ -459,6 +473,7 @@ bool DisplayScreen::pumpEvents() {
       if (pressed) {
         state_->workedIn(canvas);
         state_->keyboardAskedFor.clear();
+        state_->keyboardToPressed(*canvas);
       } else
         state_->followPointer(modifiers);
       InputRouter::mouseButton(state_->eventPoint(*canvas, event.button.x, event.button.y), button, pressed, modifiers,

@@ -506,6 +506,23 @@ form_menu | jsonform_menu)
   expect "mode" "$(field "$form" mode)" 3
   expect "menu closed" "$(menu_rows "$form")" ""
   ;;
+form_menu_focus_elsewhere)
+  # Without a window manager, X leaves the keyboard with the window shown
+  # last whatever the user clicks: a click in another of our windows takes
+  # it, so a menu opened there stays open and is chosen from.
+  e2e_window=$(xdotool search --name '^e2e$' | head -n1)
+  form_window=$(xdotool search --name '^Form$' | head -n1)
+  [ -n "$e2e_window" ] && [ -n "$form_window" ] || fail "the two windows were not found"
+  xdotool windowfocus --sync "$e2e_window"
+  open_form_menu
+  expect "the keyboard's window after the click" "$(xdotool getwindowfocus)" "$form_window"
+  sleep 0.4
+  form=$(ask form)
+  [ -n "$(menu_rows "$form")" ] || fail "the menu closed by itself"
+  xdotool key Down Return
+  sleep 0.4
+  expect "the menu closed by Return" "$(menu_rows "$(ask form)")" ""
+  ;;
 form_menu_keys | form_menu_wm)
   # A menu leaves the keyboard with its panel, as a window manager gave it,
   # and the panel hears the keys: Down and Return choose in the menu, and

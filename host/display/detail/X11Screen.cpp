@@ -320,6 +320,8 @@ void X11Screen::giveKeyboardTo(KeyboardHolder const& holder) {
   XFlush(state_->display);
 }
 
+void X11Screen::giveKeyboardToWindow(unsigned long window) { giveKeyboardTo(KeyboardHolder{window, RevertToParent}); }
+
 void X11Screen::setCursor(unsigned long window, int cursorId) {
   auto found = state_->cursors.find(cursorId);
   if (found == state_->cursors.end())

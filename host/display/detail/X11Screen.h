@@ -70,6 +70,8 @@ public:
   };
   KeyboardHolder keyboardHolder() const;
   void giveKeyboardTo(KeyboardHolder const& holder);
+  // Gives the keyboard to `window`, to go to its parent should it close.
+  void giveKeyboardToWindow(unsigned long window);
 
 private:
   struct State;
