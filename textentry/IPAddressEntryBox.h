@@ -3,10 +3,10 @@
 #include <zowidgets/host/base/IPAddress.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
+// The boxes are handed out (getBoxes), so their class comes with this one.
+#include <zowidgets/textentry/CustomTextBox.h>
 
 #include <vector>
-
-class CustomTextBox;
 
 // A compact editor for an IPv4 address with an optional port: four boxes of
 // up to three digits with painted dots between them and, when a port is
