@@ -66,5 +66,7 @@ void TitleGlob::draw(CanvasRenderer& renderer) {
   Zo::Box<double> const area(getBorder().left(), 0, std::max(right - UifStd::getWidgetGap(), 0), height());
   Glib::TextDescription text(legend_.getString(), area, getFont(),
                              isActive() ? getPalette().text() : getPalette().text(-10));
+  // A legend longer than its room ends in an ellipsis rather than a cut.
+  text.ellipsis = true;
   renderer.renderPrimitive(text);
 }

@@ -27,7 +27,10 @@ void TitleTextBox::drawBackground(CanvasRenderer& renderer) {
     Zo::Box<double> const legend(0, 0, std::max(0, titleWidth() - UifStd::getWidgetGap()), height());
     // Dimmed with the field when inactive.
     Colour const text = isActive() ? palette.text() : Palette::inactive(palette.text(), palette.window());
-    renderer.renderPrimitive(Glib::TextDescription(title_.getString(), legend, UifStd::getFont(), text));
+    // A legend longer than its room ends in an ellipsis rather than a cut.
+    Glib::TextDescription description(title_.getString(), legend, UifStd::getFont(), text);
+    description.ellipsis = true;
+    renderer.renderPrimitive(description);
   }
   TextBoxBase::drawBackground(renderer);
 }
