@@ -81,6 +81,31 @@ struct TextBoxTest : HeadlessScreenTest {
   }
 };
 
+TEST_F(TextBoxTest, ALegendLongerThanItsRoomEndsInAnEllipsisNotACut) {
+  WString const legend(L"Frame rate of every clip");
+  auto titled = [&](int titleWidth, int y) {
+    TitleTextBox::InitArgs args(GlobCreationInfo(XY<int>(360, UifStd::getRowHeight())));
+    args.titleWidth = titleWidth;
+    auto* titleBox = panel->createWidget<TitleTextBox>(args, Glob::UserTopLeft(0, y));
+    titleBox->setTitle(UIString(legend));
+    return titleBox;
+  };
+  int const room = 60;
+  TitleTextBox* squeezed = titled(room + UifStd::getWidgetGap(), 40);
+  TitleTextBox* roomy = titled(300, 80);
+  ASSERT_GT(UifStd::measure(UIString(legend)).x, 2 * room);
+  pump();
+  // Cut off, the legend's first pixels would match the whole legend's; cut
+  // short with an ellipsis, its end differs.
+  int differing = 0;
+  for (int y = 0; y < squeezed->height(); ++y)
+    for (int x = 0; x < room; ++x)
+      differing += widgetPixel(*squeezed, XY<int>(x, y)) != widgetPixel(*roomy, XY<int>(x, y));
+  EXPECT_GT(differing, 0);
+  EXPECT_EQ(brightestBetween(*squeezed, room, squeezed->getFieldBox().x0), brightestBetween(*roomy, 295, 300))
+      << "nothing drawn past its room";
+}
+
 TEST_F(TextBoxTest, ClickingTakesTheFocusAndTypingGoesInAtTheCaret) {
   typeInto(*box, "hello");
   EXPECT_TRUE(box->hasKbdFocus());
