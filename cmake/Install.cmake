@@ -34,3 +34,6 @@ install(FILES ${CMAKE_BINARY_DIR}/zowidgets.pc DESTINATION ${CMAKE_INSTALL_LIBDI
 # The sanitizers' suppressions of what the system's font libraries keep for
 # the whole process, for programs built on the library to check themselves.
 install(FILES scripts/lsan.supp scripts/tsan.supp DESTINATION ${CMAKE_INSTALL_DATADIR}/zowidgets)
+
+# The first program of the docs, to build against the install as it stands.
+install(DIRECTORY apps/examples/first-panel DESTINATION ${CMAKE_INSTALL_DATADIR}/zowidgets/examples)

@@ -84,9 +84,16 @@ string(REGEX REPLACE "^[^=]*=" "" found_dir "${found_dir}")
 require_inside_prefix("find_package found zowidgets in" "${found_dir}")
 run_step("Building the consumer" ${CMAKE_COMMAND} --build ${consumer_build} ${config_args})
 check_program("find_package consumer" ${consumer_build}/consumer)
-# The first program of the docs: a window, headless, saved as a picture.
+# The first program of the docs, as installed: a window, headless, saved as
+# a picture.
+set(first_build ${WORK_DIR}/first-panel-build)
+run_step("Configuring the installed first program" ${CMAKE_COMMAND}
+         -S ${prefix}/share/zowidgets/examples/first-panel -B ${first_build}
+         -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX_COMPILER} ${launcher_arg}
+         -DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF)
+run_step("Building the installed first program" ${CMAKE_COMMAND} --build ${first_build} ${config_args})
 set(first_picture ${WORK_DIR}/first_panel.png)
-run_step("Running the first program" ${consumer_build}/first_panel ${first_picture})
+run_step("Running the first program" ${first_build}/first_panel ${first_picture})
 file(READ ${first_picture} png_signature LIMIT 8 HEX)
 if(NOT png_signature STREQUAL "89504e470d0a1a0a")
   message(FATAL_ERROR "The first program wrote no PNG at ${first_picture}")

@@ -1,7 +1,7 @@
 // The smallest program with a window: a form built from a JSON description on
-// the headless screen, and its picture saved. Built
-// against an installed zowidgets by the install test; docs/first-program.md
-// walks through it.
+// the headless screen, and its picture saved. Installed with the library
+// (share/zowidgets/examples/first-panel) and built there by the install
+// test; docs/first-program.md walks through it.
 #include <zowidgets/zowidgets.h>
 
 #include <iostream>
