@@ -45,10 +45,16 @@ void TextFilterWidget::handleEnterPressed() {
 }
 
 void TextFilterWidget::handleSearchPressed() {
-  if (iconName_ == kClearIcon)
+  if (iconName_ == kClearIcon) {
     setString({});
-  else
+    // The empty filter is reported, so that what it hid comes back (a
+    // picker left saying "nothing matches" kept saying so), and the caret
+    // goes back to the box for the next filter.
+    getTextBox()->claimKbdFocus();
+    requestStartSearch();
+  } else {
     TextSearchWidget::handleSearchPressed();
+  }
   setupButtonIcon(kRedrawNow);
 }
 

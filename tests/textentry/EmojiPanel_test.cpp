@@ -112,6 +112,20 @@ TEST_F(EmojiPanelTest, ASearchThatMatchesNothingLeavesNoTabsAndAnEmptyGridUntilI
   EXPECT_EQ(gridTexts(), textsOf(Emoji::getEmojis(Emoji::getCategories().front())));
 }
 
+TEST_F(EmojiPanelTest, TheClearButtonRestoresEveryCategoryAndTypingGoesOnInTheSearch) {
+  searchFor("zzqx no such emoji");
+  ASSERT_EQ(panel->getGrid()->getItemCount(), 0);
+  HeadlessInput::clickOn(*panel->getFilter()->getButton());
+  pump();
+  EXPECT_EQ(panel->getCategoriesShown(), Emoji::getCategories());
+  EXPECT_EQ(gridTexts(), textsOf(Emoji::getEmojis(Emoji::getCategories().front())));
+  HeadlessInput::typeText("cat");
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  EXPECT_EQ(panel->getFilter()->getString().str(), L"cat");
+  EXPECT_LT(panel->getCategoriesShown().size(), Emoji::getCategories().size());
+}
+
 TEST_F(EmojiPanelTest, AGridLeftEmptyByTheSearchSaysSo) {
   EmojiPanel::Grid* grid = panel->getGrid();
   EXPECT_FALSE(grid->getEmptyText().empty());

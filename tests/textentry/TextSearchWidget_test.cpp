@@ -225,7 +225,7 @@ TEST_F(TextSearchWidgetTest, TypingAfterReturnGoesOnInTheBox) {
   EXPECT_EQ(searches, (std::vector<std::wstring>{L"clip", L"clips", L"cli"}));
 }
 
-TEST_F(TextSearchWidgetTest, PressingTheClearButtonEmptiesTheBoxWithoutASearch) {
+TEST_F(TextSearchWidgetTest, PressingTheClearButtonEmptiesTheBoxReportsTheEmptyFilterAndLeavesTheCaretThere) {
   auto* filter = make<TextFilterWidget>();
   listenTo(*filter);
   HeadlessInput::clickOn(*filter->getTextBox());
@@ -234,8 +234,11 @@ TEST_F(TextSearchWidgetTest, PressingTheClearButtonEmptiesTheBoxWithoutASearch) 
   ASSERT_EQ(filter->getIconName().str(), "poot.png");
   HeadlessInput::clickOn(*filter->getButton());
   EXPECT_EQ(filter->getString().str(), L"");
-  EXPECT_EQ(searches.size(), 1u) << "clearing reports no search";
+  EXPECT_EQ(searches, (std::vector<std::wstring>{L"dog", L""})) << "the filter's end is reported";
   EXPECT_EQ(filter->getIconName().str(), "magnify.png");
+  EXPECT_TRUE(filter->getTextBox()->hasKbdFocus());
+  HeadlessInput::typeText("cat");
+  EXPECT_EQ(filter->getString().str(), L"cat") << "typing goes on in the box";
 }
 
 TEST_F(TextSearchWidgetTest, AFilterFilledByTheProgramShowsTheClearIcon) {
