@@ -184,6 +184,9 @@ Warn* make_warn(UIString const& text, std::vector<UIString> const& buttons,
 Warn* makeMessage(UIString const& text, UIString const& title, XY<int> screenPosition) {
   Warn::InitArgs args(text, {UIString(L"OK")}, {}, title);
   args.screenPosition = screenPosition;
+  // Over a modal window, which refuses input to any other, the message
+  // stacks on it: else its OK and Escape would reach the window behind.
+  args.modal = GlobManager::currentModal() != nullptr;
   Drawable::Suspender holdRedraws;
   auto* message = new Warn(args);
   GlobManager::realize(message);

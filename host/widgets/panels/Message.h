@@ -110,5 +110,6 @@ private:
 ZO_API Warn* make_warn(UIString const& text, std::vector<UIString> const& buttons,
                        std::vector<Warn::Callback> const& callbacks = {}, UIString const& title = {},
                        XY<int> screenPosition = XY<int>::unset());
-// Opens a Warn with one "OK" button that only closes it, not modal.
+// Opens a Warn with one "OK" button that only closes it, not modal unless a
+// modal window is up, which it then stacks on.
 ZO_API Warn* makeMessage(UIString const& text, UIString const& title = {}, XY<int> screenPosition = XY<int>::unset());

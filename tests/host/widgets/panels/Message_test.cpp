@@ -86,6 +86,22 @@ TEST_F(MessageTest, AMessageIsSizedToItsTextAndShowsAllOfIt) {
   EXPECT_EQ(large->getTitle().getString(), L"Export");
 }
 
+TEST_F(MessageTest, AMessageOpenedOverAModalWindowTakesTheKeysAndEscapeClosesItNotTheWindowBehind) {
+  int answered = 0;
+  Warn* question = make_warn(UIString(L"Sign in?"), {UIString(L"Sign in")},
+                             {Broadcaster<ButtonEvent>::makeCallback([&](ButtonEvent const&) { ++answered; })});
+  ASSERT_TRUE(GlobManager::isModal(question));
+  Warn* message = makeMessage(UIString(L"Nothing on this computer could open the page."));
+  EXPECT_FALSE(GlobManager::refusesInput(message)) << "its OK can be pressed";
+  EXPECT_TRUE(message->getButton(0)->hasKbdFocus());
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(message)) << "Escape closed the message";
+  ASSERT_TRUE(is_good_glob_ptr(question, "warn")) << "and left the window behind it";
+  EXPECT_EQ(GlobManager::currentModal(), question);
+  EXPECT_EQ(answered, 0);
+}
+
 TEST_F(MessageTest, AWarnButtonRunsItsCallbackOnceAndTheWindowGoes) {
   int yes = 0, no = 0;
   Warn* warn = make_warn(UIString(L"Replace the file?"), {UIString(L"Replace"), UIString(L"Keep")},
