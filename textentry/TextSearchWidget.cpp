@@ -154,7 +154,22 @@ bool editsText(Event const& event) {
     return !event.text.empty();
   if (event.type != Event::kKeyDown)
     return false;
-  switch (event.key & ~kKeyModifierMask) {
+  int const bare = event.key & ~kKeyModifierMask;
+  // The editing shortcuts too: Ctrl+A after a search selects the text to
+  // type over, as it did before.
+  if ((event.modifiers & kKeyCtrl) && !(event.modifiers & kKeyAlt))
+    switch (bare) {
+    case 'a':
+    case 'c':
+    case 'v':
+    case 'x':
+    case 'y':
+    case 'z':
+      return true;
+    default:
+      break;
+    }
+  switch (bare) {
   case kKeyBackspace:
   case kKeyDelete:
   case kKeyLeft:

@@ -225,6 +225,19 @@ TEST_F(TextSearchWidgetTest, TypingAfterReturnGoesOnInTheBox) {
   EXPECT_EQ(searches, (std::vector<std::wstring>{L"clip", L"clips", L"cli"}));
 }
 
+TEST_F(TextSearchWidgetTest, CtrlAAfterReturnSelectsTheTextToTypeOver) {
+  auto* filter = make<TextFilterWidget>();
+  listenTo(*filter);
+  HeadlessInput::clickOn(*filter->getTextBox());
+  HeadlessInput::typeText("heart");
+  HeadlessInput::key(kKeyReturn);
+  ASSERT_TRUE(filter->getButton()->hasKbdFocus());
+  HeadlessInput::key('a', kKeyCtrl);
+  HeadlessInput::typeText("cat");
+  EXPECT_EQ(filter->getString().str(), L"cat");
+  EXPECT_TRUE(filter->getTextBox()->hasKbdFocus());
+}
+
 TEST_F(TextSearchWidgetTest, PressingTheClearButtonEmptiesTheBoxReportsTheEmptyFilterAndLeavesTheCaretThere) {
   auto* filter = make<TextFilterWidget>();
   listenTo(*filter);
