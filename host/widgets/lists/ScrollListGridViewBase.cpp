@@ -145,6 +145,8 @@ void ScrollListGridViewBase::setSelectedItem(int index) {
     old->invalidate();
   }
   selected_ = index;
+  if (index >= 0)
+    selectedLast_ = index;
   if (ItemWidgetBase* item = getItem(index)) {
     item->selected_ = true;
     item->invalidate();
@@ -189,7 +191,8 @@ void ScrollListGridViewBase::moveSelection(int index) {
 
 int ScrollListGridViewBase::handleKeyboardEvent(int key) {
   int const bare = key & ~kKeyModifierMask;
-  int const at = selected_;
+  // Moves start from the item the ring is on, not from nothing.
+  int const at = selected_ >= 0 ? selected_ : (selectedLast_ >= 0 ? keyboardItem() : -1);
   switch (bare) {
   case kKeyLeft:
     moveSelection(at < 0 ? 0 : at - 1);
@@ -220,13 +223,23 @@ int ScrollListGridViewBase::handleKeyboardEvent(int key) {
     return 1;
   case kKeyReturn:
   case kSpaceKey:
-    if (at < 0)
+    if (keyboardItem() < 0)
       return 0;
+    if (selected_ < 0)
+      setSelectedItem(keyboardItem());
     sendMsg(kItemClickMsg);
     return 1;
   default:
     return VerticalScrollingBase::handleKeyboardEvent(key);
   }
+}
+
+int ScrollListGridViewBase::keyboardItem() const noexcept {
+  if (selected_ >= 0)
+    return selected_;
+  if (selectedLast_ >= 0 && selectedLast_ < getItemCount())
+    return selectedLast_;
+  return items_.empty() ? -1 : 0;
 }
 
 void ScrollListGridViewBase::handleKbdFocus(bool gained) {
@@ -241,6 +254,7 @@ void ScrollListGridViewBase::forgetGridContents() {
   separators_.clear();
   itemRows_.clear();
   selected_ = -1;
+  selectedLast_ = -1;
 }
 
 void ScrollListGridViewBase::setEmptyText(UIString const& text) {

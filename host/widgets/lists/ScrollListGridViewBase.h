@@ -61,10 +61,12 @@ public:
   void addItemWidget(ItemWidgetBase* item);
 
   int getSelectedItem() const noexcept { return selected_; }
-  // The item the keys act on: the selected one, or the first when none is
-  // (an arrow key starts there); -1 in an empty grid. It wears the focus
-  // ring while the grid has the keyboard.
-  int keyboardItem() const noexcept { return selected_ >= 0 ? selected_ : (items_.empty() ? -1 : 0); }
+  // The item the keys act on: the selected one; with none selected (a
+  // picker clears its selection after each pick), the one selected last,
+  // else the first; -1 in an empty grid. It wears the focus ring while the
+  // grid has the keyboard, the arrows move on from it, and Return or Space
+  // picks it.
+  int keyboardItem() const noexcept;
   // Selects one item (-1 clears) and scrolls its row into sight.
   void setSelectedItem(int index);
   void clearSelection() { setSelectedItem(-1); }
@@ -103,5 +105,6 @@ private:
   std::vector<Glob*> separators_;
   std::vector<int> itemRows_; // the row of each item
   int selected_ = -1;
+  int selectedLast_ = -1;
   UIString emptyText_;
 };

@@ -171,6 +171,23 @@ TEST_F(GridTest, WithTheKeyboardTheItemTheKeysActOnWearsTheFocusRing) {
       << "the keyboard gone, the ring goes";
 }
 
+TEST_F(GridTest, AfterAPickClearsTheSelectionTheKeysGoOnFromTheItemPicked) {
+  grid->addGroup(8, L"");
+  ASSERT_TRUE(grid->claimKbdFocus());
+  HeadlessInput::key(kKeyRight);
+  HeadlessInput::key(kKeyRight);
+  HeadlessInput::key(kKeyRight);
+  HeadlessInput::key(kKeyReturn);
+  ASSERT_EQ(picker->picked, std::vector<int>{2});
+  EXPECT_EQ(grid->getSelectedItem(), -1) << "the picker cleared it";
+  EXPECT_EQ(grid->keyboardItem(), 2) << "the ring stays on the item picked";
+  HeadlessInput::key(kKeyRight);
+  EXPECT_EQ(grid->getSelectedItem(), 3) << "the first arrow moves on from it";
+  grid->clearSelection();
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_EQ(picker->picked, (std::vector<int>{2, 3})) << "Return picks the item the ring is on";
+}
+
 TEST_F(GridTest, ClearingEmptiesTheGridForRefilling) {
   grid->addGroup(8, L"First");
   grid->setSelectedItem(2);
