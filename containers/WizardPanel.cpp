@@ -165,6 +165,14 @@ void WizardPanel::initButtons() {
   back_->setActive((!page_ || page_->canRetreat()) && current_ != getFirstActiveStage(), kRedrawNow);
 }
 
+int WizardPanel::handleKeyboardEvent(int key) {
+  if (key == kKeyReturn && next_ && next_->isActive()) {
+    next_->press();
+    return 1;
+  }
+  return StandardPanel::handleKeyboardEvent(key);
+}
+
 int WizardPanel::handleNextPressed(ButtonEvent const&) {
   // From the last stage the wizard finishes without asking the page: a page
   // that must check before finishing does so through canAdvance().

@@ -75,6 +75,9 @@ public:
   // A wizard with a close box is a dialogue the user may leave at any
   // stage: Escape closes it.
   bool closesOnEscape() const override { return (getStandardWidgets() & kPoot) != 0; }
+  // Return no widget used presses Next, the wizard's default button, while
+  // it is active.
+  int handleKeyboardEvent(int key) override;
 
   // The footer with the buttons lies under the user area.
   Zo::Box<int> getUserArea() const override;

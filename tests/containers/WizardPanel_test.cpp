@@ -3,6 +3,7 @@
 #include "containers/WizardTestStages.h"
 
 #include <zowidgets/host/base/ResourceStrings.h>
+#include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/values/ImageView.h>
 
 #include <vector>
@@ -326,6 +327,19 @@ TEST_F(WizardPanelTest, TabMovesFromNextToBack) {
   HeadlessInput::key(kKeyReturn);
   pump();
   EXPECT_EQ(wizard->getCurrentStage(), 1);
+}
+
+TEST_F(WizardPanelTest, ReturnOnATickBoxOfThePageGoesToTheNextStageAndLeavesTheBoxAlone) {
+  auto stages = makeStages(L"AB");
+  WizardPanel* wizard = openWizard(stages);
+  auto* box = wizard->getPage()->createWidget<Checkbox>(Checkbox::InitArgs(L"Make proxies first", XY<int>()),
+                                                        Glob::UserTopLeft(0, 0));
+  ASSERT_TRUE(box->claimKbdFocus());
+  HeadlessInput::key(' ');
+  ASSERT_TRUE(box->isChecked()) << "Space ticks";
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  EXPECT_EQ(wizard->getCurrentStage(), 1) << "Return is the wizard's Next";
 }
 
 TEST_F(WizardPanelTest, GoldenFirstAndLastStage) {

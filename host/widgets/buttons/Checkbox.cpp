@@ -58,6 +58,9 @@ void Checkbox::toggle() {
 int Checkbox::react(Event const& event) {
   if (!event.isMouse() && event.type != Event::kKeyDown)
     return Glob::react(event);
+  // Space ticks; Return is left to the panel, whose default action it is.
+  if (event.type == Event::kKeyDown && (event.key & ~kKeyModifierMask) == kKeyReturn)
+    return 0;
   PressTracker::Reaction const reaction = tracker_.react(event, getSize());
   if (reaction.lookChanged)
     invalidate(indicatorBox());

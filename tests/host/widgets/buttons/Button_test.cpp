@@ -468,6 +468,9 @@ TEST_F(ButtonTest, ACheckboxTogglesItsDataThroughItsAdaptor) {
   HeadlessInput::key(' ');
   EXPECT_FALSE(server.get());
   EXPECT_EQ(toggles.size(), 3u);
+  HeadlessInput::key(kKeyReturn);
+  EXPECT_EQ(toggles.size(), 3u) << "Return is left to the panel";
+  EXPECT_FALSE(server.get());
 }
 
 TEST_F(ButtonTest, TheCheckboxAppearanceComesFromTheTheme) {
