@@ -7,6 +7,7 @@
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 #include <zowidgets/host/widgets/lists/TreeView.h>
+#include <zowidgets/host/widgets/popups/DropDownHostBase.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/textentry/TextFilterWidget.h>
 #include <zowidgets/values/notify/UIThreadCallbackDupe.h>
@@ -306,7 +307,24 @@ int FontChooserPanel::handleTyping(TextBoxEvent const& event) {
   return 0;
 }
 
+int FontChooserPanel::handleKeyboardEvent(int key) {
+  if (key == kKeyDown && isParentedTo(get_kbd_focus(), filter_) && tree_->rowCount() > 0) {
+    tree_->claimKbdFocus();
+    if (tree_->getSelectedIndex() < 0)
+      tree_->handleKeyboardEvent(key);
+    return 1;
+  }
+  return StandardPanel::handleKeyboardEvent(key);
+}
+
 int FontChooserPanel::handleTreeEvent(TreeViewEvent const& event) {
+  // Return or Space on a family confirms it: a panel that dropped down
+  // closes, as after a click elsewhere.
+  if (event.type == TreeViewEvent::kActivated) {
+    if (auto* host = dynamic_cast<DropDownHostBase*>(getRootParent()); host && !host->isDetached())
+      host->dismiss();
+    return 0;
+  }
   if (event.type != TreeViewEvent::kSelection)
     return 0;
   FontItem const chosen = FontItem::fromID(event.id);

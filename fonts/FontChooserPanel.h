@@ -90,6 +90,9 @@ public:
   DropDownColourPickerButton* getBackgroundColourButton() const noexcept { return backgroundColour_; }
 
   void resize(double width, double height) override;
+  // Down in the filter goes on into the list, onto its first row when none
+  // is chosen.
+  int handleKeyboardEvent(int key) override;
 
 private:
   void addFilter();

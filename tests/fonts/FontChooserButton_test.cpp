@@ -102,6 +102,25 @@ TEST_F(FontChooserButtonTest, ThePanelOpensWithTheKeyboardInItsFilter) {
     EXPECT_EQ(item->name().str().rfind("Liberation M", 0), 0u) << item->name().str();
 }
 
+TEST_F(FontChooserButtonTest, DownLeadsFromTheFilterIntoTheListAndReturnConfirmsAndCloses) {
+  HeadlessInput::clickOn(*button);
+  pump();
+  FontChooserPanel* panel = button->getDropDownPanel();
+  ASSERT_NE(panel, nullptr);
+  HeadlessInput::typeText("liberation m");
+  pump();
+  std::vector<FontItem const*> const shown = panel->getShownItems();
+  ASSERT_FALSE(shown.empty());
+  HeadlessInput::key(kKeyDown);
+  pump();
+  EXPECT_TRUE(panel->getTree()->hasKbdFocus()) << "the keys went on into the list";
+  ASSERT_GE(panel->getTree()->getSelectedIndex(), 0);
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  EXPECT_EQ(button->getDropDownPanel(), nullptr) << "Return confirmed and closed";
+  EXPECT_EQ(button->getLabel().str().rfind(L"Liberation M", 0), 0u) << button->getLabel().str();
+}
+
 TEST_F(FontChooserButtonTest, TheWheelStepsThroughTheFamiliesWithoutOpeningThePanel) {
   std::vector<LightweightString<char>> const names = families();
   auto const at = std::find(names.begin(), names.end(), LightweightString<char>(kLiberationSans));
