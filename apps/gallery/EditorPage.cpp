@@ -127,7 +127,7 @@ Glob* buildEditorPage(PageContext const& context) {
   int const stripWidth = m.row * 6;
   int const dialSize = m.row * 3;
   // The reading under the dial is wider than the dial at three digits.
-  int const readingWidth = std::max(dialSize, UifStd::measure(UIString(L"Angle 360\u00b0")).x + m.gap);
+  int const readingWidth = std::max(dialSize, TextLabel::calcWidth(UIString(L"Angle 360\u00b0")) + m.gap);
   int const statusWidth = headWidth + stripWidth + readingWidth + 2 * m.gap;
   XY<int> const userArea(statusWidth + 2 * m.gap, headHeight + 3 * m.row + 4 * m.gap);
   StandardPanel* panel = openPageWindow(context, userArea, L"Editor widgets");
@@ -166,8 +166,9 @@ Glob* buildEditorPage(PageContext const& context) {
   IdStamp const angleStamp = EventHandler::stampOf(angleLabel);
   dial->addListener(Broadcaster<AngleControlEvent>::makeCallback([=](AngleControlEvent const& event) {
     if (EventHandler::valid(angleLabel, angleStamp))
+      // One reading per direction: 0 to 359, clockwise from the top.
       angleLabel->setString(UIString(LightweightString<wchar_t>(
-          L"Angle " + std::to_wstring(static_cast<int>(std::lround(event.angle))) + L"\u00b0")));
+          L"Angle " + std::to_wstring((static_cast<int>(std::lround(event.angle)) % 360 + 360) % 360) + L"\u00b0")));
   }));
 
   auto* glow =

@@ -7,6 +7,7 @@
 #include "PageWindows.h"
 
 #include <zowidgets/colour/HSColourWheel.h>
+#include <zowidgets/editor/AngleIndicatorWidget.h>
 #include <zowidgets/export/CompressionWidget.h>
 #include <zowidgets/hints/HintWindow.h>
 #include <zowidgets/host/drawing/TextLayout.h>
@@ -248,6 +249,22 @@ TEST_F(GalleryTest, TheEditListKeepsOnlyTimecodesInItsTimecodeColumnsAndSaysWhy)
   HeadlessInput::key(kKeyReturn);
   settleWindows();
   EXPECT_EQ(cell(), before);
+}
+
+TEST_F(GalleryTest, TheEditorPagesAngleReadingIsOneNumberPerDirectionAndShowsWhole) {
+  Glob& page = openedPage("editor");
+  std::vector<AngleControl*> const dials = widgetsIn<AngleControl>(page);
+  ASSERT_EQ(dials.size(), 1u);
+  TextLabel* reading = nullptr;
+  for (TextLabel* label : widgetsIn<TextLabel>(page))
+    if (label->getString().getString().str().rfind(L"Angle ", 0) == 0)
+      reading = label;
+  ASSERT_NE(reading, nullptr);
+  dials[0]->setAngle(AngleIndicatorWidget::kDragMove, -177.0);
+  EXPECT_EQ(reading->getString().getString().str(), L"Angle 183\u00b0") << "the same direction as 183";
+  dials[0]->setAngle(AngleIndicatorWidget::kDragMove, -8.0);
+  EXPECT_EQ(reading->getString().getString().str(), L"Angle 352\u00b0");
+  EXPECT_GE(reading->width(), TextLabel::calcWidth(UIString(L"Angle 359\u00b0"))) << "the widest reading shows whole";
 }
 
 TEST_F(GalleryTest, TheEditListSortsNamesWithNumbersAsPeopleReadThem) {
