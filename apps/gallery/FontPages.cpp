@@ -31,9 +31,10 @@ Glob* buildFontButtonPage(PageContext const& context) {
   PageMetrics const m = PageMetrics::current();
   int const width = m.row * 14;
   StandardPanel* window =
-      openPageWindow(context, XY<int>(width + 2 * m.gap, 2 * m.row + m.rowGap + 2 * m.gap), L"Font button");
+      openPageWindow(context, XY<int>(width + 2 * m.gap, 2 * m.row + m.rowGap + 2 * m.gap), L"Font chooser button");
   TextLabel::InitArgs labelArgs(XY<int>(width, m.row));
-  labelArgs.text = asString(titleFont().get());
+  // The font as the library stores it: its text form, labelled so.
+  labelArgs.text = L"Stored as " + asString(titleFont().get());
   auto* label = window->createWidget<TextLabel>(labelArgs, Glob::UserBottomLeft(m.gap, m.gap));
 
   TitledFontChooserButton::InitArgs args(UIString(L"Title font"), XY<int>(width, m.row),
@@ -44,7 +45,7 @@ Glob* buildFontButtonPage(PageContext const& context) {
   titled->getChild()->setClientCallback(
       Zo::Ptr<iCallbackBase<int, NotifyMsg>>(new FunctionCallback<NotifyMsg>([label](NotifyMsg const& message) {
         if (auto const* event = dynamic_cast<FontChooserButton::Event const*>(message.data().get()))
-          label->setString(UIString(asString(event->font)));
+          label->setString(UIString(L"Stored as " + asString(event->font)));
         return 0;
       })));
   return window;
