@@ -74,7 +74,15 @@ public:
     auto* track = static_cast<TrackButton*>(event.sourceWidget);
     if (event.message.view().starts_with("TrackBtnResize")) {
       TrackButton::ResizeParams const request(event.message);
-      int const height = std::clamp(request.requestedHeight(), minimumTrackHeight(), 4 * UifStd::getRowHeight());
+      // No taller than the head leaves room for: the tracks below stay in
+      // sight, as the head does not scroll.
+      int others = 0;
+      for (Glob* child : getChildren())
+        if (child != track && child->isType("TrackButton"))
+          others += child->height() + 1;
+      int const room = std::max(minimumTrackHeight(), height() - others);
+      int const height =
+          std::clamp(request.requestedHeight(), minimumTrackHeight(), std::min(4 * UifStd::getRowHeight(), room));
       track->resize(track->width(), height);
       report(L"Track " + track->getDisplayString().str() + L" is " + std::to_wstring(height) + L" pixels high");
       return 1;

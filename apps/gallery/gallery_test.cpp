@@ -8,6 +8,7 @@
 
 #include <zowidgets/colour/HSColourWheel.h>
 #include <zowidgets/editor/AngleIndicatorWidget.h>
+#include <zowidgets/editor/TrackButton.h>
 #include <zowidgets/export/CompressionWidget.h>
 #include <zowidgets/hints/HintWindow.h>
 #include <zowidgets/host/drawing/TextLayout.h>
@@ -278,6 +279,21 @@ TEST_F(GalleryTest, TheEditorPagesAngleReadingIsOneNumberPerDirectionAndShowsWho
   dials[0]->setAngle(AngleIndicatorWidget::kDragMove, -8.0);
   EXPECT_EQ(reading->getString().getString().str(), L"Angle 352\u00b0");
   EXPECT_GE(reading->width(), TextLabel::calcWidth(UIString(L"Angle 359\u00b0"))) << "the widest reading shows whole";
+}
+
+TEST_F(GalleryTest, TheEditorPagesTracksCannotBeResizedOutOfSight) {
+  Glob& page = openedPage("editor");
+  std::vector<TrackButton*> const tracks = widgetsIn<TrackButton>(page);
+  ASSERT_EQ(tracks.size(), 4u);
+  TrackButton& v1 = *tracks[1];
+  Glob const& head = *v1.parent();
+  XY<int> const edge = HeadlessInput::pointOn(v1, XY<int>(v1.width() / 2, 1));
+  HeadlessInput::drag(edge, edge - XY<int>(0, 400)); // down: screen y runs upwards
+  settleWindows();
+  EXPECT_GT(v1.height(), UifStd::getRowHeight()) << "the track grew";
+  for (TrackButton const* track : tracks)
+    EXPECT_GE(track->getY(), 0) << "every track stays inside the head, " << track->getDisplayString().str();
+  EXPECT_LE(tracks.front()->getY() + tracks.front()->height(), head.height());
 }
 
 TEST_F(GalleryTest, TheEditListSortsNamesWithNumbersAsPeopleReadThem) {
