@@ -29,7 +29,8 @@ Glob* buildFontChooserPage(PageContext const& context) {
 
 Glob* buildFontButtonPage(PageContext const& context) {
   PageMetrics const m = PageMetrics::current();
-  int const width = m.row * 14;
+  // Wide enough for the stored form of a long family name.
+  int const width = m.row * 20;
   StandardPanel* window =
       openPageWindow(context, XY<int>(width + 2 * m.gap, 2 * m.row + m.rowGap + 2 * m.gap), L"Font chooser button");
   TextLabel::InitArgs labelArgs(XY<int>(width, m.row));
