@@ -64,7 +64,11 @@ TextSearchWidget::TextSearchWidget(InitArgs const& args)
 
 void TextSearchWidget::setString(LightweightString<wchar_t> const& text) {
   textBox_->setString(text);
-  button_->setActive(alwaysEnabled_ || !text.empty(), kNoRedraw);
+  bool const active = alwaysEnabled_ || !text.empty();
+  // The face goes with the state, as when typing changes it: an emptied
+  // box's button kept the blue of an active one.
+  button_->setFaceColour(active ? getPalette().doIt() : Colour::invalid(), kNoRedraw);
+  button_->setActive(active, kNoRedraw);
 }
 
 LightweightString<wchar_t> TextSearchWidget::getString() const { return textBox_->getString(); }

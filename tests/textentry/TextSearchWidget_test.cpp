@@ -1,3 +1,4 @@
+#include "host/drawing/DrawingTestSupport.h"
 #include "support/MessageLog.h"
 #include "support/WidgetTestSupport.h"
 
@@ -242,10 +243,18 @@ TEST_F(TextSearchWidgetTest, PressingTheClearButtonEmptiesTheBoxReportsTheEmptyF
   auto* filter = make<TextFilterWidget>();
   listenTo(*filter);
   HeadlessInput::clickOn(*filter->getTextBox());
+  HeadlessInput::moveTo(XY<int>(0, 0));
+  pump();
+  Zo::Image::Surface const empty = screen().grab(screenBoxOf(*filter->getButton()));
+  HeadlessInput::clickOn(*filter->getTextBox());
   HeadlessInput::typeText("dog");
   HeadlessInput::key(kKeyReturn);
   ASSERT_EQ(filter->getIconName().str(), "poot.png");
   HeadlessInput::clickOn(*filter->getButton());
+  HeadlessInput::moveTo(XY<int>(0, 0));
+  pump();
+  EXPECT_TRUE(samePixels(screen().grab(screenBoxOf(*filter->getButton())), empty))
+      << "the button is drawn as it was before anything was typed";
   EXPECT_EQ(filter->getString().str(), L"");
   EXPECT_EQ(searches, (std::vector<std::wstring>{L"dog", L""})) << "the filter's end is reported";
   EXPECT_EQ(filter->getIconName().str(), "magnify.png");
