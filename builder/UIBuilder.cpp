@@ -37,7 +37,7 @@ private:
   Glob* panel_;
 };
 
-template <class T> bool is(Zo::Ptr<iParam> const& param) { return dynamic_cast<T*>(param.get()) != nullptr; }
+template <class T> bool is(Zo::Ptr<iParam> const& param) { return Zo::cachedDynamicCast<T>(param.get()) != nullptr; }
 
 enum class RowKind : unsigned char {
   kNone,

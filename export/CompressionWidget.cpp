@@ -60,10 +60,19 @@ void CompressionWidget::createCompressionSpecificWidgets() {
   UIBuilder builder(this);
   builder.setStartPosition(Below(UifStd::getRowGap(), formatButton_));
   builtParams_ = builder.build(params_, options);
-  // The options now hold every value, the defaults included.
-  builtParams_->saveState(options);
   builtParams_->addListener(Zo::Ptr<iCallbackBase<int, NotifyMsg>>(
       new MethodCallback<CompressionWidget, NotifyMsg, int>(this, &CompressionWidget::handleParameterChange)));
+}
+
+VideoCompressionInfo CompressionWidget::getVideoCompressionInfo() const {
+  VideoCompressionInfo info = info_;
+  // Written out when asked rather than at every build: the rows of a format
+  // set by the program hold only the stored values and the defaults.
+  if (!params_.empty()) {
+    info.compression.options.clear();
+    GenericParam::saveState(params_, info.compression.options);
+  }
+  return info;
 }
 
 void CompressionWidget::handleCompressionChange() {

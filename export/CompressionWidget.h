@@ -34,7 +34,8 @@ public:
   // options dropped; no listener is told, as for any value set by the
   // program, and getVideoCompressionInfo() answers the replacement.
   void setCompressionFormat(VideoCompressionInfo const& info, VectorExt<Zo::Image::Format> const& formats);
-  VideoCompressionInfo getVideoCompressionInfo() const { return info_; }
+  // The options hold every row's value, the defaults included.
+  VideoCompressionInfo getVideoCompressionInfo() const;
   void setFileType(LightweightString<char> const& fileType) { fileType_ = fileType; }
   LightweightString<char> const& getFileType() const noexcept { return fileType_; }
   void setListener(Zo::Ptr<iCallbackBase<int, NotifyMsg>> const& listener) { listener_ = listener; }

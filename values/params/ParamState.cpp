@@ -50,6 +50,8 @@ void restoreState(ParamList& params, configb const& state) {
 }
 
 int validateState(ParamList const& params, configb& state) {
+  if (state.size() == 0 && state.children().empty())
+    return 0;
   IdSet keep;
   forEachStateful(params, [&](iParam& param) {
     LightweightString<char> id = param.getID();
