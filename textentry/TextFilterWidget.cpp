@@ -52,8 +52,6 @@ void TextFilterWidget::handleSearchPressed() {
     // goes back to the box for the next filter.
     getTextBox()->claimKbdFocus();
     requestStartSearch();
-    // setString changes the button's icon and state without drawing them.
-    getButton()->invalidate();
   } else {
     TextSearchWidget::handleSearchPressed();
   }
