@@ -138,7 +138,8 @@ FontChooserPanel::FontChooserPanel(InitArgs const& args)
   addFooter();
   orderTabStops();
   watchFont(font_);
-  showFont(font_->get());
+  openingFont_ = font_->get();
+  showFont(openingFont_);
 }
 
 FontChooserPanel::~FontChooserPanel() {
@@ -335,6 +336,15 @@ int FontChooserPanel::handleTreeEvent(TreeViewEvent const& event) {
   fontChosen_ = true;
   setFont(font);
   return 0;
+}
+
+int FontChooserPanel::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {
+  if (message != DropDownHostBase::kEscapedMsg)
+    return StandardPanel::handleMessageEvent(message, sender);
+  fontChosen_ = false;
+  if (!(font_->get() == openingFont_))
+    setFont(openingFont_);
+  return 1;
 }
 
 void FontChooserPanel::setFont(FontDefinition const& font) { setFontWithNotices(*font_, font); }

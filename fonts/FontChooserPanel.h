@@ -93,6 +93,9 @@ public:
   // Down in the filter goes on into the list, onto its first row when none
   // is chosen.
   int handleKeyboardEvent(int key) override;
+  // Escape on the drop-down takes back what was tried in the panel: the
+  // font is as it was when the panel opened, and joins no recent list.
+  int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override;
 
 private:
   void addFilter();
@@ -123,6 +126,7 @@ private:
   // Used when the caller gives no value, and once the caller's value has gone.
   ValServer<FontDefinition> ownFont_;
   ValServer<FontDefinition>* font_;
+  FontDefinition openingFont_;
   Zo::Ptr<Zo::Guard> fontGuard_;
   RecentFonts recent_;
   std::shared_ptr<std::vector<FontItem> const> installedItems_;

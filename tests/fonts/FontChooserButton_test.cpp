@@ -87,6 +87,36 @@ TEST_F(FontChooserButtonTest, AClickOpensThePanelOnTheFontAndAChoiceComesBackToT
   EXPECT_EQ(prefs().getPreference(kRecentKey, L""), WString(L"Liberation Mono"));
 }
 
+TEST_F(FontChooserButtonTest, EscapeTakesBackTheFamiliesTriedAndRecordsNoRecentFont) {
+  FontDefinition const opening = button->getSelectedFont();
+  HeadlessInput::clickOn(*button);
+  pump();
+  FontChooserPanel* panel = button->getDropDownPanel();
+  ASSERT_NE(panel, nullptr);
+  typeFilter(*panel, "liberation m");
+  ASSERT_TRUE(clickFamily(*panel, kLiberationMono));
+  pump();
+  ASSERT_EQ(button->getSelectedFont().name, WString(L"Liberation Mono"));
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_EQ(button->getDropDownPanel(), nullptr);
+  EXPECT_EQ(button->getSelectedFont(), opening);
+  EXPECT_EQ(button->getLabel(), WString(L"Liberation Sans"));
+  ASSERT_EQ(messages.size(), 2u) << "the listener hears the family tried and the one restored";
+  EXPECT_EQ(fontIn(messages[1]), opening);
+  EXPECT_EQ(prefs().getPreference(kRecentKey, L""), WString(L""));
+}
+
+TEST_F(FontChooserButtonTest, EscapeWithNothingTriedTellsNoOne) {
+  HeadlessInput::clickOn(*button);
+  pump();
+  ASSERT_NE(button->getDropDownPanel(), nullptr);
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_EQ(button->getDropDownPanel(), nullptr);
+  EXPECT_TRUE(messages.empty());
+}
+
 TEST_F(FontChooserButtonTest, ThePanelOpensWithTheKeyboardInItsFilter) {
   HeadlessInput::clickOn(*button);
   pump();

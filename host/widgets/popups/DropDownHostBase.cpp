@@ -7,9 +7,11 @@
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/panels/StandardPanel.h>
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 DropDownHostBase::DropDownHostBase(InitArgs const& args)
     : TipWindowBase(args), owner_(args.owner), title_(args.title), eventCallback_(args.eventCallback),
@@ -211,6 +213,9 @@ int DropDownHostBase::intercept(::Event const& event) {
   if (closing_ || detached_)
     return 0;
   if (event.type == ::Event::kKeyDown && (event.key & ~kKeyModifierMask) == kKeyEscape) {
+    for (Glob* child : std::vector<Glob*>(getChildren()))
+      if (auto* panel = dynamic_cast<StandardPanel*>(child))
+        panel->handleMessageEvent(kEscapedMsg, this);
     dismiss();
     return 1;
   }

@@ -19,6 +19,10 @@
 class ZO_API DropDownHostBase : public TipWindowBase {
 public:
   static constexpr char const* kEventMsg = "DropDownHostEvent";
+  // Sent to the panels in the host, through handleMessageEvent, when Escape
+  // closes it: a panel that changes a value as the user tries things may
+  // take the changes back.
+  static constexpr char const* kEscapedMsg = "DropDownEscaped";
 
   struct ZO_API Event : iObject {
     enum eKind : int {

@@ -171,6 +171,40 @@ TEST_F(DropDownHostBaseTest, APressOutsideDismissesItAndTheOwnerHearsTwice) {
   EXPECT_EQ(events.kinds, (std::vector<int>{DropDownHostBase::Event::kDismissed, DropDownHostBase::Event::kClosed}));
 }
 
+// A panel that counts the messages it is sent.
+struct MessageCountingPanel : StandardPanel {
+  using StandardPanel::StandardPanel;
+  int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override {
+    heard.push_back(message.str());
+    senders.push_back(sender);
+    return 1;
+  }
+  std::vector<std::string> heard;
+  std::vector<Glob*> senders;
+};
+
+TEST_F(DropDownHostBaseTest, EscapeTellsThePanelInsideBeforeClosingAndAPressOutsideDoesNot) {
+  StandardPanel* owner = openPanel(XY<int>(200, 40), XY<int>(400, 400));
+  for (bool byEscape : {true, false}) {
+    DropDownHostBase* host = openHost(owner);
+    auto* panel = new MessageCountingPanel(StandardPanel::InitArgs(XY<int>(50, 50)));
+    host->addChild(panel, Glob::UserBottomLeft(0, 0));
+    events.kinds.clear();
+    if (byEscape)
+      HeadlessInput::key(kKeyEscape);
+    else
+      HeadlessInput::click(XY<int>(50, 50));
+    EXPECT_EQ(events.kinds, std::vector<int>{DropDownHostBase::Event::kDismissed});
+    if (byEscape) {
+      EXPECT_EQ(panel->heard, std::vector<std::string>{DropDownHostBase::kEscapedMsg});
+      EXPECT_EQ(panel->senders, std::vector<Glob*>{host});
+    } else {
+      EXPECT_TRUE(panel->heard.empty());
+    }
+    pump();
+  }
+}
+
 TEST_F(DropDownHostBaseTest, PressesInsideAndOnTheOwnerLeaveItOpen) {
   StandardPanel* owner = openPanel(XY<int>(200, 40), XY<int>(400, 400));
   DropDownHostBase* host = openHost(owner);
