@@ -16,8 +16,8 @@ bool equalIgnoringCase(LightweightString<wchar_t> const& a, LightweightString<wc
 } // namespace
 
 fo_bool::fo_bool(unsigned short width, unsigned short height, int index, LightweightString<wchar_t> const& prompt,
-                 bool value)
-    : fo_eleme(width, height, kFormBool, index, prompt, kDefaultPromptFraction, nullptr), value(value) {}
+                 bool value, double promptFraction)
+    : fo_eleme(width, height, kFormBool, index, prompt, promptFraction, nullptr), value(value) {}
 
 void fo_bool::m_post_init() {
   fo_eleme::m_post_init();

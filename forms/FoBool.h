@@ -11,7 +11,10 @@ class ZO_API fo_bool : public fo_eleme {
 public:
   static constexpr int kYesResource = 10000;
 
-  fo_bool(unsigned short width, unsigned short height, int index, LightweightString<wchar_t> const& prompt, bool value);
+  // The prompt takes the default fraction unless given another, so that the
+  // box can line up with the fields of the elements around it.
+  fo_bool(unsigned short width, unsigned short height, int index, LightweightString<wchar_t> const& prompt, bool value,
+          double promptFraction = kDefaultPromptFraction);
   char const* idstring() const override { return "fo_bool"; }
 
   // 1 ticked, 0 not: how an owner reads the box without waiting for a report.

@@ -47,7 +47,7 @@ Glob* buildFormsPage(PageContext const& context) {
   auto const h = static_cast<unsigned short>(element.y);
   sheet->m_add_element(new fo_entry(w, h, 0, L"Clip name", 40, kPromptFraction), 0);
   sheet->m_add_element(new fo_path(w, h, 1, L"Folder", 128, kPromptFraction), 0);
-  sheet->m_add_element(new fo_bool(w, h, 2, L"Loop playback", true), 0);
+  sheet->m_add_element(new fo_bool(w, h, 2, L"Loop playback", true, kPromptFraction), 0);
   sheet->m_add_element(
       new fo_cycle(w, h, 3, UIString(L"Frame rate"), {L"23.976", L"24", L"25", L"29.97", L"30"}, kPromptFraction), 0);
   sheet->m_add_element(new fo_v_int(w, h, 4, L"Handles (frames)", 0, 99, kPromptFraction), 0);

@@ -2,6 +2,7 @@
 
 #include <zowidgets/forms/FoBool.h>
 #include <zowidgets/forms/FoCycle.h>
+#include <zowidgets/forms/FoEntry.h>
 #include <zowidgets/forms/FoPath.h>
 #include <zowidgets/forms/FoVDbl.h>
 #include <zowidgets/forms/FoVInt.h>
@@ -29,6 +30,18 @@ TEST_F(FormElements, ABoolIsTickedByAClickAndReadAsAChoiceState) {
   EXPECT_TRUE(tick->getCheckbox()->isChecked());
   EXPECT_EQ(sheet->m_get_element_choice_state(0), 1);
   EXPECT_EQ(received(), (Messages{"FormUp 000 Yes"}));
+}
+
+TEST_F(FormElements, ABoolGivenAPromptFractionPutsItsBoxInLineWithTheFieldsOfThatFraction) {
+  auto* entry = new fo_entry(width(), height(), 0, L"Name", 40, 0.4);
+  auto* tick = new fo_bool(width(), height(), 1, L"Loop", false, 0.4);
+  auto* standard = new fo_bool(width(), height(), 2, L"Repeat", false);
+  openForm({entry, tick, standard});
+  EXPECT_DOUBLE_EQ(tick->getPromptFraction(), 0.4);
+  EXPECT_DOUBLE_EQ(standard->getPromptFraction(), fo_bool::kDefaultPromptFraction);
+  int const fieldLeft = entry->getTextBox()->screenPosition().x;
+  EXPECT_EQ(tick->getCheckbox()->screenPosition().x, fieldLeft);
+  EXPECT_GT(standard->getCheckbox()->screenPosition().x, fieldLeft);
 }
 
 TEST_F(FormElements, ABoolsEntryTicksOnTheYesTextInAnyCase) {
