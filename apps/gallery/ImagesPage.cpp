@@ -16,6 +16,8 @@
 #include <zowidgets/images/ImageRegionSelectionView.h>
 #include <zowidgets/images/ImageThumbnailBrowser.h>
 
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <string>
 
@@ -59,18 +61,34 @@ LightweightString<wchar_t> alphaSample() {
   return LightweightString<wchar_t>::fromUTF8(path);
 }
 
+// The view stretches its picture over its user area: shaped like the
+// picture, as large as the room allows, the picture keeps its shape.
+XY<int> viewShapedLike(Zo::Image::Surface const& picture, XY<int> room) {
+  if (picture.empty())
+    return room;
+  XY<int> const frame = StandardPanel::calcPanelSize(XY<int>(0, 0), 0, GlobCreationInfo(room).border);
+  double const scale = std::min(static_cast<double>(room.x - frame.x) / picture.width(),
+                                static_cast<double>(room.y - frame.y) / picture.height());
+  return XY<int>(frame.x + static_cast<int>(std::lround(picture.width() * scale)),
+                 frame.y + static_cast<int>(std::lround(picture.height() * scale)));
+}
+
 Glob* buildImagesPage(PageContext const& context) {
   PageMetrics const m = PageMetrics::current();
-  XY<int> const regionSize(m.row * 10, m.row * 6);
-  XY<int> const browserSize(m.row * 8, regionSize.y);
-  StandardPanel* panel = openPageWindow(
-      context, XY<int>(regionSize.x + browserSize.x + 3 * m.gap, regionSize.y + 2 * m.row + 4 * m.gap), L"Image tools");
-
-  ImageRegionSelectionView::InitArgs regionArgs{GlobCreationInfo(regionSize)};
-  auto* region = panel->createWidget<ImageRegionSelectionView>(regionArgs, Glob::UserTopLeft(m.gap, m.gap));
   // Loaded at a size of its own, not the view's: the region is in the
   // picture's pixels, the same at any interface scale.
-  region->setImage(ZoImage::Loader::loadImage(kWallpaper, XY<int>(640, 384)));
+  Zo::Image::Surface const wallpaper = ZoImage::Loader::loadImage(kWallpaper, XY<int>(640, 384));
+  XY<int> const room(m.row * 10, m.row * 6);
+  XY<int> const regionSize = viewShapedLike(wallpaper, room);
+  XY<int> const browserSize(m.row * 8, room.y);
+  StandardPanel* panel = openPageWindow(
+      context, XY<int>(room.x + browserSize.x + 3 * m.gap, room.y + 2 * m.row + 4 * m.gap), L"Image tools");
+
+  ImageRegionSelectionView::InitArgs regionArgs{GlobCreationInfo(regionSize)};
+  // In the middle of the room kept for it.
+  auto* region = panel->createWidget<ImageRegionSelectionView>(
+      regionArgs, Glob::UserTopLeft(m.gap + (room.x - regionSize.x) / 2, m.gap + (room.y - regionSize.y) / 2));
+  region->setImage(wallpaper);
   // Half the picture's width at 16:9, in its middle.
   XY<int> const picture = region->getImageSize();
   XY<int> const marked(picture.x / 2, picture.x * 9 / 32);
@@ -82,13 +100,13 @@ Glob* buildImagesPage(PageContext const& context) {
 
   ImageThumbnailBrowser::InitArgs browserArgs{GlobCreationInfo(browserSize)};
   browserArgs.lineHeight = static_cast<unsigned short>(m.row * 2);
-  auto* browser = panel->createWidget<ImageThumbnailBrowser>(browserArgs, Glob::RightOf(m.gap, region));
+  auto* browser = panel->createWidget<ImageThumbnailBrowser>(browserArgs, Glob::UserTopLeft(room.x + 2 * m.gap, m.gap));
   browser->setPath(kWallpaperFolder);
 
-  TextLabel::InitArgs regionLabelArgs(XY<int>(regionSize.x, m.row));
+  TextLabel::InitArgs regionLabelArgs(XY<int>(room.x, m.row));
   regionLabelArgs.text = describe(region->getRegion());
-  auto* regionLabel = panel->createWidget<TextLabel>(regionLabelArgs, Glob::Below(m.gap, region));
-  TextLabel::InitArgs fileLabelArgs(XY<int>(regionSize.x + browserSize.x + m.gap, m.row));
+  auto* regionLabel = panel->createWidget<TextLabel>(regionLabelArgs, Glob::UserTopLeft(m.gap, room.y + 2 * m.gap));
+  TextLabel::InitArgs fileLabelArgs(XY<int>(room.x + browserSize.x + m.gap, m.row));
   fileLabelArgs.text = L"No picture selected";
   auto* fileLabel = panel->createWidget<TextLabel>(fileLabelArgs, Glob::Below(m.gap, regionLabel));
 

@@ -836,6 +836,24 @@ TEST_F(GalleryTest, TheImagesPagesRegionStopsAtItsMinimumWidthWhenItsLeftCornerI
   EXPECT_LT(region.y0, region.y1);
 }
 
+TEST_F(GalleryTest, TheImagesPagesViewIsShapedLikeItsPictureSoTheRegionKeepsItsShapeOnTheScreen) {
+  std::vector<ImageRegionSelectionView*> const views = widgetsOfPage<ImageRegionSelectionView>("images");
+  ASSERT_EQ(views.size(), 1u);
+  ImageRegionSelectionView& view = *views.front();
+  XY<int> const picture = view.getImageSize();
+  ASSERT_GT(picture.x, 0);
+  ASSERT_GT(picture.y, 0);
+  Zo::Box<int> const user = view.getUserArea();
+  double const pictureShape = static_cast<double>(picture.x) / picture.y;
+  double const userShape = static_cast<double>(user.width()) / user.height();
+  EXPECT_NEAR(userShape, pictureShape, 0.02 * pictureShape);
+  Zo::Box<int> const region = view.getRegion();
+  Zo::Box<int> const wire = view.getWireframeArea();
+  EXPECT_NEAR(static_cast<double>(wire.width()) / wire.height(), static_cast<double>(region.width()) / region.height(),
+              0.05)
+      << "a 16:9 region is drawn 16:9";
+}
+
 TEST_F(GalleryTest, TheColourPagesWheelFollowsAPureHueTypedInTheHexBox) {
   Glob& page = openedPage("colour");
   settleWindows();
