@@ -7,7 +7,7 @@ namespace {
 
 // Symbolic icons only: they are single-colour SVGs, so they take the
 // palette's text colour and stay sharp at any scale.
-constexpr std::array<IconName, 13> kIconNames{{
+constexpr std::array<IconName, 14> kIconNames{{
     {"eye-open.png", "view-reveal-symbolic"},
     {"eye-closed.png", "view-conceal-symbolic"},
     {"magnify.png", "system-search-symbolic"},
@@ -21,6 +21,7 @@ constexpr std::array<IconName, 13> kIconNames{{
     {"poot.png", "window-close-symbolic"},
     {"eyedropper.png", "color-select-symbolic"},
     {"ParamView.png", "emblem-system-symbolic"},
+    {"folder-up.png", "go-up-symbolic"},
 }};
 
 } // namespace

@@ -7,7 +7,9 @@
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/shell/FolderWatcher.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/lists/TableWidget.h>
+#include <zowidgets/host/widgets/popups/Tooltip.h>
 #include <zowidgets/host/widgets/text/TextBox.h>
 #include <zowidgets/host/widgets/text/TextLabel.h>
 
@@ -184,6 +186,16 @@ void FileBrowserBase::init(InitArgs const& args, unsigned options) {
       if (event.kind == TextBoxEvent::kReturnPressed && !openPath(event.text))
         showError(L"No such folder or file: " + event.text);
     }));
+    // The way up for the pointer, as Backspace is for the keys.
+    if (options_ & kNavigate) {
+      int const side = UifStd::getRowHeight();
+      parentButton_ = createWidget<Button>(Button::InitArgs(UIString(), XY<int>(side, side)), UserTopLeft(0, 0));
+      parentButton_->setName("parent");
+      parentButton_->setIconName("folder-up.png", kNoRedraw);
+      parentButton_->setTextColour(getPalette().text(0), kNoRedraw);
+      parentButton_->setContextString(TooltipDetails(UIString(L"Parent folder")));
+      parentButton_->setCallback(Broadcaster<ButtonEvent>::makeCallback([this](ButtonEvent const&) { goToParent(); }));
+    }
   }
   TableWidget::InitArgs tableArgs(
       GlobCreationInfo(static_cast<unsigned short>(area.width()), static_cast<unsigned short>(area.height())));
@@ -219,8 +231,13 @@ void FileBrowserBase::layout() {
   Zo::Box<int> const area = getUserArea();
   int top = area.y1;
   if (pathBox_) {
+    int boxWidth = area.width();
+    if (parentButton_) {
+      boxWidth = std::max(0, boxWidth - parentButton_->width() - UifStd::getWidgetGap());
+      parentButton_->setPosition(XY<int>(area.x1 - parentButton_->width(), top - parentButton_->height()));
+    }
     pathBox_->setPosition(XY<int>(area.x0, top - pathBox_->height()));
-    pathBox_->resize(area.width(), pathBox_->height());
+    pathBox_->resize(boxWidth, pathBox_->height());
     top -= pathBox_->height() + UifStd::getRowGap();
   }
   int const tableHeight = std::max(UifStd::getRowHeight(), top - area.y0);
@@ -245,6 +262,8 @@ bool FileBrowserBase::setFolder(LightweightString<wchar_t> const& folder) {
   folder_ = wide(path);
   if (pathBox_)
     pathBox_->setString(folder_);
+  if (parentButton_)
+    parentButton_->setActive(folder_ != L"/", kRedrawNow);
   typed_.clear();
   currentPicked_ = false;
   watcher_ = std::make_unique<FolderWatcher>(path, [this] { folderChangedOnDisk(); });

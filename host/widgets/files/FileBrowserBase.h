@@ -8,6 +8,7 @@
 #include <memory>
 #include <vector>
 
+class Button;
 class FileBrowserBase;
 class FolderWatcher;
 class TableWidget;
@@ -31,7 +32,8 @@ struct ZO_API FileBrowserEvent {
 // extension filters and hidden files on request.
 //
 // A double click or Return on a folder opens it, on a file chooses it;
-// Backspace or Alt+Up goes to the parent; typing the start of a name makes
+// Backspace, Alt+Up or the button beside the path box goes to the parent
+// (the button is inactive at the root); typing the start of a name makes
 // that entry current; a path typed or pasted into the path box and confirmed
 // with Return is opened (a file's path opens its folder with the file
 // current). The folder is watched: names that appear or go show at once. A
@@ -116,6 +118,8 @@ public:
 
   TableWidget* getTable() const noexcept { return table_; }
   TextBoxBase* getPathBox() const noexcept { return pathBox_; }
+  // Beside the path box of a browser that navigates; null otherwise.
+  Button* getParentButton() const noexcept { return parentButton_; }
   TextLabel* getMessageLabel() const noexcept { return messageLabel_; }
 
   void resize(double width, double height) override;
@@ -163,5 +167,6 @@ private:
   std::unique_ptr<Listing> listing_;
   TableWidget* table_ = nullptr;
   TextBoxBase* pathBox_ = nullptr;
+  Button* parentButton_ = nullptr;
   TextLabel* messageLabel_ = nullptr;
 };

@@ -97,6 +97,27 @@ TEST_F(FileBrowserTest, ReturnOpensTheCurrentFolderAndBackspaceGoesBackToIt) {
   EXPECT_EQ(currentName(), "folder 2") << "the folder just left is current";
 }
 
+TEST_F(FileBrowserTest, TheButtonBesideThePathBoxGoesUpAndRestsAtTheRoot) {
+  open();
+  Button* up = browser->getParentButton();
+  ASSERT_NE(up, nullptr);
+  Glob const& box = *browser->getPathBox();
+  EXPECT_LE(box.screenPosition().x + box.width(), up->screenPosition().x) << "beside the path box, not over it";
+  EXPECT_EQ(box.screenPosition().y, up->screenPosition().y);
+  EXPECT_FALSE(up->getTooltip().getString().empty());
+  browser->setFolder(tree.wide("folder 2"));
+  HeadlessInput::clickOn(*up);
+  pump();
+  EXPECT_EQ(browser->getFolder(), tree.wide());
+  EXPECT_EQ(currentName(), "folder 2") << "the folder just left is current";
+  EXPECT_TRUE(up->isActive());
+  browser->setFolder(L"/");
+  EXPECT_FALSE(up->isActive()) << "nothing above the root";
+  HeadlessInput::clickOn(*up);
+  pump();
+  EXPECT_EQ(browser->getFolder(), LightweightString<wchar_t>(L"/"));
+}
+
 TEST_F(FileBrowserTest, HomeAndEndGoToTheFirstAndLastEntries) {
   open();
   HeadlessInput::click(pointOnRow(2));
