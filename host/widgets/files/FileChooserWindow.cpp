@@ -11,6 +11,14 @@ FileChooserWindow::FileChooserWindow(InitArgs const& args)
   chooseButton_ = createWidget<Button>(chooseArgs, UserBottomRight(0, 0));
   chooseButton_->setName("choose");
   chooseButton_->setCallback(Broadcaster<ButtonEvent>::makeCallback([this](ButtonEvent const&) { handleDoIt(); }));
+  // Made after "Choose", so that Tab from the list reaches "Choose" first.
+  cancelButton_ = createWidget<Button>(Button::InitArgs(UIString(L"Cancel"), XY<int>(5 * row, row)),
+                                       LeftOf(UifStd::getWidgetGap(), chooseButton_));
+  cancelButton_->setName("cancel");
+  cancelButton_->setCallback(Broadcaster<ButtonEvent>::makeCallback([this](ButtonEvent const&) {
+    if (!GlobManager::isDeletionPending(this))
+      GlobManager::requestDeletion(this);
+  }));
   FileBrowserBase::InitArgs browserArgs = args.browser;
   browserArgs.size = XY<int>(area.width(), std::max(row, area.height() - row - UifStd::getRowGap()));
   browserArgs.setParent(this);
@@ -77,6 +85,8 @@ void FileChooserWindow::resize(double width, double height) {
     Zo::Box<int> const area = getUserArea();
     int const buttonRoom = chooseButton_->height() + UifStd::getRowGap();
     chooseButton_->setPosition(XY<int>(area.x1 - chooseButton_->width(), area.y0));
+    cancelButton_->setPosition(
+        XY<int>(chooseButton_->getPosition().x - UifStd::getWidgetGap() - cancelButton_->width(), area.y0));
     browser_->setPosition(XY<int>(area.x0, area.y0 + buttonRoom));
     browser_->resize(area.width(), std::max(1, area.height() - buttonRoom));
   }

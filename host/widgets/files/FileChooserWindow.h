@@ -5,11 +5,12 @@
 
 #include <functional>
 
-// A window holding a FileBrowser and a "Choose" button below it that chooses: the
+// A window holding a FileBrowser and, below it, "Cancel" and a "Choose" button that chooses: the
 // current file, or with `chooseFolder` the folder entry the user picked in
 // the list (else the folder shown, whatever row the browser made current on
 // showing it). A double click on a file chooses it too. The window closes
-// after choosing, and its close button closes it without a choice.
+// after choosing; "Cancel", Escape and its close button close it without a
+// choice.
 class ZO_API FileChooserWindow : public StandardPanel {
 public:
   using Chosen = std::function<void(LightweightString<wchar_t> const& path)>;
@@ -38,6 +39,7 @@ public:
   // What the "Choose" button does.
   void handleDoIt() override;
   Button& getChooseButton() const noexcept { return *chooseButton_; }
+  Button& getCancelButton() const noexcept { return *cancelButton_; }
   void resize(double width, double height) override;
 
 private:
@@ -45,6 +47,7 @@ private:
 
   FileBrowser* browser_ = nullptr;
   Button* chooseButton_ = nullptr;
+  Button* cancelButton_ = nullptr;
   bool chooseFolder_ = false;
   Chosen chosen_;
 };

@@ -270,6 +270,25 @@ TEST_F(FileBrowserTest, EscapeClosesAChooserWithoutAChoice) {
   EXPECT_FALSE(chose);
 }
 
+TEST_F(FileBrowserTest, CancelClosesAChooserWithoutAChoiceAndStandsLeftOfChoose) {
+  bool chose = false;
+  FileChooserWindow::InitArgs args;
+  args.browser.folder = tree.wide();
+  args.chosen = [&chose](LightweightString<wchar_t> const&) { chose = true; };
+  FileChooserWindow* chooser = FileChooserWindow::open(args, nullptr);
+  browser = &chooser->getBrowser();
+  pump();
+  Button& cancel = chooser->getCancelButton();
+  Button& choose = chooser->getChooseButton();
+  EXPECT_EQ(cancel.screenPosition().y, choose.screenPosition().y);
+  EXPECT_LT(cancel.screenPosition().x + cancel.width(), choose.screenPosition().x);
+  HeadlessInput::click(pointOnRow(2));
+  HeadlessInput::clickOn(cancel);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(chooser));
+  EXPECT_FALSE(chose);
+}
+
 TEST_F(FileBrowserTest, AnUnreadableFolderShowsWhyAndTheBrowserStaysUsable) {
   std::filesystem::create_directory(tree / "locked");
   tree.write("locked/secret");
