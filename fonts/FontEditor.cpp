@@ -4,6 +4,27 @@
 #include <zowidgets/fonts/FontText.h>
 #include <zowidgets/host/base/NotifyMsgTypeDictionary.h>
 #include <zowidgets/host/toolkit/CursorCodes.h>
+#include <zowidgets/textentry/TextFilterWidget.h>
+
+namespace {
+
+// The editor's button: its chooser opens with the keyboard in the filter,
+// as the font chooser button's does, so that a cell's font can be chosen by
+// keys alone.
+class FilterFirstButton : public FontEditor::Widget {
+public:
+  using FontEditor::Widget::Widget;
+
+protected:
+  Glob* generateDropDown() override {
+    Glob* const shown = FontEditor::Widget::generateDropDown();
+    if (auto* panel = dynamic_cast<FontChooserPanel*>(shown))
+      panel->getFilter()->claimKbdFocus();
+    return shown;
+  }
+};
+
+} // namespace
 
 FontEditor::FontEditor(LightweightString<char> const& recentFontsKey) : recentFontsKey_(recentFontsKey) {}
 
@@ -13,7 +34,7 @@ Glob* FontEditor::getWidget(Glob* parent) {
   Widget::InitArgs args(UIString(), XY<int>(1, 1), FontChooserPanel::InitArgs(&font_, recentFontsKey_));
   args.setPalette(parent->getPalette());
   args.alignment = kAlignStart;
-  auto* button = new Widget(args);
+  Widget* button = new FilterFirstButton(args);
   if (!fontGuard_) {
     using Callback = iCallbackBase<int, ValServerEvent<FontDefinition>>;
     fontGuard_ = font_.addListener(Zo::Ptr<Callback>(new MethodCallback<FontEditor, ValServerEvent<FontDefinition>>(

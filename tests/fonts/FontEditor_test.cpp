@@ -215,6 +215,59 @@ TEST_F(FontEditorTest, ThePointerIsAHandOverCellsThatCanBeEdited) {
   EXPECT_EQ(editor->contextCursor(context, data, XY<int>()), kCursorArrow);
 }
 
+TEST_F(FontEditorTest, ByKeysAloneTheChooserTakesTypingAndGoesWithTheEdit) {
+  table->setCurPos(XY<int>(1, 2), TableWidget::kQuiet);
+  HeadlessInput::clickOn(*table);
+  table->setCurPos(XY<int>(0, 1), TableWidget::kQuiet);
+  pump();
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  ASSERT_TRUE(table->isEditing());
+  auto* button = dynamic_cast<FontEditor::Widget*>(table->getEditWidget());
+  ASSERT_NE(button, nullptr);
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  FontChooserPanel* panel = button->getDropDownPanel();
+  ASSERT_NE(panel, nullptr) << "Return on the button opens the chooser";
+  HeadlessInput::typeText("noto m");
+  pump();
+  EXPECT_EQ(panel->getFilter()->getString(), WString(L"noto m")) << "typing goes to the filter at once";
+  IdStamp const stamp = EventHandler::stampOf(panel);
+  HeadlessInput::key(kKeyDown);
+  pump();
+  EXPECT_FALSE(table->isEditing()) << "a family reached is a change, which ends the edit";
+  EXPECT_EQ(model.fontAt(1).name.toUTF8().str().rfind("Noto M", 0), 0u) << model.fontAt(1).name.toUTF8().str();
+  EXPECT_FALSE(EventHandler::valid(panel, stamp)) << "the chooser went with the edit";
+}
+
+TEST_F(FontEditorTest, AChooserOpenedByKeysGoesWithTheEditWhenAFamilyIsReachedFromTheFilterClickedInto) {
+  HeadlessInput::clickOn(*table);
+  table->setCurPos(XY<int>(0, 1), TableWidget::kQuiet);
+  pump();
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  ASSERT_TRUE(table->isEditing());
+  auto* button = dynamic_cast<FontEditor::Widget*>(table->getEditWidget());
+  ASSERT_NE(button, nullptr);
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  FontChooserPanel* panel = button->getDropDownPanel();
+  ASSERT_NE(panel, nullptr);
+  IdStamp const stamp = EventHandler::stampOf(panel);
+  typeFilter(*panel, "liberation");
+  pump();
+  HeadlessInput::key(kKeyDown);
+  pump();
+  EXPECT_FALSE(table->isEditing());
+  EXPECT_EQ(model.fontAt(1).name.toUTF8().str().rfind("Liberation", 0), 0u) << model.fontAt(1).name.toUTF8().str();
+  EXPECT_FALSE(EventHandler::valid(panel, stamp)) << "the chooser went with the edit";
+  EXPECT_EQ(get_kbd_focus(), table) << "the keys go back to the table, not to the hidden button";
+  HeadlessInput::key(kKeyDown);
+  pump();
+  EXPECT_EQ(button->getDropDownPanel(), nullptr) << "Down opens no chooser for an edit that has ended";
+  EXPECT_EQ(table->getCurPos(), XY<int>(0, 2)) << "Down moves on in the table";
+}
+
 TEST_F(FontEditorTest, OnlyItsOwnMessageEndsTheEdit) {
   EXPECT_TRUE(editor->isResponsibleForMessage(FontEditor::kChangedMsg, nullptr));
   EXPECT_FALSE(editor->isResponsibleForMessage("WStringEntered", nullptr));

@@ -460,12 +460,19 @@ void TableWidget::closeEditor() {
   if (!editor_)
     return;
   bool const hadFocus = editor_->hasFocus();
+  Glob* const widget = editWidget_;
   editor_->hide();
   editor_ = nullptr;
   editWidget_ = nullptr;
   int const row = editPos_.y;
   editPos_ = XY<int>(-1, -1);
-  if (hadFocus)
+  // The keys come back here from the editor, and from its hidden widget when
+  // they were handed back to it (a drop-down it opened gives them back to it
+  // as it closes with the edit): a hidden widget must not take keys.
+  Glob* const focus = get_kbd_focus();
+  bool const leftWithWidget =
+      focus && is_good_glob_ptr(widget) && (focus == widget || isParentedTo(focus, widget)) && !focus->isShowing();
+  if (hadFocus || leftWithWidget)
     claimKbdFocus();
   refreshRows(row, row);
 }
