@@ -4,6 +4,7 @@
 #include <zowidgets/fonts/TitledFontChooserButton.h>
 #include <zowidgets/host/shell/Preferences.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
 
 #include <algorithm>
@@ -115,6 +116,28 @@ TEST_F(FontChooserButtonTest, EscapeWithNothingTriedTellsNoOne) {
   pump();
   EXPECT_EQ(button->getDropDownPanel(), nullptr);
   EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(FontChooserButtonTest, TabRoundThePanelToTheFiltersBlueButtonShowsAClearRingOnIt) {
+  HeadlessInput::clickOn(*button);
+  pump();
+  FontChooserPanel* panel = button->getDropDownPanel();
+  ASSERT_NE(panel, nullptr);
+  Button* search = panel->getFilter()->getButton();
+  HeadlessInput::typeText("mon");
+  pump();
+  ASSERT_TRUE(search->isActive()) << "blue, with text to search for";
+  Zo::Image::Surface const plain = screen().grab(screenBoxOf(*search));
+  HeadlessInput::key(kKeyDown);
+  pump();
+  ASSERT_TRUE(panel->getTree()->hasKbdFocus());
+  for (int i = 0; i < 12 && !search->hasKbdFocus(); ++i) {
+    HeadlessInput::key(kKeyTab);
+    pump();
+  }
+  ASSERT_TRUE(search->hasKbdFocus()) << "Tab goes round to the filter's button";
+  EXPECT_GE(Zo::Image::Surface::maxChannelDifference(screen().grab(screenBoxOf(*search)), plain), 100)
+      << "the ring stands out from the blue face";
 }
 
 TEST_F(FontChooserButtonTest, ThePanelOpensWithTheKeyboardInItsFilter) {
