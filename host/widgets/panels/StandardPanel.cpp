@@ -310,9 +310,11 @@ void StandardPanel::drawTitleAndFooterBands(CanvasRenderer& renderer) {
 void StandardPanel::draw(CanvasRenderer& renderer) {
   Palette const& palette = getPalette();
   Zo::Box<int> bar = getTitleArea();
-  if (!bar.empty() && !title_.empty()) {
+  // The name the window carries on the desktop, which an untitled message
+  // takes from the window it speaks for.
+  if (LightweightString<wchar_t> const title = windowTitle(); !bar.empty() && !title.empty()) {
     Zo::Box<double> textBox(bar.x0 + UifStd::getWidgetGap(), bar.y0, bar.x1, bar.y1);
-    renderer.renderPrimitive(Glib::TextDescription(title_.getString(), textBox, titleFont_, palette.headingText()));
+    renderer.renderPrimitive(Glib::TextDescription(title, textBox, titleFont_, palette.headingText()));
   }
   Colour glyph = palette.text();
   if (Zo::Box<int> poot = getStandardWidgetBox(kPoot); !poot.empty()) {

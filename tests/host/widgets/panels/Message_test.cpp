@@ -1,6 +1,7 @@
 #include "support/WidgetTestSupport.h"
 
 #include <zowidgets/host/drawing/TextLayout.h>
+#include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/panels/Message.h>
@@ -60,6 +61,38 @@ TEST_F(MessageTest, AnUntitledMessageIsNamedOnTheDesktopAfterTheWindowThatHadThe
   EXPECT_EQ(untitled->canvas()->title().str(), L"Render log");
   Warn* titled = makeMessage(UIString(L"Saved."), UIString(L"Export"));
   EXPECT_EQ(titled->canvas()->title().str(), L"Export") << "a title of its own wins";
+}
+
+TEST_F(MessageTest, AnUntitledMessagesTitleBarShowsTheNameItCarriesOnTheDesktop) {
+  StandardPanel::InitArgs args(XY<int>(240, 120));
+  args.title = UIString(L"Render log");
+  args.screenPosition = XY<int>(40, 40);
+  auto* window = new MessageLog(args);
+  auto* button =
+      window->createWidget<PushButton>(PushButton::InitArgs(L"Save", XY<int>(80, 24)), Glob::UserTopLeft(0, 0));
+  GlobManager::realize(window);
+  ASSERT_TRUE(set_kbd_focus(button));
+  Warn* untitled = makeMessage(UIString(L"The folder does not exist."));
+  ASSERT_TRUE(set_kbd_focus(button));
+  Warn* titled = makeMessage(UIString(L"The folder does not exist."), UIString(L"Render log"));
+  pump();
+  Zo::Image::Surface const drawnUntitled = HeadlessScreen::windowShot(*untitled);
+  Zo::Image::Surface const drawnTitled = HeadlessScreen::windowShot(*titled);
+  ASSERT_EQ(drawnUntitled.width(), drawnTitled.width());
+  ASSERT_EQ(drawnUntitled.height(), drawnTitled.height());
+  // The title bars, at the top of the pictures (the buttons below differ:
+  // the keyboard is on the second message's).
+  int const barHeight = untitled->getTitleArea().height();
+  ASSERT_GT(barHeight, 0);
+  int differing = 0;
+  int inked = 0;
+  for (int y = 0; y < barHeight; ++y)
+    for (int x = 0; x < drawnTitled.width(); ++x) {
+      differing += drawnUntitled.pixel(x, y) != drawnTitled.pixel(x, y) ? 1 : 0;
+      inked += drawnTitled.pixel(x, y) != drawnTitled.pixel(0, barHeight / 2) ? 1 : 0;
+    }
+  EXPECT_GT(inked, 20) << "the titled message shows its title";
+  EXPECT_EQ(differing, 0) << "the untitled one's bar reads \"Render log\" too, not blank";
 }
 
 TEST_F(MessageTest, AMessageIsSizedToItsTextAndShowsAllOfIt) {
