@@ -621,12 +621,17 @@ LightweightString<wchar_t> Logger::shownText(std::size_t row) const {
 
 int Logger::handleKeyboardEvent(int key) {
   int const bare = key & ~kKeyModifierMask;
-  if ((bare == 'c' || bare == 'C') && (key & kKeyModifierMask) == kKeyCtrl && table_) {
-    int const row = table_->getCurPos().y;
-    if (row >= 0 && static_cast<std::size_t>(row) < numItems_) {
-      OS().setClipboardText(shownText(static_cast<std::size_t>(row)));
-      return 1;
-    }
+  int const row = table_ ? table_->getCurPos().y : -1;
+  bool const onRow = row >= 0 && static_cast<std::size_t>(row) < numItems_;
+  if ((bare == 'c' || bare == 'C') && (key & kKeyModifierMask) == kKeyCtrl && onRow) {
+    OS().setClipboardText(shownText(static_cast<std::size_t>(row)));
+    return 1;
+  }
+  // Return follows a link as a click does, for those who read by keys.
+  if (key == kKeyReturn && onRow && table_->hasKbdFocus() &&
+      items_[static_cast<std::size_t>(row)].type == kOutputHyperLink) {
+    visitLink(HyperLink::fromString(items_[static_cast<std::size_t>(row)].text));
+    return 1;
   }
   return StandardPanel::handleKeyboardEvent(key);
 }

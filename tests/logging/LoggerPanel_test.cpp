@@ -72,6 +72,58 @@ TEST_F(LoggerPanel, CtrlCCopiesTheClickedRowsTextAsItShows) {
   EXPECT_EQ(copyRow(2), L"final.mov") << "a link as it shows";
 }
 
+TEST_F(LoggerPanel, PageKeysHomeAndEndMoveThroughALongLog) {
+  Logger* logger = openLogger();
+  for (int i = 0; i < 200; ++i)
+    loggerWrite(logger, L"Frame " + LightweightString<wchar_t>(std::to_wstring(i)), LoggerBase::kOutputPlain);
+  pump();
+  TableWidget* table = logger->table();
+  HeadlessInput::click(rowOnScreen(*logger, table->getFirstVisibleIndex()));
+  pump();
+  ASSERT_TRUE(table->hasKbdFocus());
+  int const row = table->getCurPos().y;
+  HeadlessInput::key(kKeyPageDown);
+  pump();
+  EXPECT_GT(table->getCurPos().y, row + 1) << "a page on";
+  HeadlessInput::key(kKeyEnd);
+  pump();
+  EXPECT_EQ(table->getCurPos().y, table->rowCount() - 1) << "a log of one column: End is its last line";
+  EXPECT_GE(table->getFirstVisibleIndex(), table->rowCount() - 30) << "and shows it";
+  HeadlessInput::key(kKeyHome);
+  pump();
+  EXPECT_EQ(table->getCurPos().y, 0);
+  EXPECT_EQ(table->getFirstVisibleIndex(), 0);
+}
+
+TEST_F(LoggerPanel, WithTheKeysOnTheLogItsCurrentRowShowsAndReturnFollowsALink) {
+  Logger* logger = openLogger();
+  loggerWrite(logger, L"Render started", LoggerBase::kOutputPlain);
+  loggerWrite(logger, linkTo({L"/renders/final.mov"}, L"final.mov"), LoggerBase::kOutputHyperLink);
+  loggerWrite(logger, L"Render finished", LoggerBase::kOutputPlain);
+  pump();
+  TableWidget* table = logger->table();
+  Zo::Image::Surface const unfocused = HeadlessScreen::windowShot(*logger);
+  ASSERT_TRUE(set_kbd_focus(table));
+  pump();
+  EXPECT_GT(Zo::Image::Surface::maxChannelDifference(HeadlessScreen::windowShot(*logger), unfocused), 30)
+      << "the current line shows while the keys are on the log";
+  int link = -1;
+  for (int row = 0; row < table->rowCount(); ++row)
+    if (logger->shownText(static_cast<std::size_t>(row)).str() == L"final.mov")
+      link = row;
+  ASSERT_GE(link, 0);
+  while (table->getCurPos().y > link)
+    HeadlessInput::key(kKeyUp);
+  OS().clearRecordedShellRequests();
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  EXPECT_EQ(OS().recordedShellRequests().size(), 1u) << "the link's file is shown, as a click on it does";
+  set_kbd_focus(nullptr);
+  pump();
+  EXPECT_EQ(Zo::Image::Surface::maxChannelDifference(HeadlessScreen::windowShot(*logger), unfocused), 0)
+      << "without the keys the log shows no current line";
+}
+
 TEST_F(LoggerPanel, APlainRowWrapsAndIsDrawnOverItsLines) {
   Logger* logger = openLogger(0, 10, 300);
   std::wstring text = L"Frame";

@@ -310,7 +310,9 @@ Glob* TableWidget::makeRow(int index, int width, int height) {
 }
 
 void TableWidget::updateRow(int index, Glob* row) {
-  bool const current = highlightCurrentRow_ && index == curPos_.y;
+  // Switched off, the highlight still shows while the keys act on the
+  // table, so that they are seen to do something.
+  bool const current = (highlightCurrentRow_ || hasKbdFocus()) && index == curPos_.y;
   bool const tagged = adaptor_ && adaptor_->getTag(index);
   static_cast<TableRow*>(row)->refresh(current, hasKbdFocus(), tagged);
 }
@@ -579,11 +581,13 @@ int TableWidget::handleKeyboardEvent(int key) {
   case kKeyPageDown:
     moveTo(XY<int>(at.x, at.y + page));
     return 1;
+  // Along the row, or with Ctrl down the column; a table of one column (a
+  // log, a list of names) has no row to go along, so they go down it.
   case kKeyHome:
-    moveTo(XY<int>(ctrl ? at.x : 0, ctrl ? 0 : at.y));
+    moveTo(XY<int>(ctrl ? at.x : 0, ctrl || numColumns() == 1 ? 0 : at.y));
     return 1;
   case kKeyEnd:
-    moveTo(XY<int>(ctrl ? at.x : numColumns() - 1, ctrl ? rowCount_ - 1 : at.y));
+    moveTo(XY<int>(ctrl ? at.x : numColumns() - 1, ctrl || numColumns() == 1 ? rowCount_ - 1 : at.y));
     return 1;
   case kKeyTab: {
     // A table that edits nothing (a file list) is one stop: Tab goes on to

@@ -31,7 +31,8 @@ struct TableWidgetEvent {
 // sight and the cell being edited, so a million rows cost what a screenful
 // does. Rows may each have their own height (iTableAdaptor::getRowHeight).
 //
-// One cell is current; its row is highlighted unless that is switched off.
+// One cell is current; its row is highlighted, or, where that is switched
+// off (a log), only while the table has the keyboard.
 // The arrows, Page Up/Down, Home/End and Tab move it. Return, F2, a double
 // click, a click on the current cell or typing a character opens the cell's
 // editor (registered per field type); in it Return stores through the
