@@ -65,8 +65,8 @@ Glob* buildHintsPage(PageContext const& context) {
 
 PageRegistrar const hintsPage{"hints", "Hints",
                               "A HintWindow beside the button it is about, with an OK button that acknowledges "
-                              "it for good and a link; buttons that ask for the hint as an application does "
-                              "and that forget the acknowledgement",
+                              "it for good and a link (F6 takes the keys into it and back); buttons that ask "
+                              "for the hint as an application does and that forget the acknowledgement",
                               buildHintsPage};
 
 } // namespace

@@ -233,6 +233,28 @@ void deliverKeyEvent(Event const& event) {
         break;
     return;
   }
+  // F6, when no widget wanted it, takes the keys into the front tip that works with
+  // them (a hint's OK and link), as a press in it does, and back out to the
+  // window the user works in: a hint can be answered by keys alone.
+  if (bare == kKeyF1 + 5) {
+    Glob* const focus = get_kbd_focus();
+    if (focus && focus->getRootParent()->windowKind() == Glob::eWindowKind::kTip) {
+      set_kbd_focus(nullptr);
+      for (auto window = windows.rbegin(); window != windows.rend(); ++window)
+        if ((*window)->windowKind() != Glob::eWindowKind::kTip && !(*window)->isPopupWindow()) {
+          if (Glob* last = GlobRegistry::lastFocusIn(*window))
+            set_kbd_focus(last);
+          else
+            TabOrderManager::enterWindow(**window, true);
+          break;
+        }
+      return;
+    }
+    for (auto window = windows.rbegin(); window != windows.rend(); ++window)
+      if ((*window)->windowKind() == Glob::eWindowKind::kTip && TabOrderManager::enterWindow(**window, true))
+        break;
+    return;
+  }
   if (bare != kKeyTab)
     return;
   bool const forward = (event.modifiers & kKeyShift) == 0;

@@ -112,6 +112,25 @@ TEST_F(HintWindowTest, ReturnBeforeTheHintHasTheKeysIsNotAnAcknowledgementAndEsc
   EXPECT_FALSE(hint.hasBeenIssued());
 }
 
+TEST_F(HintWindowTest, F6TakesTheKeysIntoTheHintWhereReturnAcknowledgesItAndF6AgainBringsThemBack) {
+  Hint const first = trimHint(4);
+  HintWindow* window = showBelowButton(first);
+  ASSERT_TRUE(set_kbd_focus(button));
+  HeadlessInput::key(kKeyF1 + 5);
+  pump();
+  ASSERT_NE(get_kbd_focus(), nullptr);
+  EXPECT_EQ(get_kbd_focus()->getRootParent(), window) << "the keys are in the hint";
+  HeadlessInput::key(kKeyF1 + 5);
+  pump();
+  EXPECT_EQ(get_kbd_focus(), button) << "and back where they were";
+  EXPECT_TRUE(is_good_glob_ptr(window));
+  HeadlessInput::key(kKeyF1 + 5);
+  HeadlessInput::key(kKeyReturn);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(window));
+  EXPECT_TRUE(first.hasBeenIssued()) << "acknowledged by keys alone";
+}
+
 TEST_F(HintWindowTest, AClickElsewhereDismissesItUnacknowledgedSoItComesBack) {
   Hint const hint = trimHint();
   HintWindow* window = showBelowButton(hint);
