@@ -124,10 +124,9 @@ public:
     int const width = getUserArea().width();
     TextLabel::InitArgs statusArgs(XY<int>(width, m.row));
     status_ = createWidget<TextLabel>(statusArgs, UserBottomLeft(0, 0));
-    PushButton::InitArgs moveArgs(L"Remove the Notes tab", XY<int>(m.row * 8, 0));
-    move_ = createWidget<PushButton>(moveArgs, Above(m.gap, status_));
-    move_->setCallback(Broadcaster<ButtonEvent>::makeCallback([this](ButtonEvent const&) { moveNotes(); }));
 
+    // The tabs before the button in the tree, as on the screen, so that Tab
+    // into the window reaches the tab row first.
     int const tabsHeight = getUserArea().height() - 2 * m.row - 2 * m.gap;
     TabbedDialogue::InitArgs tabsArgs(XY<int>(width, tabsHeight));
     tabsArgs.callback = Broadcaster<TabbedDialogueEvent>::makeCallback([this](TabbedDialogueEvent const& event) {
@@ -135,6 +134,9 @@ public:
         showCurrent();
     });
     tabs_ = createWidget<TabbedDialogue>(tabsArgs, UserTopLeft(0, 0));
+    PushButton::InitArgs moveArgs(L"Remove the Notes tab", XY<int>(m.row * 8, 0));
+    move_ = createWidget<PushButton>(moveArgs, Above(m.gap, status_));
+    move_->setCallback(Broadcaster<ButtonEvent>::makeCallback([this](ButtonEvent const&) { moveNotes(); }));
     addPages(m);
     showCurrent();
   }

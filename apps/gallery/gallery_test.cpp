@@ -406,6 +406,21 @@ TEST_F(GalleryTest, PatchesTheBandPicksShowThatTheyArePicked) {
   EXPECT_FALSE(edgeIsSelection(*patches[2]));
 }
 
+TEST_F(GalleryTest, TheFirstTabIntoTheTabsPageReachesTheTabRowNotTheButtonBelow) {
+  std::vector<GalleryPage> const pages = allPages();
+  PageWindows const windows = openPage(*findPage(pages, "tabs"), context);
+  std::vector<TabbedDialogue*> tabs;
+  collect(*windows.main, tabs);
+  ASSERT_EQ(tabs.size(), 1u);
+  settleWindows();
+  set_kbd_focus(nullptr);
+  HeadlessInput::key(kKeyTab);
+  settleWindows();
+  Glob* const focus = get_kbd_focus();
+  ASSERT_NE(focus, nullptr);
+  EXPECT_TRUE(focus == tabs[0] || isParentedTo(focus, tabs[0])) << focus->idstring();
+}
+
 TEST_F(GalleryTest, APageClosedTakesTheWindowsItOpenedWithIt) {
   std::vector<GalleryPage> const pages = allPages();
   for (char const* name : {"globprobe", "startup"}) {
