@@ -10,6 +10,7 @@
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 #include <zowidgets/host/widgets/panels/WidgetGroup.h>
+#include <zowidgets/host/widgets/popups/DropDownHostBase.h>
 #include <zowidgets/host/widgets/values/Slider.h>
 
 namespace {
@@ -70,7 +71,8 @@ void ColourPicker::Server::assignQuietly(ColourData const& colour) {
 }
 
 ColourPicker::ColourPicker(InitArgs const& args)
-    : StandardPanel(args), Broadcaster<ColourPickerEvent>(args.callback), server_(args.colour), flags_(args.flags) {
+    : StandardPanel(args), Broadcaster<ColourPickerEvent>(args.callback), server_(args.colour),
+      openingColour_(args.colour), flags_(args.flags) {
   init();
   setDataAdaptor(args.dataAdaptor);
 }
@@ -256,6 +258,14 @@ void ColourPicker::valChangedNtfy() {
     return;
   drawCurrent();
   setColour();
+}
+
+int ColourPicker::handleMessageEvent(LightweightString<char> const& message, Glob* sender) {
+  if (message != DropDownHostBase::kEscapedMsg)
+    return StandardPanel::handleMessageEvent(message, sender);
+  if (!(server_.get() == openingColour_))
+    server_.updateAndNotify(openingColour_);
+  return 1;
 }
 
 void ColourPicker::setColour() {

@@ -102,6 +102,9 @@ public:
   void setActive(bool active, eRedrawFlag redraw) override;
   // Takes the eye dropper's samples; the rest goes to the widget.
   int react(Event const& event) override;
+  // Escape on the drop-down it lives in takes back the edits made there: the
+  // colour it opened on goes out again, as an edit does.
+  int handleMessageEvent(LightweightString<char> const& message, Glob* sender) override;
 
 private:
   // The colour the panel holds; it can be assigned without telling anyone.
@@ -127,6 +130,7 @@ private:
   void applyEyeDropperSample(LightweightString<char> const& message);
 
   Server server_;
+  ColourData openingColour_;
   unsigned flags_;
   int writingOutward_ = 0;
   WidgetGroup2* rgbGroup_ = nullptr;

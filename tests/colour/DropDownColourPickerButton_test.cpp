@@ -124,6 +124,31 @@ TEST_F(DropDownColourPickerButtonTest, OpeningOnANewSwatchColourShowsThatColourA
   EXPECT_EQ(picker->getColour(), typed);
 }
 
+TEST_F(DropDownColourPickerButtonTest, EscapeTakesBackTheEditsAndTellsTheListenersOfTheColourRestored) {
+  button->setColour(NormalisedRGB(0.0f, 0.5f, 1.0f));
+  ColourData const opening = button->getSwatch()->getColour();
+  ColourPicker* picker = openPicker();
+  ASSERT_NE(picker, nullptr);
+  retype(*picker->getComponentBox(ColourData::kComponent0), "255");
+  pump();
+  ASSERT_DOUBLE_EQ(button->getSwatch()->getColour().getRed(), 1.0);
+  events.clear();
+  Glob* host = button->getDropDownHost();
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_FALSE(is_good_glob_ptr(host));
+  EXPECT_EQ(button->getSwatch()->getColour(), opening);
+  EXPECT_TRUE(near(swatchPixel(), Rgb{0, 128, 255}, 1)) << swatchPixel();
+  ASSERT_EQ(events.size(), 1u);
+  EXPECT_EQ(events.back().colour, opening);
+
+  // Opened and closed by Escape with nothing edited, no one hears anything.
+  ASSERT_NE(openPicker(), nullptr);
+  HeadlessInput::key(kKeyEscape);
+  pump();
+  EXPECT_EQ(events.size(), 1u);
+}
+
 TEST_F(DropDownColourPickerButtonTest, TheDataAdaptorBindsTheSwatchAndEveryPickerOpened) {
   ValServer<ColourData> data(ColourData(0.1, 0.2, 0.3));
   button->setDataAdaptor(Zo::Ptr<ValAdaptorBase<ColourData>>(new ValAdaptor<ColourData, ColourData>(&data)));
