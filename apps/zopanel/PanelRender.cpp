@@ -1,5 +1,7 @@
 #include "PanelRender.h"
 
+#include "RangeChecks.h"
+
 #include <zowidgets/host/base/JSON.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
@@ -31,6 +33,7 @@ BuiltDescription buildDescription(LightweightString<wchar_t> const& text, PanelO
   args.screenPosition = XY<int>(0, 0);
   auto* panel = new BuiltPanel(args);
   panel->setBuiltParams(UIBuilder::buildFromJSON(root, panel));
+  result.warnings = rangeWarnings(root);
   panel->growToShowEveryRow();
   GlobManager::realize(panel);
   result.panel = panel;

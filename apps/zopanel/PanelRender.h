@@ -3,6 +3,7 @@
 #include <zowidgets/builder/BuiltPanel.h>
 
 #include <string>
+#include <vector>
 
 // Builds a panel description on the headless screen, as zopanel does.
 struct PanelOptions {
@@ -13,6 +14,8 @@ struct PanelOptions {
 struct BuiltDescription {
   BuiltPanel* panel = nullptr; // null when the text is not a description
   std::string error;           // why, naming the place
+  // Rows built as written that cannot show one value (RangeChecks.h).
+  std::vector<std::string> warnings;
 };
 
 // Parses and builds. The scale is the screen's, set beforehand.

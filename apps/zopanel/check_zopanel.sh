@@ -126,6 +126,25 @@ expect_contains "$values" '"name": "b1300"' "the tall panel's values hold its la
 fails_with 1 "a description without rows" "$zopanel" values - <<<'[1, 2]'
 expect_contains "$message" "no list of rows" "a description without rows is reported"
 
+# Number rows that cannot show one value are built as asked, and told of.
+cat >"$work/ranges.json" <<'JSON'
+{"rows": [
+  {"type": "int", "name": "over", "legend": "Handles", "min": 0, "max": 10, "default": 50},
+  {"type": "float", "name": "under", "legend": "Gain", "min": 0, "max": 1, "default": -3},
+  {"type": "int", "name": "backwards", "legend": "Copies", "min": 10, "max": 0, "default": 5},
+  {"type": "int", "name": "fine", "legend": "Count", "min": 0, "max": 10, "default": 3}
+]}
+JSON
+fails_with 0 "number rows out of their ranges" "$zopanel" values "$work/ranges.json"
+expect_contains "$message" 'row "over" (Handles): its default, 50, lies outside its range, 0 to 10' "a default over its range is told"
+expect_contains "$message" 'row "under" (Gain): its default, -3, lies outside its range, 0 to 1' "a default under its range is told"
+expect_contains "$message" 'row "backwards" (Copies): its range runs backwards, from 10 down to 0' "a backwards range is told"
+grep -qF 'row "fine"' <<<"$message" && fail "a row within its range was told of"
+echo "ok: a row within its range is not told of"
+quiet=$("$zopanel" values "$work/form.json" 2>&1 >/dev/null)
+[ -z "$quiet" ] || fail "a sound description gave messages: $quiet"
+echo "ok: a sound description gives no messages"
+
 fails_with 2 "a bad option" "$zopanel" render "$work/form.json" --scale zero
 expect_contains "$message" "usage:" "a bad command line shows the usage"
 echo "all zopanel checks passed"

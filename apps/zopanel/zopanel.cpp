@@ -134,6 +134,10 @@ int run(CommandLine const& line) {
     std::cerr << "zopanel: " << (line.input == "-" ? "standard input" : line.input) << ": " << built.error << "\n";
     return 1;
   }
+  // Kept as asked, as the builder keeps them, but told: a row that shows two
+  // values at once is a mistake the tool is there to catch.
+  for (std::string const& warning : built.warnings)
+    std::cerr << "zopanel: " << (line.input == "-" ? "standard input" : line.input) << ": " << warning << "\n";
   int status = 0;
   if (line.command == "render") {
     if (built.panel->height() > Zo::Image::Surface::kMaxSide || built.panel->width() > Zo::Image::Surface::kMaxSide) {
