@@ -102,8 +102,17 @@ void ScrollList::selectRange(int from, int to) {
   refreshRows(0, size() - 1);
 }
 
+namespace {
+
+// The item the keys act on wears the ring; with none current yet, the first
+// item, where Down and Home go, so that a list entered by Tab shows that it
+// has the keyboard.
+int ringedIndex(int current, int size) { return current >= 0 ? current : (size > 0 ? 0 : -1); }
+
+} // namespace
+
 void ScrollList::setCurrent(int index) {
-  int const old = current_;
+  int const old = ringedIndex(current_, size());
   current_ = index;
   refreshRows(old, old);
   refreshRows(index, index);
@@ -125,7 +134,7 @@ Glob* ScrollList::makeRow(int index, int width, int height) {
 void ScrollList::updateRow(int index, Glob* row) {
   auto* item = static_cast<ScrollListItemWidget*>(row);
   item->setSelected(isSelected(index));
-  item->setCurrent(index == current_ && hasKbdFocus());
+  item->setCurrent(index == ringedIndex(current_, size()) && hasKbdFocus());
 }
 
 ScrollListItemWidget* ScrollList::makeWidget(unsigned short index, LightweightString<wchar_t> const& text,
@@ -252,5 +261,5 @@ int ScrollList::handleMouseEvent(Event const& event) {
 
 void ScrollList::handleKbdFocus(bool gained) {
   VirtualRowsBase::handleKbdFocus(gained);
-  refreshRows(current_, current_);
+  refreshRows(ringedIndex(current_, size()), ringedIndex(current_, size()));
 }

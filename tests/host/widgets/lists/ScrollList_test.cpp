@@ -48,6 +48,26 @@ struct ScrollListTest : HeadlessScreenTest {
   std::vector<int> selected() const { return list->getSelectedIndices(); }
 };
 
+TEST_F(ScrollListTest, EnteredWithNothingCurrentTheFirstItemWearsTheRingAndDownSelectsIt) {
+  openList(20);
+  ASSERT_EQ(list->getRowWidget(0)->isCurrent(), false);
+  ASSERT_TRUE(set_kbd_focus(list));
+  pump();
+  EXPECT_TRUE(list->getRowWidget(0)->isCurrent()) << "the list shows that it has the keys";
+  EXPECT_TRUE(selected().empty()) << "nothing is chosen by entering";
+  key(kKeyDown);
+  pump();
+  EXPECT_EQ(selected(), std::vector<int>{0}) << "Down takes the ringed item";
+  EXPECT_TRUE(list->getRowWidget(0)->isCurrent());
+  key(kKeyDown);
+  pump();
+  EXPECT_FALSE(list->getRowWidget(0)->isCurrent());
+  EXPECT_TRUE(list->getRowWidget(1)->isCurrent());
+  set_kbd_focus(nullptr);
+  pump();
+  EXPECT_FALSE(list->getRowWidget(1)->isCurrent()) << "without the keys no ring";
+}
+
 TEST_F(ScrollListTest, RowsAreMadeOnlyForTheLinesInSight) {
   openList(1'000'000);
   int const bound = list->linesPerPage() + 1;
