@@ -4,6 +4,7 @@
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
 #include <zowidgets/host/toolkit/Drawable.h>
 #include <zowidgets/host/toolkit/UifStd.h>
+#include <zowidgets/host/widgets/buttons/detail/FocusRing.h>
 #include <zowidgets/host/widgets/lists/HTMLStringEditor.h>
 #include <zowidgets/host/widgets/lists/WStringEditor.h>
 #include <zowidgets/host/widgets/lists/detail/TableHeader.h>
@@ -31,7 +32,7 @@ TableWidget::Look TableWidget::lookFor(Palette const& palette) {
   look.grid = Colour::mix(palette.window(-1), palette.text(), 0.15);
   look.text = palette.text();
   look.currentText = palette.text(2);
-  look.cellOutline = Palette::shaded(palette.selection(), 3);
+  look.cellOutline = FocusRing::colourOver(palette, look.currentRowFocused);
   look.titleBackground = palette.window(1);
   look.titleText = palette.text();
   look.frame = palette.window(-3);

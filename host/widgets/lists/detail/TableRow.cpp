@@ -2,6 +2,7 @@
 
 #include <zowidgets/host/drawing/CanvasRenderer.h>
 #include <zowidgets/host/drawing/GraphicPrimitives.h>
+#include <zowidgets/host/widgets/buttons/detail/FocusRing.h>
 #include <zowidgets/host/widgets/lists/TableCellEditor.h>
 
 TableRow::TableRow(TableWidget* table, int index, XY<int> size)
@@ -85,7 +86,12 @@ void TableRow::draw(CanvasRenderer& renderer) {
   if (current_ && focused_ && table_->getCurPos().x >= 0 && table_->getCurPos().x < table_->numColumns()) {
     int const left = table_->columnLeft(table_->getCurPos().x);
     int const right = left + table_->getColumnWidth(table_->getCurPos().x);
-    renderer.renderPrimitive(Glib::RoundedRectDescription(Zo::Box<double>(left + 0.5, 0.5, right - 0.5, height() - 0.5),
-                                                          0.0, Colour::invalid(), look.cellOutline));
+    // The focus ring's width, so that the cell the keys act on stands out
+    // from the highlighted row it lies in.
+    double const ring = FocusRing::width();
+    double const inset = ring / 2.0;
+    renderer.renderPrimitive(
+        Glib::RoundedRectDescription(Zo::Box<double>(left + inset, inset, right - inset, height() - inset), 0.0,
+                                     Colour::invalid(), look.cellOutline, ring));
   }
 }
