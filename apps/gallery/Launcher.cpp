@@ -4,15 +4,20 @@
 #include "PageWindows.h"
 
 #include <zowidgets/host/display/DisplayScreen.h>
+#include <zowidgets/host/events/Clock.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/PushButton.h>
 #include <zowidgets/host/widgets/panels/VerticalScrollingBase.h>
 
 #include <algorithm>
 #include <chrono>
+#include <cwctype>
 #include <memory>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -35,6 +40,43 @@ private:
   int opened_ = 0;
 };
 
+// The launcher's list of pages: letters typed take the keyboard to the first
+// page whose title starts with them (a pause starts the search again), as
+// in a file list.
+class PageList : public VerticalScrollingBase {
+public:
+  using VerticalScrollingBase::VerticalScrollingBase;
+  char const* idstring() const override { return "PageList"; }
+
+  int handleKeyboardEvent(int key) override {
+    int const bare = key & ~kKeyModifierMask;
+    bool const plain = (key & (kKeyCtrl | kKeyAlt | kKeyCmd)) == 0;
+    if (!plain || bare <= ' ' || bare >= kKeySpecial)
+      return VerticalScrollingBase::handleKeyboardEvent(key);
+    double const now = msecsNow();
+    if (now - lastTypedAt_ > kPauseMs)
+      typed_.clear();
+    lastTypedAt_ = now;
+    typed_ += static_cast<wchar_t>(std::towlower(static_cast<wint_t>(bare)));
+    for (Glob* row : getManagedWidgets()) {
+      auto* button = dynamic_cast<PushButton*>(row);
+      std::wstring_view const title = button ? button->getLabel().view() : std::wstring_view();
+      if (title.size() >= typed_.size() &&
+          std::equal(typed_.begin(), typed_.end(), title.begin(),
+                     [](wchar_t a, wchar_t b) { return a == static_cast<wchar_t>(std::towlower(b)); })) {
+        TabOrderManager::enterWindow(*button, true);
+        break;
+      }
+    }
+    return 1;
+  }
+
+private:
+  static constexpr double kPauseMs = 1000.0;
+  std::wstring typed_;
+  double lastTypedAt_ = -1e9;
+};
+
 } // namespace
 
 Launcher::Launcher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
@@ -48,7 +90,7 @@ Launcher::Launcher(std::vector<GalleryPage> const& pages, GalleryModel& model) {
   args.title = L"zowidgets gallery";
   // Near the top left, leaving the rest of the screen to the pages.
   args.screenPosition = XY<int>(m.row, screenBackend().screenSize().y - args.size.y - 2 * m.row);
-  auto* launcher = new VerticalScrollingBase(args);
+  auto* launcher = new PageList(args);
   GlobManager::realize(launcher);
   auto placer = std::make_shared<PagePlacer>(*launcher);
   auto companions = std::make_shared<PageCompanions>();

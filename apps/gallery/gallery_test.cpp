@@ -19,6 +19,7 @@
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/Canvas.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
+#include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
 #include <zowidgets/host/widgets/buttons/Checkbox.h>
@@ -763,6 +764,29 @@ TEST_F(GalleryTest, APageOpensBesideTheLauncherWhereItHasBeenMoved) {
   ASSERT_NE(page, nullptr);
   EXPECT_GE(page->screenPosition().x, launcherWindow->screenPosition().x + launcherWindow->width())
       << "right of the launcher as it stands now";
+}
+
+TEST_F(GalleryTest, TheLaunchersKeysReachAnyPageTypedLettersHomeAndEnd) {
+  std::vector<GalleryPage> const pages = allPages();
+  Launcher launcher(pages, model);
+  auto* launcherWindow = dynamic_cast<StandardPanel*>(launcher.window());
+  ASSERT_NE(launcherWindow, nullptr);
+  std::vector<PushButton*> const buttons = widgetsIn<PushButton>(*launcherWindow);
+  ASSERT_GT(buttons.size(), 20u);
+  HeadlessInput::clickOn(*launcherWindow, XY<int>(2, 2));
+  TabOrderManager::enterWindow(*launcherWindow, true);
+  ASSERT_TRUE(buttons.front()->hasKbdFocus());
+  HeadlessInput::typeText("wi");
+  settleWindows();
+  Glob* const focus = get_kbd_focus();
+  ASSERT_NE(focus, nullptr);
+  auto* found = dynamic_cast<PushButton*>(focus);
+  ASSERT_NE(found, nullptr);
+  EXPECT_EQ(found->getLabel().str(), L"Wizard");
+  HeadlessInput::key(kKeyHome);
+  EXPECT_TRUE(buttons.front()->hasKbdFocus());
+  HeadlessInput::key(kKeyEnd);
+  EXPECT_TRUE(buttons.back()->hasKbdFocus());
 }
 
 TEST_F(GalleryTest, ClosingTheLauncherClosesThePagesItOpened) {

@@ -152,18 +152,22 @@ std::vector<Glob*>::const_iterator VerticalScrollingBase::rowOf(Glob const* widg
 }
 
 int VerticalScrollingBase::handleKeyboardEvent(int key) {
-  bool const up = key == kKeyUp;
-  if (!up && key != kKeyDown)
+  bool const up = key == kKeyUp || key == kKeyHome;
+  if (!up && key != kKeyDown && key != kKeyEnd)
     return StandardPanel::handleKeyboardEvent(key);
   forgetDeadWidgets();
   auto const row = rowOf(get_kbd_focus());
   if (row == managed_.end())
     return StandardPanel::handleKeyboardEvent(key);
-  std::ptrdiff_t const at = row - managed_.begin();
   std::ptrdiff_t const count = static_cast<std::ptrdiff_t>(managed_.size());
+  // Home and End look from the far end inwards; Up and Down from the row
+  // beside the focused one outwards.
+  bool const toEnd = key == kKeyHome || key == kKeyEnd;
+  std::ptrdiff_t const at = row - managed_.begin();
+  std::ptrdiff_t const first = toEnd ? (up ? 0 : count - 1) : (up ? at - 1 : at + 1);
   // Entered as Tab enters a window: by the row's own order, and scrolled
   // into view by the focus revealer.
-  for (std::ptrdiff_t next = up ? at - 1 : at + 1; next >= 0 && next < count; next += up ? -1 : 1)
+  for (std::ptrdiff_t next = first; next >= 0 && next < count && (!toEnd || next != at); next += toEnd == up ? 1 : -1)
     if (TabOrderManager::enterWindow(*managed_[static_cast<std::size_t>(next)], true))
       return 1;
   return 1; // at the first or last row: the keys stay here

@@ -149,6 +149,28 @@ TEST_F(VerticalScrollingBaseTest, UpAndDownTakeTheKeyboardFromRowToRowInSight) {
   EXPECT_TRUE(buttons[10]->hasKbdFocus()) << "with a modifier, not a row step";
 }
 
+TEST_F(VerticalScrollingBaseTest, HomeAndEndTakeTheKeyboardToTheFirstAndLastRowsThatTakeIt) {
+  panel->unmanageAllWidgets(true);
+  std::vector<PushButton*> buttons;
+  for (int i = 0; i < 12; ++i)
+    buttons.push_back(panel->createManagedWidget<PushButton>(PushButton::InitArgs(
+        LightweightString<wchar_t>((L"Page " + std::to_wstring(i)).c_str()), XY<int>(panel->getView()->width(), row))));
+  buttons[0]->setVisible(false);
+  buttons[11]->setVisible(false);
+  panel->recalcWidgetsHeight();
+  panel->resetView();
+  HeadlessInput::clickOn(*buttons[3]);
+  ASSERT_TRUE(buttons[3]->hasKbdFocus());
+  HeadlessInput::key(kKeyEnd);
+  EXPECT_TRUE(buttons[10]->hasKbdFocus()) << "the last row that can take it";
+  EXPECT_TRUE(fullyShown(buttons[10])) << "scrolled into view";
+  HeadlessInput::key(kKeyEnd);
+  EXPECT_TRUE(buttons[10]->hasKbdFocus()) << "and stays";
+  HeadlessInput::key(kKeyHome);
+  EXPECT_TRUE(buttons[1]->hasKbdFocus()) << "past the hidden first row";
+  EXPECT_TRUE(fullyShown(buttons[1]));
+}
+
 TEST_F(VerticalScrollingBaseTest, UnmanagingForgetsOrDeletesTheRows) {
   panel->unmanageAllWidgets(false);
   EXPECT_TRUE(panel->getManagedWidgets().empty());
