@@ -7,7 +7,6 @@
 #include <zowidgets/host/toolkit/InputRouter.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
 #include <zowidgets/host/toolkit/UifStd.h>
-#include <zowidgets/host/widgets/panels/StandardPanel.h>
 
 #include <algorithm>
 #include <cmath>
@@ -214,8 +213,7 @@ int DropDownHostBase::intercept(::Event const& event) {
     return 0;
   if (event.type == ::Event::kKeyDown && (event.key & ~kKeyModifierMask) == kKeyEscape) {
     for (Glob* child : std::vector<Glob*>(getChildren()))
-      if (auto* panel = dynamic_cast<StandardPanel*>(child))
-        panel->handleMessageEvent(kEscapedMsg, this);
+      sendMsg(child, kEscapedMsg, this);
     dismiss();
     return 1;
   }

@@ -19,9 +19,9 @@
 class ZO_API DropDownHostBase : public TipWindowBase {
 public:
   static constexpr char const* kEventMsg = "DropDownHostEvent";
-  // Sent to the panels in the host, through handleMessageEvent, when Escape
-  // closes it: a panel that changes a value as the user tries things may
-  // take the changes back.
+  // Sent to the widgets in the host (Glob::sendMsg; a panel hears it in
+  // handleMessageEvent) when Escape closes it: a panel that changes a value
+  // as the user tries things may take the changes back.
   static constexpr char const* kEscapedMsg = "DropDownEscaped";
 
   struct ZO_API Event : iObject {
