@@ -97,6 +97,22 @@ struct FontEditorTest : HeadlessScreenTest {
     return screen().grab(Zo::Box<int>(box.x0 + 1, box.y0, box.x1 - 1, box.y1).translated(table->screenPosition()));
   }
 
+  // Puts the keys on the table at a font cell, Return to edit it and Return
+  // again on its button: the chooser opens by keys alone.
+  void openChooserByKeys(int row, FontEditor::Widget*& button) {
+    HeadlessInput::clickOn(*table);
+    table->setCurPos(XY<int>(0, row), TableWidget::kQuiet);
+    pump();
+    HeadlessInput::key(kKeyReturn);
+    pump();
+    ASSERT_TRUE(table->isEditing());
+    button = dynamic_cast<FontEditor::Widget*>(table->getEditWidget());
+    ASSERT_NE(button, nullptr);
+    HeadlessInput::key(kKeyReturn);
+    pump();
+    ASSERT_NE(button->getDropDownPanel(), nullptr) << "Return on the button opens the chooser";
+  }
+
   // Double-clicks a font cell, clicks its button and picks a family.
   void chooseFamilyFor(int row, LightweightString<char> const& family) {
     HeadlessInput::doubleClick(centreOf(XY<int>(0, row)));
@@ -216,19 +232,9 @@ TEST_F(FontEditorTest, ThePointerIsAHandOverCellsThatCanBeEdited) {
 }
 
 TEST_F(FontEditorTest, ByKeysAloneTheChooserTakesTypingAndGoesWithTheEdit) {
-  table->setCurPos(XY<int>(1, 2), TableWidget::kQuiet);
-  HeadlessInput::clickOn(*table);
-  table->setCurPos(XY<int>(0, 1), TableWidget::kQuiet);
-  pump();
-  HeadlessInput::key(kKeyReturn);
-  pump();
-  ASSERT_TRUE(table->isEditing());
-  auto* button = dynamic_cast<FontEditor::Widget*>(table->getEditWidget());
-  ASSERT_NE(button, nullptr);
-  HeadlessInput::key(kKeyReturn);
-  pump();
+  FontEditor::Widget* button = nullptr;
+  ASSERT_NO_FATAL_FAILURE(openChooserByKeys(1, button));
   FontChooserPanel* panel = button->getDropDownPanel();
-  ASSERT_NE(panel, nullptr) << "Return on the button opens the chooser";
   HeadlessInput::typeText("noto m");
   pump();
   EXPECT_EQ(panel->getFilter()->getString(), WString(L"noto m")) << "typing goes to the filter at once";
@@ -241,18 +247,9 @@ TEST_F(FontEditorTest, ByKeysAloneTheChooserTakesTypingAndGoesWithTheEdit) {
 }
 
 TEST_F(FontEditorTest, AChooserOpenedByKeysGoesWithTheEditWhenAFamilyIsReachedFromTheFilterClickedInto) {
-  HeadlessInput::clickOn(*table);
-  table->setCurPos(XY<int>(0, 1), TableWidget::kQuiet);
-  pump();
-  HeadlessInput::key(kKeyReturn);
-  pump();
-  ASSERT_TRUE(table->isEditing());
-  auto* button = dynamic_cast<FontEditor::Widget*>(table->getEditWidget());
-  ASSERT_NE(button, nullptr);
-  HeadlessInput::key(kKeyReturn);
-  pump();
+  FontEditor::Widget* button = nullptr;
+  ASSERT_NO_FATAL_FAILURE(openChooserByKeys(1, button));
   FontChooserPanel* panel = button->getDropDownPanel();
-  ASSERT_NE(panel, nullptr);
   IdStamp const stamp = EventHandler::stampOf(panel);
   typeFilter(*panel, "liberation");
   pump();

@@ -255,38 +255,29 @@ TEST_F(FileBrowserTest, TabLeavesTheFileListForTheChooseButtonInOneStep) {
   EXPECT_EQ(get_kbd_focus(), &chooser->getChooseButton());
 }
 
-TEST_F(FileBrowserTest, EscapeClosesAChooserWithoutAChoice) {
-  bool chose = false;
-  FileChooserWindow::InitArgs args;
-  args.browser.folder = tree.wide();
-  args.chosen = [&chose](LightweightString<wchar_t> const&) { chose = true; };
-  FileChooserWindow* chooser = FileChooserWindow::open(args, nullptr);
-  browser = &chooser->getBrowser();
-  pump();
-  HeadlessInput::click(pointOnRow(2));
-  key(kKeyEscape);
-  pump();
-  EXPECT_FALSE(is_good_glob_ptr(chooser));
-  EXPECT_FALSE(chose);
-}
-
-TEST_F(FileBrowserTest, CancelClosesAChooserWithoutAChoiceAndStandsLeftOfChoose) {
-  bool chose = false;
-  FileChooserWindow::InitArgs args;
-  args.browser.folder = tree.wide();
-  args.chosen = [&chose](LightweightString<wchar_t> const&) { chose = true; };
-  FileChooserWindow* chooser = FileChooserWindow::open(args, nullptr);
-  browser = &chooser->getBrowser();
-  pump();
-  Button& cancel = chooser->getCancelButton();
-  Button& choose = chooser->getChooseButton();
-  EXPECT_EQ(cancel.screenPosition().y, choose.screenPosition().y);
-  EXPECT_LT(cancel.screenPosition().x + cancel.width(), choose.screenPosition().x);
-  HeadlessInput::click(pointOnRow(2));
-  HeadlessInput::clickOn(cancel);
-  pump();
-  EXPECT_FALSE(is_good_glob_ptr(chooser));
-  EXPECT_FALSE(chose);
+TEST_F(FileBrowserTest, EscapeOrCancelClosesAChooserWithoutAChoice) {
+  for (bool const byEscape : {true, false}) {
+    bool chose = false;
+    FileChooserWindow::InitArgs args;
+    args.browser.folder = tree.wide();
+    args.chosen = [&chose](LightweightString<wchar_t> const&) { chose = true; };
+    FileChooserWindow* chooser = FileChooserWindow::open(args, nullptr);
+    browser = &chooser->getBrowser();
+    pump();
+    HeadlessInput::click(pointOnRow(2));
+    if (byEscape) {
+      key(kKeyEscape);
+    } else {
+      Button& cancel = chooser->getCancelButton();
+      Button& choose = chooser->getChooseButton();
+      EXPECT_EQ(cancel.screenPosition().y, choose.screenPosition().y);
+      EXPECT_LT(cancel.screenPosition().x + cancel.width(), choose.screenPosition().x) << "Cancel left of Choose";
+      HeadlessInput::clickOn(cancel);
+    }
+    pump();
+    EXPECT_FALSE(is_good_glob_ptr(chooser)) << (byEscape ? "Escape" : "Cancel");
+    EXPECT_FALSE(chose) << (byEscape ? "Escape" : "Cancel");
+  }
 }
 
 TEST_F(FileBrowserTest, AnUnreadableFolderShowsWhyAndTheBrowserStaysUsable) {

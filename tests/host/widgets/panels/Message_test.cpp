@@ -30,6 +30,18 @@ int linesShown(Message const& message) {
 
 using MessageTest = HeadlessScreenTest;
 
+// A window titled "Render log" whose Save button is there to hold the keys.
+PushButton* openRenderLogWithTheKeys() {
+  StandardPanel::InitArgs args(XY<int>(240, 120));
+  args.title = UIString(L"Render log");
+  args.screenPosition = XY<int>(40, 40);
+  auto* window = new MessageLog(args);
+  auto* button =
+      window->createWidget<PushButton>(PushButton::InitArgs(L"Save", XY<int>(80, 24)), Glob::UserTopLeft(0, 0));
+  GlobManager::realize(window);
+  return button;
+}
+
 TEST_F(MessageTest, AnalyseWrapsAtTheWidthAndKeepsLineBreaks) {
   Message::Analysis const one = Message::analyse(UIString(L"Short"), 400);
   EXPECT_EQ(one.lineCount, 1);
@@ -48,13 +60,7 @@ TEST_F(MessageTest, AnalyseWrapsAtTheWidthAndKeepsLineBreaks) {
 }
 
 TEST_F(MessageTest, AnUntitledMessageIsNamedOnTheDesktopAfterTheWindowThatHadTheKeyboard) {
-  StandardPanel::InitArgs args(XY<int>(240, 120));
-  args.title = UIString(L"Render log");
-  args.screenPosition = XY<int>(40, 40);
-  auto* window = new MessageLog(args);
-  auto* button =
-      window->createWidget<PushButton>(PushButton::InitArgs(L"Save", XY<int>(80, 24)), Glob::UserTopLeft(0, 0));
-  GlobManager::realize(window);
+  PushButton* button = openRenderLogWithTheKeys();
   ASSERT_TRUE(set_kbd_focus(button));
   Warn* untitled = makeMessage(UIString(L"Could not save the log."));
   ASSERT_NE(untitled->canvas(), nullptr);
@@ -64,13 +70,7 @@ TEST_F(MessageTest, AnUntitledMessageIsNamedOnTheDesktopAfterTheWindowThatHadThe
 }
 
 TEST_F(MessageTest, AnUntitledMessagesTitleBarShowsTheNameItCarriesOnTheDesktop) {
-  StandardPanel::InitArgs args(XY<int>(240, 120));
-  args.title = UIString(L"Render log");
-  args.screenPosition = XY<int>(40, 40);
-  auto* window = new MessageLog(args);
-  auto* button =
-      window->createWidget<PushButton>(PushButton::InitArgs(L"Save", XY<int>(80, 24)), Glob::UserTopLeft(0, 0));
-  GlobManager::realize(window);
+  PushButton* button = openRenderLogWithTheKeys();
   ASSERT_TRUE(set_kbd_focus(button));
   Warn* untitled = makeMessage(UIString(L"The folder does not exist."));
   ASSERT_TRUE(set_kbd_focus(button));

@@ -33,6 +33,22 @@ struct VerticalScrollingBaseTest : HeadlessScreenTest {
     panel->resetView();
   }
 
+  // The rows replaced by twelve buttons, "Page 0" to "Page 11", the one of
+  // each index in `hidden` hidden.
+  std::vector<PushButton*> pageButtons(std::vector<int> const& hidden) {
+    panel->unmanageAllWidgets(true);
+    std::vector<PushButton*> buttons;
+    for (int i = 0; i < 12; ++i)
+      buttons.push_back(panel->createManagedWidget<PushButton>(
+          PushButton::InitArgs(LightweightString<wchar_t>((L"Page " + std::to_wstring(i)).c_str()),
+                               XY<int>(panel->getView()->width(), row))));
+    for (int index : hidden)
+      buttons[static_cast<std::size_t>(index)]->setVisible(false);
+    panel->recalcWidgetsHeight();
+    panel->resetView();
+    return buttons;
+  }
+
   // A row's top, measured down from the top of the view.
   int topInView(Glob const* widget) const { return panel->getView()->height() - (widget->getY() + widget->height()); }
   bool fullyShown(Glob const* widget) const {
@@ -123,14 +139,7 @@ TEST_F(VerticalScrollingBaseTest, RowsAsWideAsTheViewFollowItsWidthAndNarrowerOn
 }
 
 TEST_F(VerticalScrollingBaseTest, UpAndDownTakeTheKeyboardFromRowToRowInSight) {
-  panel->unmanageAllWidgets(true);
-  std::vector<PushButton*> buttons;
-  for (int i = 0; i < 12; ++i)
-    buttons.push_back(panel->createManagedWidget<PushButton>(PushButton::InitArgs(
-        LightweightString<wchar_t>((L"Page " + std::to_wstring(i)).c_str()), XY<int>(panel->getView()->width(), row))));
-  buttons[2]->setVisible(false);
-  panel->recalcWidgetsHeight();
-  panel->resetView();
+  std::vector<PushButton*> const buttons = pageButtons({2});
   HeadlessInput::clickOn(*buttons[0]);
   ASSERT_TRUE(buttons[0]->hasKbdFocus());
   HeadlessInput::key(kKeyUp);
@@ -150,15 +159,7 @@ TEST_F(VerticalScrollingBaseTest, UpAndDownTakeTheKeyboardFromRowToRowInSight) {
 }
 
 TEST_F(VerticalScrollingBaseTest, HomeAndEndTakeTheKeyboardToTheFirstAndLastRowsThatTakeIt) {
-  panel->unmanageAllWidgets(true);
-  std::vector<PushButton*> buttons;
-  for (int i = 0; i < 12; ++i)
-    buttons.push_back(panel->createManagedWidget<PushButton>(PushButton::InitArgs(
-        LightweightString<wchar_t>((L"Page " + std::to_wstring(i)).c_str()), XY<int>(panel->getView()->width(), row))));
-  buttons[0]->setVisible(false);
-  buttons[11]->setVisible(false);
-  panel->recalcWidgetsHeight();
-  panel->resetView();
+  std::vector<PushButton*> const buttons = pageButtons({0, 11});
   HeadlessInput::clickOn(*buttons[3]);
   ASSERT_TRUE(buttons[3]->hasKbdFocus());
   HeadlessInput::key(kKeyEnd);
