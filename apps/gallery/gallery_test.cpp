@@ -408,10 +408,7 @@ TEST_F(GalleryTest, PatchesTheBandPicksShowThatTheyArePicked) {
 }
 
 TEST_F(GalleryTest, TheFirstTabIntoTheTabsPageReachesTheTabRowNotTheButtonBelow) {
-  std::vector<GalleryPage> const pages = allPages();
-  PageWindows const windows = openPage(*findPage(pages, "tabs"), context);
-  std::vector<TabbedDialogue*> tabs;
-  collect(*windows.main, tabs);
+  std::vector<TabbedDialogue*> const tabs = widgetsOfPage<TabbedDialogue>("tabs");
   ASSERT_EQ(tabs.size(), 1u);
   settleWindows();
   set_kbd_focus(nullptr);
