@@ -233,9 +233,9 @@ void deliverKeyEvent(Event const& event) {
         break;
     return;
   }
-  // F6, when no widget wanted it, takes the keys into the front tip that works with
-  // them (a hint's OK and link), as a press in it does, and back out to the
-  // window the user works in: a hint can be answered by keys alone.
+  // F6, when no widget wanted it, takes the keys into the front tip that
+  // works with them (a hint's OK and link), as a press in it does, and back
+  // out to the window the user works in: a hint is answered by keys alone.
   if (bare == kKeyF1 + 5) {
     Glob* const focus = get_kbd_focus();
     if (focus && focus->getRootParent()->windowKind() == Glob::eWindowKind::kTip) {

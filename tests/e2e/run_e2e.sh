@@ -1186,6 +1186,14 @@ hints)
   click_reading PushButton 'Try the hint'
   showing || fail "a dismissed hint was taken as acknowledged"
   expect "it comes back" "$(status)" 'Not acknowledged yet, so it shows'
+  # By keys alone: F6 takes them into the hint, where Return acknowledges it.
+  xdotool key F6
+  sleep 0.3
+  xdotool key Return
+  sleep 0.4
+  ! showing || fail "F6 then Return left the hint on show"
+  click_reading PushButton 'Try the hint'
+  expect "acknowledged by keys" "$(status)" 'Acknowledged already: reset to see it again'
   ;;
 startup)
   # The start-up page: a drag across the banner opens nothing; a click on it

@@ -5,12 +5,12 @@
 
 #include <functional>
 
-// A window holding a FileBrowser and, below it, "Cancel" and a "Choose" button that chooses: the
-// current file, or with `chooseFolder` the folder entry the user picked in
-// the list (else the folder shown, whatever row the browser made current on
-// showing it). A double click on a file chooses it too. The window closes
-// after choosing; "Cancel", Escape and its close button close it without a
-// choice.
+// A window holding a FileBrowser and, below it, "Cancel" and a "Choose"
+// button that chooses: the current file, or with `chooseFolder` the folder
+// entry the user picked in the list (else the folder shown, whatever row the
+// browser made current on showing it). A double click on a file chooses it
+// too. The window closes after choosing; "Cancel", Escape and its close
+// button close it without a choice.
 class ZO_API FileChooserWindow : public StandardPanel {
 public:
   using Chosen = std::function<void(LightweightString<wchar_t> const& path)>;
