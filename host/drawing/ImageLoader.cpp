@@ -19,6 +19,14 @@ Format sniffFormat(std::string_view head) noexcept {
     return Format::kPng;
   if (head.size() >= 12 && head.substr(0, 4) == "RIFF" && head.substr(8, 4) == "WEBP")
     return Format::kWebp;
+  std::string_view text = head;
+  if (text.substr(0, 3) == "\xEF\xBB\xBF")
+    text.remove_prefix(3);
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t' || text.front() == '\r' || text.front() == '\n'))
+    text.remove_prefix(1);
+  for (std::string_view const start : {"<svg", "<?xml", "<!DOCTYPE svg", "<!--"})
+    if (text.substr(0, start.size()) == start)
+      return Format::kSvg;
   return Format::kUnknown;
 }
 
@@ -46,10 +54,12 @@ Zo::Image::Surface decodeFormat(detail::Format format, std::string_view bytes, X
     return detail::decodePng(bytes, fitWithin, fullSize, error);
   case detail::Format::kWebp:
     return detail::decodeWebp(bytes, error);
+  case detail::Format::kSvg:
+    return detail::decodeSvg(bytes, fitWithin, fullSize, error);
   case detail::Format::kUnknown:
     break;
   }
-  error = bytes.empty() ? "the file is empty" : "not a JPEG, PNG or WebP picture";
+  error = bytes.empty() ? "the file is empty" : "not a JPEG, PNG, WebP or SVG picture";
   return {};
 }
 
@@ -103,7 +113,7 @@ Zo::Image::Surface Loader::loadImage(LightweightString<wchar_t> const& path, XY<
 
 bool Loader::canLoadImage(std::string const& path) {
   std::ifstream file(path, std::ios::binary);
-  char head[12] = {};
+  char head[64] = {};
   file.read(head, sizeof head);
   return detail::sniffFormat(std::string_view(head, std::size_t(file.gcount()))) != detail::Format::kUnknown;
 }
@@ -111,7 +121,7 @@ bool Loader::canLoadImage(std::string const& path) {
 bool Loader::canLoadImage(LightweightString<wchar_t> const& path) { return canLoadImage(narrow(path)); }
 
 std::vector<LightweightString<wchar_t>> Loader::getSupportedImageExtensions() {
-  return {L"jpg", L"jpeg", L"png", L"webp"};
+  return {L"jpg", L"jpeg", L"png", L"webp", L"svg"};
 }
 
 } // namespace ZoImage

@@ -11,9 +11,11 @@
 // picture; none allocates pixels before the header's size has been checked.
 namespace ZoImage::detail {
 
-enum class Format { kUnknown, kJpeg, kPng, kWebp };
+enum class Format { kUnknown, kJpeg, kPng, kWebp, kSvg };
 
-// Told from the first bytes alone.
+// Told from the first bytes alone; an SVG drawing (or any XML, which its
+// decoder then refuses) from its first tag after a byte order mark and white
+// space.
 Format sniffFormat(std::string_view head) noexcept;
 
 // True when a picture of this size may be decoded.
@@ -26,6 +28,10 @@ bool acceptableSize(long long width, long long height) noexcept;
 Zo::Image::Surface decodeJpeg(std::string_view bytes, XY<int> fitWithin, XY<int>& fullSize, std::string& error);
 Zo::Image::Surface decodePng(std::string_view bytes, XY<int> fitWithin, XY<int>& fullSize, std::string& error);
 Zo::Image::Surface decodeWebp(std::string_view bytes, std::string& error);
+// Drawn at the size that fits `fitWithin` (never larger than the drawing's
+// own), or whole at no more than 4096 pixels a side; `fullSize` gets the
+// drawing's own size. A drawing that states no size is refused.
+Zo::Image::Surface decodeSvg(std::string_view bytes, XY<int> fitWithin, XY<int>& fullSize, std::string& error);
 
 // The EXIF orientation (1 to 8) recorded in the payload of a JPEG APP1
 // marker, or 1 when there is none or it cannot be read.

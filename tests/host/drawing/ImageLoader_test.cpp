@@ -277,9 +277,54 @@ TEST(ImageLoader, JpegExifOrientationTurnsThePicture) {
   EXPECT_EQ(thumb.height(), 60);
 }
 
-TEST(ImageLoader, SupportedExtensionsNameTheThreeFormats) {
+TEST(ImageLoader, AnSvgDrawingIsDrawnAtTheSizeAskedForAndKeepsItsColours) {
+  std::string const path = folder() + "/halves.svg";
+  writeBytes(path, "\xEF\xBB\xBF\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"40\" height=\"20\">"
+                   "<rect x=\"0\" y=\"0\" width=\"20\" height=\"20\" fill=\"#ff0000\"/>"
+                   "<rect x=\"20\" y=\"0\" width=\"20\" height=\"20\" fill=\"#0000ff\"/></svg>");
+  EXPECT_TRUE(Loader::canLoadImage(path));
+  Surface const whole = Loader::loadImage(path);
+  ASSERT_EQ(whole.width(), 40);
+  ASSERT_EQ(whole.height(), 20);
+  EXPECT_EQ(whole.pixel(10, 10), 0xFFFF0000u);
+  EXPECT_EQ(whole.pixel(30, 10), 0xFF0000FFu);
+  Surface const small = Loader::loadImage(path, XY<int>(20, 20));
+  ASSERT_EQ(small.width(), 20);
+  ASSERT_EQ(small.height(), 10);
+  EXPECT_EQ(small.pixel(4, 5), 0xFFFF0000u) << "drawn at the size, not shrunk from a larger drawing";
+  EXPECT_EQ(small.pixel(15, 5), 0xFF0000FFu);
+  EXPECT_EQ(Loader::loadImage(path, XY<int>(400, 400)).width(), 40) << "never drawn larger than its own size";
+}
+
+TEST(ImageLoader, AWallpaperDrawingLoadsFittedAndHugeOrSizelessDrawingsAreHandled) {
+  std::string const blobs = wallpaper("blobs-d.svg");
+  Surface const thumb = Loader::loadImage(blobs, XY<int>(320, 240));
+  ASSERT_FALSE(thumb.empty());
+  EXPECT_TRUE(thumb.width() == 320 || thumb.height() == 240) << thumb.width() << " by " << thumb.height();
+
+  std::string const huge = folder() + "/huge.svg";
+  writeBytes(huge, "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100000\" height=\"50000\">"
+                   "<rect width=\"100000\" height=\"50000\" fill=\"#00ff00\"/></svg>");
+  Surface const drawn = Loader::loadImage(huge);
+  EXPECT_EQ(drawn.width(), 4096) << "a drawing asked for whole is drawn at most 4096 pixels a side";
+  EXPECT_EQ(drawn.height(), 2048);
+
+  std::string const sizeless = folder() + "/sizeless.svg";
+  writeBytes(sizeless, "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 10 10\" width=\"50%\"/>");
+  std::string const broken = folder() + "/broken.svg";
+  writeBytes(broken, "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"10\" height=\"10\"><rect");
+  LogCapture log;
+  EXPECT_TRUE(Loader::loadImage(sizeless).empty());
+  EXPECT_TRUE(Loader::loadImage(broken).empty());
+  auto const lines = log.lines();
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_NE(lines[0].find("states no size"), std::string::npos) << lines[0];
+  EXPECT_NE(lines[1].find("not a readable SVG drawing"), std::string::npos) << lines[1];
+}
+
+TEST(ImageLoader, SupportedExtensionsNameTheFourFormats) {
   auto const extensions = Loader::getSupportedImageExtensions();
-  for (wchar_t const* extension : {L"jpg", L"jpeg", L"png", L"webp"})
+  for (wchar_t const* extension : {L"jpg", L"jpeg", L"png", L"webp", L"svg"})
     EXPECT_NE(std::find(extensions.begin(), extensions.end(), LightweightString<wchar_t>(extension)), extensions.end());
 }
 
