@@ -1,9 +1,7 @@
 #include <zowidgets/host/drawing/SvgIcon.h>
 
 #include <zowidgets/host/drawing/detail/IconTint.h>
-
-#include <cairo.h>
-#include <librsvg/rsvg.h>
+#include <zowidgets/host/drawing/detail/SvgDrawing.h>
 
 #include <fstream>
 #include <memory>
@@ -13,26 +11,7 @@ namespace SvgIcon {
 
 namespace {
 
-struct HandleRelease {
-  void operator()(RsvgHandle* handle) const noexcept { g_object_unref(handle); }
-};
-struct SurfaceRelease {
-  void operator()(cairo_surface_t* surface) const noexcept { cairo_surface_destroy(surface); }
-};
-struct ContextRelease {
-  void operator()(cairo_t* context) const noexcept { cairo_destroy(context); }
-};
-using Handle = std::unique_ptr<RsvgHandle, HandleRelease>;
-using CairoSurface = std::unique_ptr<cairo_surface_t, SurfaceRelease>;
-using Context = std::unique_ptr<cairo_t, ContextRelease>;
-
-Handle readDocument(std::string_view svg) {
-  GError* error = nullptr;
-  RsvgHandle* handle =
-      rsvg_handle_new_from_data(reinterpret_cast<guint8 const*>(svg.data()), static_cast<gsize>(svg.size()), &error);
-  g_clear_error(&error);
-  return Handle(handle);
-}
+using namespace SvgDrawing;
 
 // The document's coverage: drawn in its own colours, of which only the
 // alpha is kept.

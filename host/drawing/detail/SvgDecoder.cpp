@@ -3,27 +3,16 @@
 // from a small rendering.
 #include <zowidgets/host/drawing/ImageOperations.h>
 #include <zowidgets/host/drawing/detail/ImageDecoders.h>
-
-#include <cairo.h>
-#include <librsvg/rsvg.h>
+#include <zowidgets/host/drawing/detail/SvgDrawing.h>
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 namespace ZoImage::detail {
 
 namespace {
 
-struct HandleRelease {
-  void operator()(RsvgHandle* handle) const noexcept { g_object_unref(handle); }
-};
-struct SurfaceRelease {
-  void operator()(cairo_surface_t* surface) const noexcept { cairo_surface_destroy(surface); }
-};
-struct ContextRelease {
-  void operator()(cairo_t* context) const noexcept { cairo_destroy(context); }
-};
+using namespace SvgDrawing;
 
 // A drawing asked for whole is drawn no larger than this a side: it can be
 // drawn again at any size, so a huge stated size costs no memory.
@@ -32,10 +21,7 @@ constexpr int kLargestWholeSide = 4096;
 } // namespace
 
 Zo::Image::Surface decodeSvg(std::string_view bytes, XY<int> fitWithin, XY<int>& fullSize, std::string& error) {
-  GError* failure = nullptr;
-  std::unique_ptr<RsvgHandle, HandleRelease> const document(rsvg_handle_new_from_data(
-      reinterpret_cast<guint8 const*>(bytes.data()), static_cast<gsize>(bytes.size()), &failure));
-  g_clear_error(&failure);
+  Handle const document = readDocument(bytes);
   if (!document) {
     error = "not a readable SVG drawing";
     return {};
@@ -61,10 +47,11 @@ Zo::Image::Surface decodeSvg(std::string_view bytes, XY<int> fitWithin, XY<int>&
     error = "no memory for the pixels";
     return {};
   }
-  std::unique_ptr<cairo_surface_t, SurfaceRelease> const target(
+  CairoSurface const target(
       cairo_image_surface_create_for_data(surface.data(), CAIRO_FORMAT_ARGB32, size.x, size.y, surface.stride()));
-  std::unique_ptr<cairo_t, ContextRelease> const context(cairo_create(target.get()));
+  Context const context(cairo_create(target.get()));
   RsvgRectangle const viewport{0.0, 0.0, double(size.x), double(size.y)};
+  GError* failure = nullptr;
   bool const drawn = rsvg_handle_render_document(document.get(), context.get(), &viewport, &failure);
   g_clear_error(&failure);
   cairo_surface_flush(target.get());
