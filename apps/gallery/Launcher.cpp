@@ -4,7 +4,7 @@
 #include "PageWindows.h"
 
 #include <zowidgets/host/display/DisplayScreen.h>
-#include <zowidgets/host/events/Clock.h>
+#include <zowidgets/host/events/TypeAhead.h>
 #include <zowidgets/host/shell/ScreenBackend.h>
 #include <zowidgets/host/toolkit/GlobManager.h>
 #include <zowidgets/host/toolkit/TabOrderManager.h>
@@ -14,10 +14,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cwctype>
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace {
 
@@ -53,28 +51,17 @@ public:
     bool const plain = (key & (kKeyCtrl | kKeyAlt | kKeyCmd)) == 0;
     if (!plain || bare <= ' ' || bare >= kKeySpecial)
       return VerticalScrollingBase::handleKeyboardEvent(key);
-    double const now = msecsNow();
-    if (now - lastTypedAt_ > kPauseMs)
-      typed_.clear();
-    lastTypedAt_ = now;
-    typed_ += static_cast<wchar_t>(std::towlower(static_cast<wint_t>(bare)));
-    for (Glob* row : getManagedWidgets()) {
-      auto* button = dynamic_cast<PushButton*>(row);
-      std::wstring_view const title = button ? button->getLabel().view() : std::wstring_view();
-      if (title.size() >= typed_.size() &&
-          std::equal(typed_.begin(), typed_.end(), title.begin(),
-                     [](wchar_t a, wchar_t b) { return a == static_cast<wchar_t>(std::towlower(b)); })) {
+    typed_.add(std::wstring(1, static_cast<wchar_t>(bare)));
+    for (Glob* row : getManagedWidgets())
+      if (auto* button = dynamic_cast<PushButton*>(row); button && typed_.matches(button->getLabel().view())) {
         TabOrderManager::enterWindow(*button, true);
         break;
       }
-    }
     return 1;
   }
 
 private:
-  static constexpr double kPauseMs = 1000.0;
-  std::wstring typed_;
-  double lastTypedAt_ = -1e9;
+  TypeAhead typed_;
 };
 
 } // namespace

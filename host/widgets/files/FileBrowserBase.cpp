@@ -2,9 +2,9 @@
 
 #include <zowidgets/host/base/ByteSizes.h>
 #include <zowidgets/host/base/ResourceStrings.h>
-#include <zowidgets/host/events/Clock.h>
 #include <zowidgets/host/events/EventHandler.h>
 #include <zowidgets/host/events/MessageQueue.h>
+#include <zowidgets/host/events/TypeAhead.h>
 #include <zowidgets/host/shell/FolderWatcher.h>
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/buttons/Button.h>
@@ -27,7 +27,6 @@ namespace {
 
 constexpr ResId kNameTitleId = 10493;
 // Typing pauses longer than this start a new name.
-constexpr double kTypeAheadPauseMs = 1000.0;
 constexpr std::size_t kLaterSlice = 4096;
 
 std::string utf8(LightweightString<wchar_t> const& text) { return text.toUTF8().str(); }
@@ -491,18 +490,9 @@ LightweightString<wchar_t> FileBrowserBase::getPathOf(int row) const {
 LightweightString<wchar_t> FileBrowserBase::getCurrentPath() const { return getPathOf(getCurrentRow()); }
 
 void FileBrowserBase::typeAhead(LightweightString<wchar_t> const& typed) {
-  double const now = msecsNow();
-  if (now - lastTypedAt_ > kTypeAheadPauseMs)
-    typed_.clear();
-  lastTypedAt_ = now;
-  typed_ += typed;
-  std::wstring_view const prefix = typed_.view();
+  typed_.add(typed.view());
   for (std::size_t row = 0; row < shown_.size(); ++row) {
-    LightweightString<wchar_t> const name = wide(shown_[row].name);
-    std::wstring_view const view = name.view();
-    if (view.size() >= prefix.size() &&
-        std::equal(prefix.begin(), prefix.end(), view.begin(),
-                   [](wchar_t a, wchar_t b) { return std::towlower(a) == std::towlower(b); })) {
+    if (typed_.matches(wide(shown_[row].name).view())) {
       table_->setCurPos(XY<int>(0, static_cast<int>(row)), TableWidget::kShowCell);
       return;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <zowidgets/host/events/TypeAhead.h>
 #include <zowidgets/host/shell/FolderEntries.h>
 #include <zowidgets/host/widgets/lists/TableColumnDescription.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
@@ -157,8 +158,7 @@ private:
   std::unique_ptr<FolderReader> reader_;
   std::unique_ptr<FolderWatcher> watcher_;
   LightweightString<wchar_t> error_;
-  LightweightString<wchar_t> typed_;
-  double lastTypedAt_ = -1e9;
+  TypeAhead typed_;
   bool currentPicked_ = false;
   // The current row is the first only because it came first.
   bool currentAutomatic_ = true;
