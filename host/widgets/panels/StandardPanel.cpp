@@ -6,6 +6,8 @@
 #include <zowidgets/host/toolkit/UifStd.h>
 #include <zowidgets/host/widgets/panels/StandardPanel.h>
 
+#include <algorithm>
+
 namespace {
 
 // The standard widgets of the title bar, right to left.
@@ -313,8 +315,16 @@ void StandardPanel::draw(CanvasRenderer& renderer) {
   // The name the window carries on the desktop, which an untitled message
   // takes from the window it speaks for.
   if (LightweightString<wchar_t> const title = windowTitle(); !bar.empty() && !title.empty()) {
-    Zo::Box<double> textBox(bar.x0 + UifStd::getWidgetGap(), bar.y0, bar.x1, bar.y1);
-    renderer.renderPrimitive(Glib::TextDescription(title, textBox, titleFont_, palette.headingText()));
+    // Up to the buttons on the bar, a title too long for the room ending in
+    // an ellipsis rather than running under them.
+    int right = bar.x1;
+    for (eStandardWidget button : kTitleButtons)
+      if (Zo::Box<int> const box = getStandardWidgetBox(button); !box.empty())
+        right = std::min(right, box.x0 - UifStd::getWidgetGap());
+    Glib::TextDescription text(title, Zo::Box<double>(bar.x0 + UifStd::getWidgetGap(), bar.y0, right, bar.y1),
+                               titleFont_, palette.headingText());
+    text.ellipsis = true;
+    renderer.renderPrimitive(text);
   }
   Colour glyph = palette.text();
   if (Zo::Box<int> poot = getStandardWidgetBox(kPoot); !poot.empty()) {

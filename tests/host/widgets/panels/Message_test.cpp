@@ -95,6 +95,25 @@ TEST_F(MessageTest, AnUntitledMessagesTitleBarShowsTheNameItCarriesOnTheDesktop)
   EXPECT_EQ(differing, 0) << "the untitled one's bar reads \"Render log\" too, not blank";
 }
 
+TEST_F(MessageTest, ATitleLongerThanItsBarEndsInAnEllipsisBeforeTheCloseBox) {
+  Warn* message =
+      makeMessage(UIString(L"Saved."), UIString(L"Dialogues and output checks of a page with a very long name indeed"));
+  pump();
+  Zo::Image::Surface const shot = HeadlessScreen::windowShot(*message);
+  Zo::Box<int> const bar = message->getTitleArea();
+  Zo::Box<int> const close = message->getStandardWidgetBox(StandardPanel::kPoot);
+  ASSERT_FALSE(close.empty());
+  // The gap left of the close box, down the bar, holds nothing but the
+  // bar's colour (the picture's rows run down, the panel's up).
+  int const gapLeft = close.x0 - UifStd::getWidgetGap();
+  std::uint32_t const barColour = shot.pixel(gapLeft, shot.height() - (bar.y0 + bar.y1) / 2);
+  int inked = 0;
+  for (int y = bar.y0; y < bar.y1; ++y)
+    for (int x = gapLeft; x < close.x0; ++x)
+      inked += shot.pixel(x, shot.height() - 1 - y) != barColour ? 1 : 0;
+  EXPECT_EQ(inked, 0) << "the title stops short of the close box";
+}
+
 TEST_F(MessageTest, AMessageIsSizedToItsTextAndShowsAllOfIt) {
   Warn* small = makeMessage(UIString(L"Saved."), UIString(L"Export"));
   std::wstring longer;
