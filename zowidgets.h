@@ -169,6 +169,7 @@
 #include <zowidgets/host/events/KeyName.h>
 #include <zowidgets/host/events/MessageQueue.h>
 #include <zowidgets/host/events/Timer.h>
+#include <zowidgets/host/events/TypeAhead.h>
 #include <zowidgets/host/headless/HeadlessInput.h>
 #include <zowidgets/host/headless/HeadlessScreen.h>
 #include <zowidgets/host/shell/BuiltInMediaTable.h>
