@@ -62,8 +62,11 @@ export ZOWIDGETS_CONFIG_DIR="$work/config"
 
 Xvfb -displayfd 5 -screen 0 1280x800x24 "${density[@]}" -nolisten tcp -br 5>"$work/display" 2>"$work/xvfb.log" &
 pids+=($!)
+# The number is whole once its line ends: a display of two digits read half
+# written would name another server.
+display_written() { [ -s "$work/display" ] && [ "$(tail -c1 "$work/display" | od -An -tx1 | tr -d ' ')" = 0a ]; }
 for _ in $(seq 100); do
-  [ -s "$work/display" ] && break
+  display_written && break
   sleep 0.1
 done
 [ -s "$work/display" ] || fail "Xvfb did not start: $(cat "$work/xvfb.log")"
@@ -71,12 +74,15 @@ DISPLAY=":$(head -n1 "$work/display")"
 export DISPLAY
 # A window manager, as on a desktop: it places, focuses and decorates the
 # windows it manages, and leaves popups alone. Returns once it runs.
+# Tried again when it gives up at once (a busy machine).
 start_window_manager() {
-  openbox --sm-disable >"$work/wm.log" 2>&1 &
-  pids+=($!)
-  for _ in $(seq 50); do
-    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
-    sleep 0.1
+  for _ in 1 2 3; do
+    openbox --sm-disable >>"$work/wm.log" 2>&1 &
+    pids+=($!)
+    for _ in $(seq 50); do
+      xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && return 0
+      sleep 0.1
+    done
   done
 }
 if [[ $case_name == *_wm ]]; then
